@@ -1,0 +1,28 @@
+// The rule check: the block structure of every rule of every system of a project.
+#pragma once
+
+#include "project/project_file.h"
+#include "shell/window_handle.h"
+
+#include <string>
+#include <string_view>
+
+// Where the check shows what it does and what it found.
+class CheckView {
+public:
+    virtual ~CheckView() = default;
+    virtual void SystemFile(const char* path) = 0;
+    virtual void RulesFile(const char* path) = 0;
+    virtual void RuleName(const std::string& name) = 0;
+    virtual void Progress(char c, bool last_of_rule) = 0; // called at a pace of the checker's choice
+    virtual void Finding(const std::string& line) = 0;    // one line of the findings list
+    virtual std::string ResultsFile() = 0; // asked before the first opposite of each run
+};
+
+// What the check carries from one rule to the next for the life of the program: an unclosed comment
+// or string silences the rules after it.
+enum class Lexical { Code, LineComment, BlockComment, String };
+
+// Checks the systems of a project in order. Returns false, after "Open System Error" in a box owned
+// by `owner`, when a system file cannot be read.
+bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view, WindowHandle owner);

@@ -1,0 +1,16 @@
+// The compiler tools: their settings, the dialog "Tool_Box", and starting the built program.
+#pragma once
+
+#include "shell/record_text.h"
+
+#include <windows.h>
+
+extern char Path[kNameSize];   // the MORV Path: templates and MorvApi.h
+extern char Com[kNameSize];    // the compiler command; empty: generate only
+extern char P_Com[kNameSize];  // the compiler's include path
+extern char Tool_P[kNameSize]; // the compiler's path
+
+void LoadTools(); // at start-up: the four settings from the tools file of the work folder
+void CompileTools(HWND hwnd);
+void ExecMORV(HWND hwnd);
+INT_PTR CALLBACK ToolDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,0 +1,85 @@
+// The project document: the one open project, shown as a list in its MDI child. The rows of that
+// list are the only link between what is shown and what is stored; results are kept nowhere else.
+#pragma once
+
+#include "project/project_file.h"
+#include "shell/window_handle.h"
+
+class ZKPROJECT {
+public:
+    WindowHandle hwndPro;  // the project child
+    WindowHandle hwndList; // the list box in it
+    std::int32_t PMain;    // row of the main file, -1 when absent; its header is one above
+    std::int32_t PRes;     // row of the first result, -1 when absent
+    std::int32_t PEng;     // row of the first system, -1 when absent
+    std::int32_t PExt;     // row of the first extern file, -1 when absent
+    std::int32_t Pdde;     // row of the DDE file, -1 when absent
+    std::int32_t MORState; // 1 while a project is open
+    std::int32_t MainState;
+    std::int32_t DDEState;
+    std::int32_t MORVmod; // 1 when changed since it was last saved
+    char MORVName[kNameSize];
+    char MainName[kNameSize]; // stays after the entry is removed; MainState says what holds
+    char DDEName[kNameSize];  // likewise
+    char ResAux[kNameSize];   // the saved auxiliary results file
+    char OldResAux[kNameSize]; // the one in force before the current results edit
+    char EngineNames[kMaxSystems + 1][kNameSize];
+    char ExternFiles[kMaxExterns + 1][kNameSize];
+    char ResName[kNameSize]; // the working auxiliary results file, empty when there is none
+    std::int32_t EngNum;
+    std::int32_t ExtNum;
+    std::int32_t ResNum;
+    std::int32_t DatHisLen;
+
+    ZKPROJECT();
+    int Init();
+    int NamePro(const char* name);
+    int CreatePro();
+    int ShowPro();
+    int IsUntitled() const;
+    int DestroyPro();
+    int DestroyMdi();
+
+    // Add an entry and its rows. NameSys, NameExt and NameDde put a TAB in front of the caller's
+    // own text, whose buffer must have room for one more character.
+    int NameMain(const char* name);
+    int NameSys(char* name);
+    int NameExt(char* name);
+    int NameDde(char* name);
+    int NameRes(const char* name, int a); // `a` not 0 adds, 0 removes
+
+    int GetResName(const char* WPath); // sets up the working auxiliary file below `WPath`
+
+    int EditItem(char* nom); // the selected row (256 bytes) and its section 1..5, 0 for none
+    int GetIndex();          // the selected row, -1 when there is none
+    int IsMain(int index) const; // 1 for the section's rows
+    int IsDde(int index) const;
+    int IsSys(int index) const; // 1 for the section's header, 2 for an item
+    int IsExt(int index) const;
+    int IsRes(int index) const;
+
+    // Remove an entry; -1 removes the whole section.
+    int DeleteMain();
+    int DeleteDde();
+    int DeleteSys(int index);
+    int DeleteExt(int index);
+    int DeleteRes(int index);
+
+    int SavePro();                // 0, or -1 when the file could not be written (shown)
+    int OpenPro(const char* nom); // shows "Open Error" when it cannot be read or is damaged
+    int IsDup(const char* name);  // the row that shows `name`, -1 when absent
+    int ChName(const char* name); // renames the project and its rows
+    int IsProWin(WindowHandle hwnd) const;
+    WindowHandle GetHwnd() const;
+    int ReDraw();
+    int AddTab(char* nom) const; // in place
+    int ResTab(char* nom) const; // in place
+    int GetPos(int Nvar);
+    int RePos(int Nvar, int Nlin);
+    int ChangeName(const char* New); // moves the working auxiliary file beside the project file
+
+    ProjectRecord Record() const; // the part of the project the project file and the build use
+
+private:
+    WindowHandle List(); // fetches hwndList again
+};

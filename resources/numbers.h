@@ -1,0 +1,15 @@
+// Numbers as texts, the same on every platform and in every locale.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// The shortest text of at most 5 significant digits, without a trailing '.'.
+std::string NumberText(double value);
+
+// Reads the number a text starts with; a text that is not a number reads as 0.
+double NumberIn(std::string_view text);
+
+// NumberIn, truncated toward zero to 32 bits; out of range takes the nearest limit.
+std::int32_t WholeNumberIn(std::string_view text);

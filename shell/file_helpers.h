@@ -1,0 +1,54 @@
+// Searching texts, writing generated lines and reporting a failed file operation.
+#pragma once
+
+#include "shell/window_handle.h"
+
+#include <string>
+#include <string_view>
+
+// Finds `name` in the first `len` bytes of `text` from index `ini` on; returns where it starts, or
+// -1. One forward pass: after a partial match fails, the scan goes on behind the character that
+// broke it, so "ab" is not found in "aab".
+int FindStr(const char* name, const char* text, int len, int ini);
+
+// The same in a whole text of any length.
+std::ptrdiff_t FindStr(std::string_view name, std::string_view text, std::ptrdiff_t ini = 0);
+
+// A generated file being written: text collects in memory and goes to the file in large pieces.
+class OutputFile {
+public:
+    OutputFile() = default;
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile() { Close(); }
+
+    // Creates or truncates `path`. Returns false when that fails (files::LastError() says why).
+    bool Create(const char* path);
+
+    // Adds bytes as they are.
+    void Add(std::string_view bytes);
+
+    // Writes what is left and closes. Returns false when anything could not be written.
+    bool Close();
+
+private:
+    void Flush();
+
+    int han_ = -1;
+    bool ok_ = true;
+    std::string buffer_;
+};
+
+// Writes the line end CR LF.
+void Return(OutputFile& han);
+
+// Writes `Text` when it is at most 256 characters long; a longer text is left out without a word.
+// With `ret` 1 a line end follows in either case.
+void WriteFile(OutputFile& han, std::string_view Text, int ret);
+
+// Shows why the last file operation failed: caption "WARNING", stop icon, no owner. Reasons other
+// than a missing file, too many open files, no permission and a wrong access mode show nothing.
+void GetErr();
+
+// Shows why a file could not be saved: as GetErr, but other reasons get a text too.
+void SaveErr();

@@ -1,0 +1,74 @@
+// Files as low-level descriptors: the one place where the program meets the file system.
+//
+// Paths are the program's own, with backslashes and drive letters. On a POSIX host a drive path
+// is mapped below the folder set with SetDriveRoot (drive C: is its subfolder "c").
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace files {
+
+enum class Mode {
+    Read,           // must exist
+    Update,         // read and write, must exist and be writable
+    UpdateOrCreate, // read and write, created empty when missing
+    Create,         // read and write, created or truncated
+    Append,         // write at the end, created when missing
+};
+
+enum class Origin { Start, Current, End };
+
+// Opens `path` in binary mode. Returns a descriptor, or -1 with the reason in LastError().
+int Open(const char* path, Mode mode);
+
+// Transfer up to `size` bytes; return the number of bytes moved, or -1.
+int Read(int han, void* data, unsigned size);
+int Write(int han, const void* data, unsigned size);
+
+// Moves the file position; returns the new position in bytes from the start, or -1.
+std::int64_t Seek(int han, std::int64_t offset, Origin origin);
+
+// Cuts or extends the file to `size` bytes. Returns false on failure.
+bool ChangeSize(int han, std::int64_t size);
+
+// True when the position is at or past the end of the file (also for a bad descriptor).
+bool Eof(int han);
+
+// Length in bytes, or -1.
+std::int64_t Length(int han);
+
+// Closes the descriptor; -1 is ignored. Returns false when buffered data could not be stored.
+bool Close(int han);
+
+bool Remove(const char* path);
+bool Rename(const char* from, const char* to);     // fails when `to` exists
+bool RenameOver(const char* from, const char* to); // replaces `to`
+bool Exists(const char* path);                     // a file or a folder
+bool MakeFolder(const char* path);
+bool RemoveFolder(const char* path); // fails when not empty
+
+// The runtime's error number (errno) of the last call above that failed. It stays until the next
+// failure, so it can still be reported after other boxes were shown.
+int LastError();
+
+// Reads a whole file in large blocks. Returns false (text emptied) when it cannot be opened or read.
+bool ReadWhole(const char* path, Mode mode, std::string& text);
+
+// Replaces the whole content of `path`: writes a file beside it, then renames that over the old
+// one. Returns false on any failure, and then the old file is as it was. A file that exists but
+// cannot be written is not replaced.
+bool ReplaceWhole(const char* path, std::string_view text);
+
+// For tests: after `bytes` more bytes every Write fails as on a full disk; a negative number
+// switches this off.
+void FailWritesAfter(std::int64_t bytes);
+
+#ifndef _WIN32
+// The local folder that stands for the drives; without one drive paths are not mapped.
+void SetDriveRoot(const std::string& folder);
+std::string LocalPath(const char* path);
+#endif
+
+} // namespace files

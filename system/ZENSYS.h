@@ -1,0 +1,93 @@
+// The system document: the one open expert system, shown as a list in its MDI child. Fact and
+// opposite names are held only as rows of that list while the system is open.
+#pragma once
+
+#include "shell/window_handle.h"
+#include "system/system_file.h"
+
+class ZKSYSTEMS {
+public:
+    WindowHandle hwndSys;  // the system child
+    WindowHandle hwndList; // the list box in it
+    std::int32_t PRul;     // row of the rules file, -1: no section
+    std::int32_t PKnw;     // row of the first fact
+    std::int32_t POpp;     // row of the first opposite
+    std::int32_t PHead;    // row of the header file
+    std::int32_t PVar;     // row of the local variables file
+    std::int32_t RuleState;
+    std::int32_t KnowState; // cleared by deletes, set by nothing
+    std::int32_t HeadState;
+    std::int32_t VarState;
+    std::int32_t InitNew; // 1 = the system has initial facts
+    std::int32_t Engmod;  // 1 = changed since the last save
+    std::int32_t EngineState; // 1 = a system is open
+    std::int32_t TypNum;
+    std::int32_t DatNum;
+    std::int32_t OppNum;
+    char KTypeName[kNameSize];
+    char RuleName[kNameSize];
+    char RuleSizeName[kNameSize];
+    char HeaderName[kNameSize];
+    char VarName[kNameSize];
+    char InitName[kNameSize];
+    char KnowName[kNameSize];
+    char EngineName[kNameSize];
+    char OldVarName[kNameSize];
+    char OldInitName[kNameSize];
+    char IKWFile[kNameSize]; // working copy of the initial facts, empty when there is none
+    char VarFile[kNameSize]; // working copy of the local variables, empty when there is none
+
+    ZKSYSTEMS();
+    int Init();
+    int NameSys(const char* name);
+    int CreateSys();
+    int ShowSys();
+    bool IsUntitled() const;
+    int ChangeName(const char* name); // renames the system and its rows
+    int DestroySys();
+    bool IsSysWin(WindowHandle hwnd) const;
+    WindowHandle GetHwnd() const;
+    int GetIndex();
+    int AddTab(char* text) const; // in place
+    int ResTab(char* text) const; // in place
+    int GetPos(int section);      // sections: 1 facts, 2 opposites, 3 header, 4 local variables
+    int RePos(int section, int delta);
+
+    int NameRule(const char* name);
+    int NameKnw(char* name); // puts a TAB in front of the caller's text; the caller counts DatNum
+    int TitleKnw();          // the heading, after the facts were added
+    int GetKnw(int index, char* name);
+    int DelKnw();
+    int NameOpp(char* name); // as NameKnw; the caller counts OppNum
+    int TitleOpp();
+    std::string GetOpp(int index);
+    int DelOpp();
+    int NameHeader(const char* name);
+    int NameVar(const char* WPath);
+    int GetVarName(const char* WPath);  // names the working copy of the local variables
+    int GetInitName(const char* WPath); // names the working copy of the initial facts
+
+    bool KnwBool() const;
+    bool IsRule(int index) const;
+    bool IsHead(int index) const;
+    bool IsVar(int index) const;
+    int IsKnw(int index) const; // 1 = the heading, 2 = an item
+    int IsOpp(int index) const;
+    int DeleteRule();
+    int DeleteHead();
+    int DeleteVar();
+    int DeleteKnw(int index); // -1 removes the whole section
+    int DeleteOpp(int index);
+    int EditItem(char* text); // the selected row (256 bytes) and its kind 1..5, 0 for none
+
+    int SaveSys();                 // 0, or -1 when the file could not be written (shown)
+    int OpenSys(const char* name); // shows "Open Error" when it cannot be read or is damaged
+    int ChName(const char* name);  // moves the working copies beside the system file
+
+    // The seven names and three counts, which a build leaves as it last read them.
+    SystemHead Head() const;
+    void TakeHead(const SystemHead& head);
+
+private:
+    WindowHandle List(); // fetches hwndList again
+};

@@ -1,0 +1,44 @@
+#include "system/system_file.h"
+
+ReadResult ReadSystem(const char* path, SystemFile& system) {
+    system = {};
+    std::string bytes;
+    if (!files::ReadWhole(path, files::Mode::Update, bytes))
+        return ReadResult::Missing;
+    if (bytes.size() < sizeof(SystemHead))
+        return ReadResult::Useless;
+    SystemHead& head = system.head;
+    std::memcpy(&head, bytes.data(), sizeof(SystemHead));
+
+    // Takes the whole records that `count` claims and the file has; says whether all were there.
+    std::size_t at = sizeof(SystemHead);
+    auto take = [&]<class Record>(std::vector<Record>& records, std::int32_t& count) {
+        const std::size_t there = (bytes.size() - at) / sizeof(Record);
+        const std::size_t claimed = count > 0 ? static_cast<std::size_t>(count) : 0;
+        const std::size_t taken = std::min(there, claimed);
+        records.resize(taken);
+        if (taken > 0)
+            std::memcpy(records.data(), bytes.data() + at, taken * sizeof(Record));
+        at += taken * sizeof(Record);
+        const bool whole = count >= 0 && taken == claimed;
+        count = static_cast<std::int32_t>(taken);
+        return whole;
+    };
+    const bool facts_whole = take(system.facts, head.DatNum);
+    const bool opposites_whole = take(system.opposites, head.OppNum);
+    return facts_whole && opposites_whole ? ReadResult::Ok : ReadResult::Damaged;
+}
+
+std::string SystemBytes(const SystemFile& system) {
+    std::string bytes(BytesOf(system.head));
+    bytes += BytesOf(system.facts);
+    bytes += BytesOf(system.opposites);
+    return bytes;
+}
+
+OppositePair SplitOpposite(std::string_view entry) {
+    const std::size_t tab = entry.find('\t');
+    if (tab == std::string_view::npos)
+        return {std::string(entry), {}};
+    return {std::string(entry.substr(0, tab)), std::string(entry.substr(tab + 1))};
+}
