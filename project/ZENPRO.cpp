@@ -1,9 +1,9 @@
 #include "project/ZENPRO.h"
 
 #include "project/results_file.h"
-#include "shell/list_rows.h"
 #include "shell/mdi.h"
 #include "shell/record_text.h"
+#include "shell/section_rows.h"
 
 namespace {
 
@@ -14,23 +14,8 @@ enum Changed { kMainSection = 1, kSystemsSection, kExternsSection, kDdeSection }
 constexpr int kFirstSection = 3; // row of the first item when nothing stands before it
 
 // A name as a field holds it.
-std::string Cut(const char* name) { return std::string(name, strnlen(name, kNameSize - 1)); }
-
-std::string ItemRow(const std::string& name) { return "\t" + name; }
-
-// The text of an item's row: its first character is the TAB.
-std::string ItemText(const ListRows& rows, int row) {
-    const std::string text = rows.RowText(row);
-    return text.empty() ? text : text.substr(1);
-}
-
-// What a row is to a section: 1 its header, 2 one of its items, 0 neither.
-int PartOf(int index, int first, int count) {
-    if (index < 0 || first == -1)
-        return 0;
-    if (index == first - 1)
-        return 1;
-    return index >= first && index < first + count ? 2 : 0;
+std::string Cut(const char* name) {
+    return std::string(name, strnlen(name, kNameSize - 1));
 }
 
 // Takes the first of rows 1..count that reads `name` out of a list of names, closing the gap.
@@ -46,7 +31,9 @@ void RemoveName(char (&names)[N][kNameSize], std::int32_t& count, const std::str
 
 } // namespace
 
-ZKPROJECT::ZKPROJECT() : hwndPro(nullptr), hwndList(nullptr) { Init(); }
+ZKPROJECT::ZKPROJECT() : hwndPro(nullptr), hwndList(nullptr) {
+    Init();
+}
 
 int ZKPROJECT::Init() {
     PMain = PRes = PEng = PExt = Pdde = -1;
@@ -87,7 +74,9 @@ int ZKPROJECT::ShowPro() {
     return 0;
 }
 
-int ZKPROJECT::IsUntitled() const { return Text(MORVName) == "untitled.mrv"; }
+int ZKPROJECT::IsUntitled() const {
+    return Text(MORVName) == "untitled.mrv";
+}
 
 int ZKPROJECT::DestroyPro() {
     if (List())
@@ -243,20 +232,30 @@ int ZKPROJECT::EditItem(char* nom) {
     return IsRes(index) == 2 ? 5 : 0;
 }
 
-int ZKPROJECT::GetIndex() { return ListRows(List()).Selected(); }
+int ZKPROJECT::GetIndex() {
+    return ListRows(List()).Selected();
+}
 
-int ZKPROJECT::IsMain(int index) const { return PartOf(index, PMain, 1) != 0; }
-int ZKPROJECT::IsDde(int index) const { return PartOf(index, Pdde, 1) != 0; }
-int ZKPROJECT::IsSys(int index) const { return PartOf(index, PEng, EngNum); }
-int ZKPROJECT::IsExt(int index) const { return PartOf(index, PExt, ExtNum); }
-int ZKPROJECT::IsRes(int index) const { return PartOf(index, PRes, ResNum); }
+int ZKPROJECT::IsMain(int index) const {
+    return PartOf(index, PMain, 1) != 0;
+}
+int ZKPROJECT::IsDde(int index) const {
+    return PartOf(index, Pdde, 1) != 0;
+}
+int ZKPROJECT::IsSys(int index) const {
+    return PartOf(index, PEng, EngNum);
+}
+int ZKPROJECT::IsExt(int index) const {
+    return PartOf(index, PExt, ExtNum);
+}
+int ZKPROJECT::IsRes(int index) const {
+    return PartOf(index, PRes, ResNum);
+}
 
 int ZKPROJECT::DeleteMain() {
     if (PMain == -1)
         return 0;
-    ListRows rows(List());
-    rows.Delete(PMain - 1);
-    rows.Delete(PMain - 1);
+    DeleteSection(List(), PMain, 1);
     MainState = 0; // the name stays and is saved with the project
     PMain = -1;
     return RePos(kMainSection, -2);
@@ -265,9 +264,7 @@ int ZKPROJECT::DeleteMain() {
 int ZKPROJECT::DeleteDde() {
     if (Pdde == -1)
         return 0;
-    ListRows rows(List());
-    rows.Delete(Pdde - 1);
-    rows.Delete(Pdde - 1);
+    DeleteSection(List(), Pdde, 1);
     DDEState = 0; // the name stays and is saved with the project
     Pdde = -1;
     return RePos(kDdeSection, -2);
@@ -277,10 +274,9 @@ int ZKPROJECT::DeleteSys(int index) {
     ListRows rows(List());
     if (index == -1 && PEng != -1) {
         RePos(kSystemsSection, -(EngNum + 1));
-        for (int t = 0; t <= EngNum; ++t) {
-            rows.Delete(PEng - 1);
+        DeleteSection(hwndList, PEng, EngNum);
+        for (int t = 0; t <= EngNum; ++t)
             SetText(EngineNames[t], "");
-        }
         EngNum = 0;
         PEng = -1;
     } else if (IsSys(index) == 2) {
@@ -300,8 +296,7 @@ int ZKPROJECT::DeleteExt(int index) {
     ListRows rows(List());
     if (index == -1 && PExt != -1) {
         RePos(kExternsSection, -(ExtNum + 1));
-        for (int t = 0; t <= ExtNum; ++t)
-            rows.Delete(PExt - 1);
+        DeleteSection(hwndList, PExt, ExtNum);
         // The earlier names stay in memory and in the saved file; the count of 0 hides them.
         SetText(ExternFiles[ExtNum], "");
         ExtNum = 0;
@@ -324,8 +319,7 @@ int ZKPROJECT::DeleteRes(int index) {
     const char* auxiliary = ResName[0] != '\0' ? ResName : ResAux;
     if (index == -1 && PRes != -1) {
         ListFill fill(hwndList);
-        for (int t = ResNum; t >= 0; --t)
-            rows.Delete(PRes - 1 + t);
+        DeleteSection(hwndList, PRes, ResNum);
         PRes = -1;
         ResNum = 0;
         EmptyResults(auxiliary);
@@ -341,7 +335,9 @@ int ZKPROJECT::DeleteRes(int index) {
     return 0;
 }
 
-int ZKPROJECT::IsDup(const char* name) { return ListRows(List()).FindExact(ItemRow(Cut(name))); }
+int ZKPROJECT::IsDup(const char* name) {
+    return ListRows(List()).FindExact(ItemRow(Cut(name)));
+}
 
 int ZKPROJECT::ChName(const char* name) {
     ListRows rows(List());
@@ -351,9 +347,13 @@ int ZKPROJECT::ChName(const char* name) {
     return ShowPro();
 }
 
-int ZKPROJECT::IsProWin(WindowHandle hwnd) const { return hwnd == hwndPro; }
+int ZKPROJECT::IsProWin(WindowHandle hwnd) const {
+    return hwnd == hwndPro;
+}
 
-WindowHandle ZKPROJECT::GetHwnd() const { return hwndPro; }
+WindowHandle ZKPROJECT::GetHwnd() const {
+    return hwndPro;
+}
 
 int ZKPROJECT::ReDraw() {
     RestoreMdiCh(hwndPro);
@@ -362,12 +362,11 @@ int ZKPROJECT::ReDraw() {
 }
 
 int ZKPROJECT::AddTab(char* nom) const {
-    std::memmove(nom + 1, nom, std::strlen(nom) + 1);
-    nom[0] = '\t';
+    PutTab(nom);
     return 0;
 }
 
 int ZKPROJECT::ResTab(char* nom) const {
-    std::memmove(nom, nom + 1, std::strlen(nom));
+    DropFirst(nom);
     return 0;
 }

@@ -1,11 +1,11 @@
 // The project document's files: the project file and the auxiliary results file.
 #include "project/ZENPRO.h"
 #include "shell/file_helpers.h"
-#include "shell/list_rows.h"
 #include "shell/mdi.h"
 #include "shell/messages.h"
 #include "shell/paths.h"
 #include "shell/record_text.h"
+#include "shell/section_rows.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ std::string SavedAuxiliary(const ZKPROJECT& project, const char* path) {
 void AppendRows(ZKPROJECT& project, const std::vector<NameRecord>& results) {
     ListRows rows(project.hwndList);
     ListFill fill(project.hwndList);
-    auto append = [&rows](const char(&name)[kNameSize]) { rows.Add("\t" + Text(name)); };
+    auto append = [&rows](const char(&name)[kNameSize]) { rows.Add(ItemRow(Text(name))); };
     rows.Add("MORVName");
     append(project.MORVName);
     if (project.MainName[0] != '\0') {
@@ -118,11 +118,8 @@ int ZKPROJECT::SavePro() {
     ListRows rows(List());
     if (ResNum > 0)
         GetPos(4);
-    for (int i = 0; i < ResNum; ++i) {
-        NameRecord& record = project.results.emplace_back();
-        const std::string text = rows.RowText(PRes + i);
-        SetText(record.name, text.empty() ? text : text.substr(1));
-    }
+    for (int i = 0; i < ResNum; ++i)
+        SetText(project.results.emplace_back().name, ItemText(rows, PRes + i));
     if (!WriteProject(MORVName, project) || ChangeName(MORVName) != 0) {
         SaveErr();
         return -1;

@@ -1,9 +1,9 @@
 #include "system/ZENSYS.h"
 
-#include "shell/list_rows.h"
 #include "shell/mdi.h"
 #include "shell/paths.h"
 #include "shell/record_text.h"
+#include "shell/section_rows.h"
 
 namespace {
 
@@ -12,33 +12,11 @@ enum Section { kFacts = 1, kOpposites, kHeader, kVariables };
 
 constexpr int kFirstSection = 3; // row of the first item when nothing stands before it
 
-std::string ItemRow(const std::string& name) { return "\t" + name; }
-
-// The text of an item's row: its first character is the TAB.
-std::string ItemText(const ListRows& rows, int row) {
-    const std::string text = rows.RowText(row);
-    return text.empty() ? text : text.substr(1);
-}
-
-// What a row is to a section: 1 its heading, 2 one of its items, 0 neither.
-int PartOf(int index, int first, int count) {
-    if (index < 0 || first == -1)
-        return 0;
-    if (index == first - 1)
-        return 1;
-    return index >= first && index < first + count ? 2 : 0;
-}
-
-// Deletes a heading and all items after it that the list still has.
-void DeleteSection(ListRows rows, int first, int count) {
-    const int last = std::min(first + count, rows.Count()) - 1;
-    for (int row = last; row >= first - 1; --row)
-        rows.Delete(row);
-}
-
 } // namespace
 
-ZKSYSTEMS::ZKSYSTEMS() : hwndSys(nullptr), hwndList(nullptr) { Init(); }
+ZKSYSTEMS::ZKSYSTEMS() : hwndSys(nullptr), hwndList(nullptr) {
+    Init();
+}
 
 int ZKSYSTEMS::Init() {
     PRul = PKnw = POpp = PHead = PVar = -1;
@@ -75,7 +53,9 @@ int ZKSYSTEMS::ShowSys() {
     return 0;
 }
 
-bool ZKSYSTEMS::IsUntitled() const { return Text(EngineName) == "untitled.lse"; }
+bool ZKSYSTEMS::IsUntitled() const {
+    return Text(EngineName) == "untitled.lse";
+}
 
 int ZKSYSTEMS::ChangeName(const char* name) {
     ListRows rows(List());
@@ -93,20 +73,25 @@ int ZKSYSTEMS::DestroySys() {
     return 0;
 }
 
-bool ZKSYSTEMS::IsSysWin(WindowHandle hwnd) const { return hwnd == hwndSys; }
+bool ZKSYSTEMS::IsSysWin(WindowHandle hwnd) const {
+    return hwnd == hwndSys;
+}
 
-WindowHandle ZKSYSTEMS::GetHwnd() const { return hwndSys; }
+WindowHandle ZKSYSTEMS::GetHwnd() const {
+    return hwndSys;
+}
 
-int ZKSYSTEMS::GetIndex() { return ListRows(List()).Selected(); }
+int ZKSYSTEMS::GetIndex() {
+    return ListRows(List()).Selected();
+}
 
 int ZKSYSTEMS::AddTab(char* text) const {
-    std::memmove(text + 1, text, std::strlen(text) + 1);
-    text[0] = '\t';
+    PutTab(text);
     return 0;
 }
 
 int ZKSYSTEMS::ResTab(char* text) const {
-    std::memmove(text, text + 1, std::strlen(text));
+    DropFirst(text);
     return 0;
 }
 
@@ -187,7 +172,7 @@ int ZKSYSTEMS::GetKnw(int index, char* name) {
 int ZKSYSTEMS::DelKnw() {
     if (PKnw != -1 && DatNum > 0) {
         RePos(kOpposites, -(DatNum + 1));
-        DeleteSection(ListRows(List()), PKnw, DatNum);
+        DeleteSection(List(), PKnw, DatNum);
     }
     DatNum = 0;
     PKnw = -1;
@@ -215,7 +200,7 @@ std::string ZKSYSTEMS::GetOpp(int index) {
 int ZKSYSTEMS::DelOpp() {
     if (POpp != -1 && OppNum > 0) {
         RePos(kHeader, -(OppNum + 1));
-        DeleteSection(ListRows(List()), POpp, OppNum);
+        DeleteSection(List(), POpp, OppNum);
     }
     OppNum = 0;
     POpp = -1;
@@ -249,16 +234,28 @@ int ZKSYSTEMS::NameVar(const char* WPath) {
     return 0;
 }
 
-bool ZKSYSTEMS::KnwBool() const { return PKnw != -1; }
-bool ZKSYSTEMS::IsRule(int index) const { return PartOf(index, PRul, 1) != 0; }
-bool ZKSYSTEMS::IsHead(int index) const { return PartOf(index, PHead, 1) != 0; }
-bool ZKSYSTEMS::IsVar(int index) const { return PartOf(index, PVar, 1) != 0; }
-int ZKSYSTEMS::IsKnw(int index) const { return PartOf(index, PKnw, DatNum); }
-int ZKSYSTEMS::IsOpp(int index) const { return PartOf(index, POpp, OppNum); }
+bool ZKSYSTEMS::KnwBool() const {
+    return PKnw != -1;
+}
+bool ZKSYSTEMS::IsRule(int index) const {
+    return PartOf(index, PRul, 1) != 0;
+}
+bool ZKSYSTEMS::IsHead(int index) const {
+    return PartOf(index, PHead, 1) != 0;
+}
+bool ZKSYSTEMS::IsVar(int index) const {
+    return PartOf(index, PVar, 1) != 0;
+}
+int ZKSYSTEMS::IsKnw(int index) const {
+    return PartOf(index, PKnw, DatNum);
+}
+int ZKSYSTEMS::IsOpp(int index) const {
+    return PartOf(index, POpp, OppNum);
+}
 
 int ZKSYSTEMS::DeleteRule() {
     if (PRul != -1) {
-        DeleteSection(ListRows(List()), PRul, 1);
+        DeleteSection(List(), PRul, 1);
         RePos(kFacts, -2);
     }
     RuleState = 0;
@@ -270,7 +267,7 @@ int ZKSYSTEMS::DeleteRule() {
 
 int ZKSYSTEMS::DeleteHead() {
     if (PHead != -1) {
-        DeleteSection(ListRows(List()), PHead, 1);
+        DeleteSection(List(), PHead, 1);
         RePos(kVariables, -2);
     }
     HeadState = 0;
@@ -281,7 +278,7 @@ int ZKSYSTEMS::DeleteHead() {
 
 int ZKSYSTEMS::DeleteVar() {
     if (PVar != -1)
-        DeleteSection(ListRows(List()), PVar, 1);
+        DeleteSection(List(), PVar, 1);
     VarState = 0;
     PVar = -1;
     SetText(VarName, "");

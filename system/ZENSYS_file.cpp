@@ -1,10 +1,10 @@
 // The system document's files: the system file and the working copies of the local variables and
 // the initial facts.
 #include "shell/file_helpers.h"
-#include "shell/list_rows.h"
 #include "shell/mdi.h"
 #include "shell/messages.h"
 #include "shell/paths.h"
+#include "shell/section_rows.h"
 #include "system/ZENSYS.h"
 
 #include <unordered_map>
@@ -71,10 +71,8 @@ SystemHead HeadAfterMoves(const ZKSYSTEMS& system, const char* name) {
 std::vector<std::string> Items(const ListRows& rows, int first, int count) {
     std::vector<std::string> items;
     const int there = std::min(count, rows.Count() - first);
-    for (int i = 0; i < there; ++i) {
-        const std::string text = rows.RowText(first + i);
-        items.push_back(text.empty() ? text : text.substr(1));
-    }
+    for (int i = 0; i < there; ++i)
+        items.push_back(ItemText(rows, first + i));
     return items;
 }
 
@@ -152,7 +150,7 @@ int ZKSYSTEMS::ChName(const char* name) {
         if (PVar != -1) {
             ListRows rows(List());
             rows.Delete(PVar);
-            rows.Insert(PVar, "\t" + moved);
+            rows.Insert(PVar, ItemRow(moved));
         }
     }
     const WorkingCopy facts = InitialFacts(*this, name);
@@ -213,31 +211,31 @@ int ZKSYSTEMS::OpenSys(const char* name) {
         RuleState = 1;
         PRul = 3;
         rows.Add("Rules");
-        rows.Add("\t" + Text(RuleName));
+        rows.Add(ItemRow(Text(RuleName)));
     }
     if (DatNum > 0) {
         GetPos(1);
         rows.Add("Facts Base");
         for (const Dat& fact : file.facts)
-            rows.Add("\t" + Text(fact.Name));
+            rows.Add(ItemRow(Text(fact.Name)));
     }
     if (OppNum > 0) {
         GetPos(2);
         rows.Add("Opposites");
         for (const NameRecord& opposite : file.opposites)
-            rows.Add("\t" + Text(opposite.name));
+            rows.Add(ItemRow(Text(opposite.name)));
     }
     if (HeaderName[0] != '\0') {
         GetPos(3);
         HeadState = 1;
         rows.Add("System Header");
-        rows.Add("\t" + Text(HeaderName));
+        rows.Add(ItemRow(Text(HeaderName)));
     }
     if (VarName[0] != '\0') {
         GetPos(4);
         VarState = 1;
         rows.Add("System Local Var");
-        rows.Add("\t" + Text(VarName));
+        rows.Add(ItemRow(Text(VarName)));
     }
     InitNew = InitName[0] != '\0';
     Engmod = 0;
