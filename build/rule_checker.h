@@ -3,6 +3,7 @@
 
 #include "project/project_file.h"
 #include "shell/window_handle.h"
+#include "system/rule_index.h"
 
 #include <string>
 #include <string_view>
@@ -14,8 +15,9 @@ public:
     virtual void SystemFile(const char* path) = 0;
     virtual void RulesFile(const char* path) = 0;
     virtual void RuleName(const std::string& name) = 0;
-    virtual void Progress(char c, bool last_of_rule) = 0; // called at a pace of the checker's choice
-    virtual void Finding(const std::string& line) = 0;    // one line of the findings list
+    virtual void Progress(char c,
+                          bool last_of_rule) = 0;      // called at a pace of the checker's choice
+    virtual void Finding(const std::string& line) = 0; // one line of the findings list
     virtual std::string ResultsFile() = 0; // asked before the first opposite of each run
 };
 
@@ -26,3 +28,8 @@ enum class Lexical { Code, LineComment, BlockComment, String };
 // Checks the systems of a project in order. Returns false, after "Open System Error" in a box owned
 // by `owner`, when a system file cannot be read.
 bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view, WindowHandle owner);
+
+// Checks the rules of one system: `text` is its rules file, of which each record of `index` takes
+// the next `size` bytes.
+void CheckRules(std::string_view text, const std::vector<RuleIndexRecord>& index, Lexical& anul,
+                CheckView& view);
