@@ -5,6 +5,7 @@
 #include "project/project_file.h"
 #include "resources/dde_item.h"
 #include "resources/variable.h"
+#include "system/rule_text.h"
 #include "system/system_file.h"
 
 namespace sample {
@@ -149,8 +150,10 @@ private:
         file.head.TypNum = static_cast<std::int32_t>(system.types.size());
         file.head.DatNum = static_cast<std::int32_t>(file.facts.size());
         file.head.OppNum = static_cast<std::int32_t>(file.opposites.size());
+        const RenumberedRules renumbered = Renumber(rules);
+        Note(renumbered.text == rules, "the rules are not numbered and closed: " + system.rules);
         Write(to_ + system.rules, rules);
-        Write(index, BytesOf(IndexOf(rules)));
+        Write(index, IndexBytes(renumbered.sizes));
         Write(base + ".typ", Names(system.types));
         Write(base + ".fac", BytesOf(system.base));
         Write(base + ".var", VariablesContent(system.variables));
@@ -209,22 +212,6 @@ std::string LastName(const std::string& path) {
 }
 
 } // namespace
-
-std::vector<RuleIndexRecord> IndexOf(std::string_view rules) {
-    constexpr std::string_view kEnd = "EndRule";
-    std::vector<RuleIndexRecord> records;
-    std::size_t start = rules.find("Rule");
-    while (start != std::string_view::npos) {
-        std::size_t end = rules.find(kEnd, start);
-        end = end == std::string_view::npos ? rules.size() : end + kEnd.size();
-        const std::size_t next = rules.find("Rule", end);
-        RuleIndexRecord& record = records.emplace_back();
-        record.size = static_cast<std::int32_t>((next == rules.npos ? end : next) - start);
-        SetText(record.name, "Rule " + std::to_string(records.size()));
-        start = next;
-    }
-    return records;
-}
 
 std::string WriteSample(const std::string& folder, const std::string& work,
                         const std::string& compiler) {
