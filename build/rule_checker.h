@@ -14,8 +14,9 @@ public:
     virtual void SystemFile(const char* path) = 0;
     virtual void RulesFile(const char* path) = 0;
     virtual void RuleName(const std::string& name) = 0;
-    virtual void Progress(char c, bool last_of_rule) = 0; // called at a pace of the checker's choice
-    virtual void Finding(const std::string& line) = 0;    // one line of the findings list
+    virtual void Progress(char c,
+                          bool last_of_rule) = 0;      // called at a pace of the checker's choice
+    virtual void Finding(const std::string& line) = 0; // one line of the findings list
     virtual std::string ResultsFile() = 0; // asked before the first opposite of each run
 };
 
