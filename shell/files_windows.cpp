@@ -103,8 +103,9 @@ bool Rename(const char* from, const char* to) {
     return Noted(std::rename(from, to) == 0);
 }
 
+// Working copies may be on another drive than the documents they belong to.
 bool RenameOver(const char* from, const char* to) {
-    if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING))
+    if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED))
         return true;
     errno = GetLastError() == ERROR_FILE_NOT_FOUND ? ENOENT : EACCES;
     return Noted(false);
