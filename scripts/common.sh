@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2154
 # What ./test, ./run and ./bench share; they source it with `top`, the checkout's path, set.
 out=$top/out
 logs=$out/logs
