@@ -1,5 +1,6 @@
 #include "core_test.h"
 
+#include "build/rule_checker.h"
 #include "build/tools_file.h"
 #include "examples/sample_source.h"
 #include "examples/sample_writer.h"
@@ -200,6 +201,35 @@ TEST_F(Sample, RulesUseFactsOfTheirSystemAndResultsOfTheProject) {
             for (const std::string& name : Words(rules, verb, ""))
                 EXPECT_TRUE(results.contains(name)) << name;
     }
+}
+
+// Collects what the rule check finds.
+class Findings : public CheckView {
+public:
+    explicit Findings(std::string results) : results_(std::move(results)) {}
+    void SystemFile(const char*) override {}
+    void RulesFile(const char*) override {}
+    void RuleName(const std::string&) override {}
+    void Progress(char, bool) override {}
+    void Finding(const std::string& line) override { lines.push_back(line); }
+    std::string ResultsFile() override { return results_; }
+
+    std::vector<std::string> lines;
+
+private:
+    std::string results_;
+};
+
+TEST_F(Sample, IsFoundSoundByTheRuleCheck) {
+    Findings findings(Text(project_.head.ResAux));
+    Lexical anul = Lexical::Code;
+    ASSERT_TRUE(CheckProject(project_.head, anul, findings, nullptr));
+    EXPECT_EQ(anul, Lexical::Code);
+    // A heading for each rules file and the line that every rule has.
+    ASSERT_EQ(findings.lines.size(), 18u);
+    for (std::size_t i = 0; i < findings.lines.size(); ++i)
+        EXPECT_TRUE(findings.lines[i].ends_with(i % 9 == 0 ? ".rul" : "Secon Debug:"))
+            << findings.lines[i];
 }
 
 TEST_F(Sample, RulesHaveEveryKindOfBlock) {
