@@ -2,6 +2,7 @@
 
 #include "build/compile.h"
 #include "build/debug.h"
+#include "build/execute.h"
 #include "build/tools.h"
 #include "project/project_commands.h"
 #include "resources/dde_items.h"
