@@ -1,7 +1,7 @@
-// The compiler tools: their settings, the dialog "Tool_Box", and starting the built program.
+// The compiler tools: their settings and the dialog "Tool_Box".
 #pragma once
 
-#include "shell/record_text.h"
+#include "build/tools_file.h"
 
 #include <windows.h>
 
@@ -10,7 +10,7 @@ extern char Com[kNameSize];    // the compiler command; empty: generate only
 extern char P_Com[kNameSize];  // the compiler's include path
 extern char Tool_P[kNameSize]; // the compiler's path
 
-void LoadTools(); // at start-up: the four settings from the tools file of the work folder
+ToolsFile CurrentTools(); // the settings, without the list of known compilers
+void LoadTools();         // at start-up: the four settings from the tools file of the work folder
 void CompileTools(HWND hwnd);
-void ExecMORV(HWND hwnd);
 INT_PTR CALLBACK ToolDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

@@ -19,9 +19,9 @@ public:
     std::int32_t DDEState;
     std::int32_t MORVmod; // 1 when changed since it was last saved
     char MORVName[kNameSize];
-    char MainName[kNameSize]; // stays after the entry is removed; MainState says what holds
-    char DDEName[kNameSize];  // likewise
-    char ResAux[kNameSize];   // the saved auxiliary results file
+    char MainName[kNameSize];  // stays after the entry is removed; MainState says what holds
+    char DDEName[kNameSize];   // likewise
+    char ResAux[kNameSize];    // the saved auxiliary results file
     char OldResAux[kNameSize]; // the one in force before the current results edit
     char EngineNames[kMaxSystems + 1][kNameSize];
     char ExternFiles[kMaxExterns + 1][kNameSize];
@@ -50,8 +50,8 @@ public:
 
     int GetResName(const char* WPath); // sets up the working auxiliary file below `WPath`
 
-    int EditItem(char* nom); // the selected row (256 bytes) and its section 1..5, 0 for none
-    int GetIndex();          // the selected row, -1 when there is none
+    int EditItem(char* nom);     // the selected row (256 bytes) and its section 1..5, 0 for none
+    int GetIndex();              // the selected row, -1 when there is none
     int IsMain(int index) const; // 1 for the section's rows
     int IsDde(int index) const;
     int IsSys(int index) const; // 1 for the section's header, 2 for an item

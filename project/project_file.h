@@ -26,7 +26,8 @@ struct ProjectRecord {
 #pragma pack(pop)
 
 static_assert(sizeof(ProjectRecord) == 4096);
-static_assert(offsetof(ProjectRecord, ExternFiles) == 2550 && offsetof(ProjectRecord, ResAux) == 3825);
+static_assert(offsetof(ProjectRecord, ExternFiles) == 2550 &&
+              offsetof(ProjectRecord, ResAux) == 3825);
 static_assert(offsetof(ProjectRecord, EngNum) == 4080);
 
 struct ProjectFile {

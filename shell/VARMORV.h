@@ -6,11 +6,11 @@
 
 #include <windows.h>
 
-extern HINSTANCE hInst; // the program's module instance
-extern HWND hFrame;     // the frame window
-extern HWND hMdiC;      // the MDI client
-extern HWND hTool;      // the toolbar; none on Windows NT
-extern int nt;          // 1 on Windows NT, else 0
+extern HINSTANCE hInst;          // the program's module instance
+extern HWND hFrame;              // the frame window
+extern HWND hMdiC;               // the MDI client
+extern HWND hTool;               // the toolbar; none on Windows NT
+extern int nt;                   // 1 on Windows NT, else 0
 extern char WorkPath[kNameSize]; // the folder the program was started in, without a last '\'
 
 extern ZKPROJECT Project; // the one project document

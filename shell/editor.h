@@ -5,19 +5,19 @@
 #include <windows.h>
 
 extern int EditState; // 1 while a text editor is in use
-extern int EditRule;  // 1 while the rule editor uses the text editor; save and close then do nothing
+extern int EditRule; // 1 while the rule editor uses the text editor; save and close then do nothing
 
 int IsRule(); // EditRule
 
 // Opens an editor on `nom`; a missing file gives an empty one.
 void OpenEdit(const char* nom);
 
-void OpenFile();              // asks for a file and opens an editor on it
-void SaveFile(HWND hwnd);     // saves the editor child `hwnd`; asks for a name when untitled
-void SaveFileAs(HWND hwnd);   // asks for a name and saves under it
-int CloseFile(HWND hwnd);     // asks to save, destroys the edit control; 1 when cancelled
-int DestroyMdiE();            // closes the topmost editor; 1 when cancelled
-bool SaveEditors();           // at exit: asks for every changed editor; false when cancelled
+void OpenFile();            // asks for a file and opens an editor on it
+void SaveFile(HWND hwnd);   // saves the editor child `hwnd`; asks for a name when untitled
+void SaveFileAs(HWND hwnd); // asks for a name and saves under it
+int CloseFile(HWND hwnd);   // asks to save, destroys the edit control; 1 when cancelled
+int DestroyMdiE();          // closes the topmost editor; 1 when cancelled
+bool SaveEditors();         // at exit: asks for every changed editor; false when cancelled
 
 // Writes the text of an edit control to `path`, replacing the file whole, and clears its modified
 // flag. On failure returns false and shows nothing.

@@ -56,7 +56,8 @@ std::ptrdiff_t FindStr(std::string_view name, std::string_view text, std::ptrdif
 int FindStr(const char* name, const char* text, int len, int ini) {
     if (len <= 0 || ini >= len)
         return -1;
-    return static_cast<int>(FindStr(name, std::string_view(text, static_cast<std::size_t>(len)), ini));
+    return static_cast<int>(
+        FindStr(name, std::string_view(text, static_cast<std::size_t>(len)), ini));
 }
 
 bool OutputFile::Create(const char* path) {
@@ -91,7 +92,9 @@ bool OutputFile::Close() {
     return ok_;
 }
 
-void Return(OutputFile& han) { han.Add("\r\n"); }
+void Return(OutputFile& han) {
+    han.Add("\r\n");
+}
 
 void WriteFile(OutputFile& han, std::string_view Text, int ret) {
     if (Text.size() <= kLongestText)
@@ -108,6 +111,7 @@ void GetErr() {
 void SaveErr() {
     const char* text = ReasonText();
     if (!text)
-        text = files::LastError() == ENOSPC ? "No space left on the disk" : "The file can not be written";
+        text = files::LastError() == ENOSPC ? "No space left on the disk"
+                                            : "The file can not be written";
     ShowReason(text);
 }

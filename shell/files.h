@@ -53,7 +53,8 @@ bool RemoveFolder(const char* path); // fails when not empty
 // failure, so it can still be reported after other boxes were shown.
 int LastError();
 
-// Reads a whole file in large blocks. Returns false (text emptied) when it cannot be opened or read.
+// Reads a whole file in large blocks. Returns false (text emptied) when it cannot be opened or
+// read.
 bool ReadWhole(const char* path, Mode mode, std::string& text);
 
 // Replaces the whole content of `path`: writes a file beside it, then renames that over the old

@@ -21,11 +21,15 @@ template <class T> T Noted(T result, bool failed) {
     return result;
 }
 
-bool Noted(bool ok) { return Noted(ok, !ok); }
+bool Noted(bool ok) {
+    return Noted(ok, !ok);
+}
 
 } // namespace
 
-void SetDriveRoot(const std::string& folder) { g_drive_root = folder; }
+void SetDriveRoot(const std::string& folder) {
+    g_drive_root = folder;
+}
 
 std::string LocalPath(const char* path) {
     std::string local = path;
@@ -95,7 +99,9 @@ std::int64_t Seek(int han, std::int64_t offset, Origin origin) {
     return Noted(at, at < 0);
 }
 
-bool ChangeSize(int han, std::int64_t size) { return Noted(ftruncate(han, size) == 0); }
+bool ChangeSize(int han, std::int64_t size) {
+    return Noted(ftruncate(han, size) == 0);
+}
 
 std::int64_t Length(int han) {
     struct stat about {};
@@ -109,9 +115,13 @@ bool Eof(int han) {
     return at < 0 || at >= Length(han);
 }
 
-bool Close(int han) { return han == -1 || Noted(close(han) == 0); }
+bool Close(int han) {
+    return han == -1 || Noted(close(han) == 0);
+}
 
-bool Remove(const char* path) { return Noted(unlink(LocalPath(path).c_str()) == 0); }
+bool Remove(const char* path) {
+    return Noted(unlink(LocalPath(path).c_str()) == 0);
+}
 
 bool Rename(const char* from, const char* to) {
     if (Exists(to)) {
@@ -125,14 +135,24 @@ bool RenameOver(const char* from, const char* to) {
     return Noted(std::rename(LocalPath(from).c_str(), LocalPath(to).c_str()) == 0);
 }
 
-bool Exists(const char* path) { return access(LocalPath(path).c_str(), F_OK) == 0; }
+bool Exists(const char* path) {
+    return access(LocalPath(path).c_str(), F_OK) == 0;
+}
 
-bool MakeFolder(const char* path) { return Noted(mkdir(LocalPath(path).c_str(), 0777) == 0); }
+bool MakeFolder(const char* path) {
+    return Noted(mkdir(LocalPath(path).c_str(), 0777) == 0);
+}
 
-bool RemoveFolder(const char* path) { return Noted(rmdir(LocalPath(path).c_str()) == 0); }
+bool RemoveFolder(const char* path) {
+    return Noted(rmdir(LocalPath(path).c_str()) == 0);
+}
 
-int LastError() { return g_last_error; }
+int LastError() {
+    return g_last_error;
+}
 
-void FailWritesAfter(std::int64_t bytes) { g_writes_left = bytes; }
+void FailWritesAfter(std::int64_t bytes) {
+    g_writes_left = bytes;
+}
 
 } // namespace files

@@ -21,7 +21,9 @@ template <class T> T Noted(T result, bool failed) {
     return result;
 }
 
-bool Noted(bool ok) { return Noted(ok, !ok); }
+bool Noted(bool ok) {
+    return Noted(ok, !ok);
+}
 
 } // namespace
 
@@ -89,27 +91,44 @@ bool Eof(int han) {
     return at < 0 || at >= Length(han);
 }
 
-bool Close(int han) { return han == -1 || Noted(_close(han) == 0); }
+bool Close(int han) {
+    return han == -1 || Noted(_close(han) == 0);
+}
 
-bool Remove(const char* path) { return Noted(std::remove(path) == 0); }
+bool Remove(const char* path) {
+    return Noted(std::remove(path) == 0);
+}
 
-bool Rename(const char* from, const char* to) { return Noted(std::rename(from, to) == 0); }
+bool Rename(const char* from, const char* to) {
+    return Noted(std::rename(from, to) == 0);
+}
 
+// Working copies may be on another drive than the documents they belong to.
 bool RenameOver(const char* from, const char* to) {
-    if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING))
+    if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED))
         return true;
     errno = GetLastError() == ERROR_FILE_NOT_FOUND ? ENOENT : EACCES;
     return Noted(false);
 }
 
-bool Exists(const char* path) { return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES; }
+bool Exists(const char* path) {
+    return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
+}
 
-bool MakeFolder(const char* path) { return Noted(_mkdir(path) == 0); }
+bool MakeFolder(const char* path) {
+    return Noted(_mkdir(path) == 0);
+}
 
-bool RemoveFolder(const char* path) { return Noted(_rmdir(path) == 0); }
+bool RemoveFolder(const char* path) {
+    return Noted(_rmdir(path) == 0);
+}
 
-int LastError() { return g_last_error; }
+int LastError() {
+    return g_last_error;
+}
 
-void FailWritesAfter(std::int64_t bytes) { g_writes_left = bytes; }
+void FailWritesAfter(std::int64_t bytes) {
+    g_writes_left = bytes;
+}
 
 } // namespace files

@@ -3,7 +3,8 @@
 
 #include <windows.h>
 
-void ContentsHelp(HWND hwnd); // the help file's contents
-void IndexHelp(HWND hwnd);    // the help file's index topic
-void AboutZentrik(HWND hwnd); // the About box
+void ContentsHelp(HWND hwnd);           // the help file's contents
+void IndexHelp(HWND hwnd);              // the help file's index topic
+void AboutZentrik(HWND hwnd);           // the About box
 void TopicHelp(HWND hwnd, DWORD topic); // a topic of the help file by context number
+INT_PTR CALLBACK AboutDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,6 +1,8 @@
 #include "shell/paths.h"
 
-std::string CutAtDot(std::string_view path) { return std::string(path.substr(0, path.find('.'))); }
+std::string CutAtDot(std::string_view path) {
+    return std::string(path.substr(0, path.find('.')));
+}
 
 std::string WithExtension(std::string_view path, std::string_view extension) {
     return CutAtDot(path) + std::string(extension);

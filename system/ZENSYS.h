@@ -18,8 +18,8 @@ public:
     std::int32_t KnowState; // cleared by deletes, set by nothing
     std::int32_t HeadState;
     std::int32_t VarState;
-    std::int32_t InitNew; // 1 = the system has initial facts
-    std::int32_t Engmod;  // 1 = changed since the last save
+    std::int32_t InitNew;     // 1 = the system has initial facts
+    std::int32_t Engmod;      // 1 = changed since the last save
     std::int32_t EngineState; // 1 = a system is open
     std::int32_t TypNum;
     std::int32_t DatNum;

@@ -1,0 +1,62 @@
+#include "build/compile.h"
+
+#include "build/rules_header.h"
+#include "build/rules_source.h"
+#include "build/support_files.h"
+#include "build/tools.h"
+#include "shell/editor.h"
+#include "shell/menu.h"
+#include "shell/messages.h"
+#include "shell/process.h"
+#include "shell/VARMORV.h"
+
+namespace {
+
+constexpr char kCaption[] = "Compile MORV";
+
+int Refuse(HWND hwnd, const char* text) {
+    ShowMessage(hwnd, text, kCaption);
+    return -1;
+}
+
+int WriteRulesSource(HWND hwnd, const ProjectRecord& project, const BuildNames& names,
+                     SystemHead& last_read) {
+    if (CrearRulesCpp(project, last_read, names.rules_cpp.c_str(), names.rules_h_name.c_str(),
+                      hwnd) == 0)
+        return 0;
+    Refuse(hwnd, "Rules.cpp creation error");
+    // The half-written source shows how far it got.
+    EnableMenu(hwnd, 7);
+    OpenEdit(names.rules_cpp.c_str());
+    return -1;
+}
+
+int WriteFiles(HWND hwnd, const BuildNames& names) {
+    const ProjectRecord project = Project.Record();
+    if (CrearRulesH(project, names.rules_h.c_str(), hwnd) != 0)
+        return Refuse(hwnd, "Rules.h creation error");
+    // The build reads system files into the names and counts of the open system document, which
+    // keep what was read last.
+    SystemHead last_read = System.Head();
+    const SupportInput support{project, names, Path, WorkPath, hwnd};
+    const bool done = WriteRulesSource(hwnd, project, names, last_read) == 0 &&
+                      WriteDdecom(support) == 0 && WriteConsts(support, last_read) == 0 &&
+                      WriteMorvApi(support) == 0;
+    System.TakeHead(last_read);
+    return done ? 0 : -1;
+}
+
+} // namespace
+
+int CompileMORV(HWND hwnd) {
+    if (Project.MORState != 1)
+        return Refuse(hwnd, "There is no MORV Project Open");
+    if (Project.IsUntitled())
+        return Refuse(hwnd, "Save Project before compile");
+    const BuildNames names(Project.MORVName);
+    if (WriteFiles(hwnd, names) != 0)
+        return -1;
+    if (Com[0] != '\0')
+        StartProcess("", CompilerLine(names, CurrentTools(), WorkPath));
+    return 0;
+}

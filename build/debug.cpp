@@ -1,0 +1,131 @@
+#include "build/debug.h"
+
+#include "build/rule_checker.h"
+#include "shell/dialog.h"
+#include "shell/list_rows.h"
+#include "shell/mdi.h"
+#include "shell/messages.h"
+#include "shell/VARMORV.h"
+#include "shell/ZENTRIK.h"
+
+#include <optional>
+
+HWND hwndMes;
+
+namespace {
+
+// Kept for the life of the program: a comment left open in one rule silences those after it, also
+// in the next run.
+Lexical Anul = Lexical::Code;
+
+constexpr ULONGLONG kRepaintEvery = 40; // milliseconds; quicker than that nobody can see
+
+// Shows the check in the dialog and its findings in the messages window. A field has its new text
+// at once, but is painted only at the pace a person can follow.
+class DebugView : public CheckView {
+public:
+    DebugView(HWND dialog, HWND list) : dialog_(dialog), list_(list) {}
+
+    void SystemFile(const char* path) override {
+        // What the systems before found is painted now: a box may be next.
+        fill_.reset();
+        Set(DEBUG_SYSTEM, path);
+        Paint();
+        fill_.emplace(list_);
+    }
+
+    void RulesFile(const char* path) override {
+        Set(DEBUG_RULES_FILE, path);
+        Paint();
+    }
+
+    void RuleName(const std::string& name) override { Set(DEBUG_RULE, name.c_str()); }
+
+    void Progress(char c, bool) override {
+        const char text[] = {c, '\0'};
+        Set(DEBUG_PROGRESS, text);
+        if (GetTickCount64() - painted_ >= kRepaintEvery)
+            Paint();
+    }
+
+    void Finding(const std::string& line) override { ListRows(list_).Add(line); }
+
+    // The check looks names up in the results that were in force before GetResName, and puts that
+    // name back as the one in force.
+    std::string ResultsFile() override {
+        Project.GetResName(WorkPath);
+        SetText(Project.ResName, Text(Project.OldResAux));
+        SetText(Project.OldResAux, "");
+        return Text(Project.ResName);
+    }
+
+    // Paints what is pending.
+    void Finish() {
+        fill_.reset();
+        Paint();
+    }
+
+private:
+    void Set(int id, const char* text) {
+        // The default procedure stores the text; the control's own would paint it each time.
+        DefWindowProcA(GetDlgItem(dialog_, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+    }
+
+    void Paint() {
+        for (int id : {DEBUG_RULE, DEBUG_SYSTEM, DEBUG_RULES_FILE, DEBUG_PROGRESS}) {
+            const HWND field = GetDlgItem(dialog_, id);
+            InvalidateRect(field, nullptr, TRUE);
+            UpdateWindow(field);
+        }
+        painted_ = GetTickCount64();
+    }
+
+    HWND dialog_;
+    HWND list_;
+    std::optional<ListFill> fill_;
+    ULONGLONG painted_ = 0;
+};
+
+void RunCheck(HWND hwnd) {
+    SetDlgItemTextA(hwnd, DEBUG_PROJECT, Project.MORVName);
+    DebugView view(hwnd, TopChild(hwndMes));
+    const bool done = CheckProject(Project.Record(), Anul, view, hwnd);
+    view.Finish();
+    if (!done)
+        return; // the dialog stays open
+    ShowMessage(hwnd, "Debug Finalitzat", "Debug");
+    EndDialog(hwnd, 0);
+}
+
+} // namespace
+
+INT_PTR CALLBACK InfoBox(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+    case WM_INITDIALOG:
+        return TRUE;
+    case WM_COMMAND:
+        if (LOWORD(wParam) == DEBUG_START)
+            RunCheck(hwnd);
+        else if (LOWORD(wParam) == IDCANCEL)
+            EndDialog(hwnd, 0);
+        else
+            return FALSE;
+        return TRUE;
+    default:
+        return DialogColours(message, wParam);
+    }
+}
+
+void DebugMORV(HWND hwnd) {
+    if (Project.MORState != 1) {
+        ShowMessage(hwnd, "There is not Opened MORV System", "MORV Debug");
+        return;
+    }
+    if (hwndMes) {
+        // Closed by hand it is gone already; then this does nothing but count.
+        DestroyWindow(TopChild(hwndMes));
+        DestroyMdiCh(hwndMes);
+    }
+    hwndMes = CrearMdiCh("Message", "Debug Errors");
+    RunDialog(hwnd, "Debug_Box", InfoBox);
+}

@@ -1,0 +1,372 @@
+#include "project/ZENPRO.h"
+
+#include "project/results_file.h"
+#include "shell/mdi.h"
+#include "shell/record_text.h"
+#include "shell/section_rows.h"
+
+namespace {
+
+// GetPos and RePos number the sections differently: the main section is always at its place.
+enum Placed { kSystems = 1, kExterns, kDde, kResults };                           // GetPos
+enum Changed { kMainSection = 1, kSystemsSection, kExternsSection, kDdeSection }; // RePos
+
+constexpr int kFirstSection = 3; // row of the first item when nothing stands before it
+
+// A name as a field holds it.
+std::string Cut(const char* name) {
+    return std::string(name, strnlen(name, kNameSize - 1));
+}
+
+// Takes the first of rows 1..count that reads `name` out of a list of names, closing the gap.
+template <std::size_t N>
+void RemoveName(char (&names)[N][kNameSize], std::int32_t& count, const std::string& name) {
+    int t = 0;
+    while (t <= count && Text(names[t]) != name)
+        ++t;
+    for (; t < count; ++t)
+        std::memcpy(names[t], names[t + 1], kNameSize);
+    count -= 1;
+}
+
+} // namespace
+
+ZKPROJECT::ZKPROJECT() : hwndPro(nullptr), hwndList(nullptr) {
+    Init();
+}
+
+int ZKPROJECT::Init() {
+    PMain = PRes = PEng = PExt = Pdde = -1;
+    MORState = MainState = DDEState = MORVmod = 0;
+    SetText(MORVName, "");
+    SetText(MainName, "");
+    SetText(DDEName, "");
+    SetText(ResAux, "");
+    SetText(OldResAux, "");
+    SetText(ResName, "");
+    std::memset(EngineNames, 0, sizeof EngineNames);
+    std::memset(ExternFiles, 0, sizeof ExternFiles);
+    EngNum = ExtNum = ResNum = 0;
+    DatHisLen = 4;
+    return 0;
+}
+
+WindowHandle ZKPROJECT::List() {
+    hwndList = TopChild(hwndPro);
+    return hwndList;
+}
+
+int ZKPROJECT::NamePro(const char* name) {
+    SetText(MORVName, name);
+    return 0;
+}
+
+int ZKPROJECT::CreatePro() {
+    hwndPro = CrearMdiCh("Projec", "MORV Project");
+    UpdateWindow(hwndPro);
+    return ShowPro();
+}
+
+int ZKPROJECT::ShowPro() {
+    ListRows rows(List());
+    rows.Insert(0, "MORVName");
+    rows.Insert(1, ItemRow(Text(MORVName)));
+    return 0;
+}
+
+int ZKPROJECT::IsUntitled() const {
+    return Text(MORVName) == "untitled.mrv";
+}
+
+int ZKPROJECT::DestroyPro() {
+    if (List())
+        DestroyWindow(hwndList);
+    hwndList = nullptr;
+    MORState = 0;
+    return 0;
+}
+
+int ZKPROJECT::DestroyMdi() {
+    if (IsWindow(hwndPro))
+        DestroyMdiCh(hwndPro);
+    hwndPro = nullptr;
+    return 0;
+}
+
+int ZKPROJECT::GetPos(int Nvar) {
+    int row = MainState == 1 ? kFirstSection + 2 : kFirstSection;
+    if (Nvar >= kResults && Pdde != -1)
+        row = Pdde + 2;
+    else if (Nvar >= kDde && PExt != -1)
+        row = PExt + ExtNum + 1;
+    else if (Nvar >= kExterns && PEng != -1)
+        row = PEng + EngNum + 1;
+    switch (Nvar) {
+    case kSystems:
+        PEng = row;
+        break;
+    case kExterns:
+        PExt = row;
+        break;
+    case kDde:
+        Pdde = row;
+        break;
+    case kResults:
+        PRes = row;
+        break;
+    }
+    return 0;
+}
+
+int ZKPROJECT::RePos(int Nvar, int Nlin) {
+    auto shift = [Nlin](std::int32_t& position) {
+        if (position != -1)
+            position += Nlin;
+    };
+    if (Nvar < kSystemsSection)
+        shift(PEng);
+    if (Nvar < kExternsSection)
+        shift(PExt);
+    if (Nvar < kDdeSection)
+        shift(Pdde);
+    if (Nvar <= kDdeSection)
+        shift(PRes);
+    return 0;
+}
+
+int ZKPROJECT::NameMain(const char* name) {
+    PMain = kFirstSection;
+    SetText(MainName, name);
+    ListRows rows(List());
+    rows.Insert(PMain - 1, "Main");
+    rows.Insert(PMain, ItemRow(Text(MainName)));
+    MainState = 1;
+    MORVmod = 1;
+    return RePos(kMainSection, 2);
+}
+
+int ZKPROJECT::NameSys(char* name) {
+    if (EngNum >= kMaxSystems)
+        return -1;
+    GetPos(kSystems);
+    const int n = EngNum;
+    ListRows rows(List());
+    if (n == 0)
+        rows.Insert(PEng - 1, "System");
+    EngNum += 1;
+    SetText(EngineNames[EngNum], name);
+    AddTab(name);
+    rows.Insert(PEng + n, ItemRow(Text(EngineNames[EngNum])));
+    MORVmod = 1;
+    return RePos(kSystemsSection, n > 0 ? 1 : 2);
+}
+
+int ZKPROJECT::NameExt(char* name) {
+    if (ExtNum >= kMaxExterns)
+        return -1;
+    GetPos(kExterns);
+    const int n = ExtNum;
+    ListRows rows(List());
+    if (n == 0)
+        rows.Insert(PExt - 1, "Extern");
+    ExtNum += 1;
+    SetText(ExternFiles[ExtNum], name);
+    AddTab(name);
+    rows.Insert(PExt + n, ItemRow(Text(ExternFiles[ExtNum])));
+    MORVmod = 1;
+    return RePos(kExternsSection, n > 0 ? 1 : 2);
+}
+
+int ZKPROJECT::NameDde(char* name) {
+    SetText(DDEName, name);
+    GetPos(kDde);
+    AddTab(name);
+    ListRows rows(List());
+    rows.Insert(Pdde - 1, "DDE");
+    rows.Insert(Pdde, ItemRow(Text(DDEName)));
+    MORVmod = 1;
+    RePos(kDdeSection, 2);
+    DDEState = 1;
+    return 0;
+}
+
+int ZKPROJECT::NameRes(const char* name, int a) {
+    GetPos(kResults);
+    MORVmod = 1;
+    ListRows rows(List());
+    const std::string wanted = Cut(name);
+    int found = -1;
+    // Letter case counts here, so the list's own search does not do.
+    for (int i = 0; i < ResNum && found == -1; ++i)
+        if (ItemText(rows, PRes + i) == wanted)
+            found = i;
+    if (a != 0 && found == -1) {
+        if (ResNum == 0)
+            rows.Insert(PRes - 1, "Results");
+        rows.Insert(PRes + ResNum, ItemRow(wanted));
+        ResNum += 1;
+    } else if (a == 0 && found != -1) {
+        rows.Delete(PRes + found);
+        ResNum -= 1;
+        if (ResNum == 0)
+            rows.Delete(PRes - 1); // PRes stays: it is set anew before its next use
+    }
+    return 0;
+}
+
+int ZKPROJECT::EditItem(char* nom) {
+    ListRows rows(List());
+    const int index = rows.Selected();
+    const std::string text = rows.RowText(index).substr(0, kNameSize);
+    std::memcpy(nom, text.c_str(), text.size() + 1);
+    if (index < 0)
+        return 0;
+    if (index == PMain)
+        return 1;
+    if (IsSys(index) == 2)
+        return 2;
+    if (IsExt(index) == 2)
+        return 3;
+    if (index == Pdde)
+        return 4;
+    return IsRes(index) == 2 ? 5 : 0;
+}
+
+int ZKPROJECT::GetIndex() {
+    return ListRows(List()).Selected();
+}
+
+int ZKPROJECT::IsMain(int index) const {
+    return PartOf(index, PMain, 1) != 0;
+}
+int ZKPROJECT::IsDde(int index) const {
+    return PartOf(index, Pdde, 1) != 0;
+}
+int ZKPROJECT::IsSys(int index) const {
+    return PartOf(index, PEng, EngNum);
+}
+int ZKPROJECT::IsExt(int index) const {
+    return PartOf(index, PExt, ExtNum);
+}
+int ZKPROJECT::IsRes(int index) const {
+    return PartOf(index, PRes, ResNum);
+}
+
+int ZKPROJECT::DeleteMain() {
+    if (PMain == -1)
+        return 0;
+    DeleteSection(List(), PMain, 1);
+    MainState = 0; // the name stays and is saved with the project
+    PMain = -1;
+    return RePos(kMainSection, -2);
+}
+
+int ZKPROJECT::DeleteDde() {
+    if (Pdde == -1)
+        return 0;
+    DeleteSection(List(), Pdde, 1);
+    DDEState = 0; // the name stays and is saved with the project
+    Pdde = -1;
+    return RePos(kDdeSection, -2);
+}
+
+int ZKPROJECT::DeleteSys(int index) {
+    ListRows rows(List());
+    if (index == -1 && PEng != -1) {
+        RePos(kSystemsSection, -(EngNum + 1));
+        DeleteSection(hwndList, PEng, EngNum);
+        for (int t = 0; t <= EngNum; ++t)
+            SetText(EngineNames[t], "");
+        EngNum = 0;
+        PEng = -1;
+    } else if (IsSys(index) == 2) {
+        RemoveName(EngineNames, EngNum, ItemText(rows, index));
+        rows.Delete(index);
+        if (EngNum == 0) {
+            rows.Delete(index - 1);
+            PEng = -1;
+            RePos(kSystemsSection, -1);
+        }
+        RePos(kSystemsSection, -1);
+    }
+    return 0;
+}
+
+int ZKPROJECT::DeleteExt(int index) {
+    ListRows rows(List());
+    if (index == -1 && PExt != -1) {
+        RePos(kExternsSection, -(ExtNum + 1));
+        DeleteSection(hwndList, PExt, ExtNum);
+        // The earlier names stay in memory and in the saved file; the count of 0 hides them.
+        SetText(ExternFiles[ExtNum], "");
+        ExtNum = 0;
+        PExt = -1;
+    } else if (IsExt(index) == 2) {
+        RemoveName(ExternFiles, ExtNum, ItemText(rows, index));
+        rows.Delete(index);
+        if (ExtNum == 0) {
+            rows.Delete(PExt - 1);
+            PExt = -1;
+            RePos(kExternsSection, -1);
+        }
+        RePos(kExternsSection, -1);
+    }
+    return 0;
+}
+
+int ZKPROJECT::DeleteRes(int index) {
+    ListRows rows(List());
+    const char* auxiliary = ResName[0] != '\0' ? ResName : ResAux;
+    if (index == -1 && PRes != -1) {
+        ListFill fill(hwndList);
+        DeleteSection(hwndList, PRes, ResNum);
+        PRes = -1;
+        ResNum = 0;
+        EmptyResults(auxiliary);
+    } else if (IsRes(index) == 2) {
+        ResNum -= 1;
+        PruneResults(auxiliary, ItemText(rows, index).c_str());
+        rows.Delete(index);
+        if (ResNum == 0) {
+            rows.Delete(PRes - 1);
+            PRes = -1;
+        }
+    }
+    return 0;
+}
+
+int ZKPROJECT::IsDup(const char* name) {
+    return ListRows(List()).FindExact(ItemRow(Cut(name)));
+}
+
+int ZKPROJECT::ChName(const char* name) {
+    ListRows rows(List());
+    rows.Delete(0);
+    rows.Delete(0);
+    NamePro(name);
+    return ShowPro();
+}
+
+int ZKPROJECT::IsProWin(WindowHandle hwnd) const {
+    return hwnd == hwndPro;
+}
+
+WindowHandle ZKPROJECT::GetHwnd() const {
+    return hwndPro;
+}
+
+int ZKPROJECT::ReDraw() {
+    RestoreMdiCh(hwndPro);
+    UpdateWindow(hwndPro);
+    return 0;
+}
+
+int ZKPROJECT::AddTab(char* nom) const {
+    PutTab(nom);
+    return 0;
+}
+
+int ZKPROJECT::ResTab(char* nom) const {
+    DropFirst(nom);
+    return 0;
+}

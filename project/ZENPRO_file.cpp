@@ -1,0 +1,146 @@
+// The project document's files: the project file and the auxiliary results file.
+#include "project/ZENPRO.h"
+#include "shell/file_helpers.h"
+#include "shell/mdi.h"
+#include "shell/messages.h"
+#include "shell/paths.h"
+#include "shell/record_text.h"
+#include "shell/section_rows.h"
+
+namespace {
+
+// Takes over the stored part of a project; its fields need not end with a NUL.
+void TakeRecord(ZKPROJECT& project, const ProjectRecord& record) {
+    SetText(project.MainName, Text(record.MainName));
+    for (int i = 0; i <= kMaxSystems; ++i)
+        SetText(project.EngineNames[i], Text(record.EngineNames[i]));
+    for (int i = 0; i <= kMaxExterns; ++i)
+        SetText(project.ExternFiles[i], Text(record.ExternFiles[i]));
+    SetText(project.DDEName, Text(record.DDEName));
+    SetText(project.ResAux, Text(record.ResAux));
+    project.EngNum = record.EngNum;
+    project.ExtNum = record.ExtNum;
+    project.ResNum = record.ResNum;
+    project.DatHisLen = record.DatHisLen;
+}
+
+// The auxiliary file that will be the saved one once the project is saved as `path`.
+std::string SavedAuxiliary(const ZKPROJECT& project, const char* path) {
+    if (project.ResName[0] == '\0')
+        return Text(project.ResAux);
+    // When the results dialog was left without writing, the saved names stay in force.
+    if (!files::Exists(project.ResName) && files::Exists(project.ResAux))
+        return Text(project.ResAux);
+    return WithExtension(path, ".aux");
+}
+
+// Fills the list of a project that was just read, section by section.
+void AppendRows(ZKPROJECT& project, const std::vector<NameRecord>& results) {
+    ListRows rows(project.hwndList);
+    ListFill fill(project.hwndList);
+    auto append = [&rows](const char(&name)[kNameSize]) { rows.Add(ItemRow(Text(name))); };
+    rows.Add("MORVName");
+    append(project.MORVName);
+    if (project.MainName[0] != '\0') {
+        project.PMain = 3;
+        rows.Add("Main");
+        append(project.MainName);
+        project.MainState = 1;
+    }
+    if (project.EngNum != 0) {
+        project.GetPos(1);
+        rows.Add("Systems");
+        for (int i = 1; i <= project.EngNum; ++i)
+            append(project.EngineNames[i]);
+    }
+    if (project.ExtNum != 0) {
+        project.GetPos(2);
+        rows.Add("Extern");
+        for (int i = 1; i <= project.ExtNum; ++i)
+            append(project.ExternFiles[i]);
+    }
+    if (project.DDEName[0] != '\0') {
+        project.GetPos(3);
+        rows.Add("DDE");
+        append(project.DDEName);
+        project.DDEState = 1;
+    }
+    if (project.ResNum > 0) {
+        project.GetPos(4);
+        rows.Add("Results");
+        for (const NameRecord& record : results)
+            append(record.name);
+    }
+}
+
+} // namespace
+
+ProjectRecord ZKPROJECT::Record() const {
+    ProjectRecord record{};
+    SetText(record.MainName, Text(MainName));
+    for (int i = 0; i <= kMaxSystems; ++i)
+        SetText(record.EngineNames[i], Text(EngineNames[i]));
+    for (int i = 0; i <= kMaxExterns; ++i)
+        SetText(record.ExternFiles[i], Text(ExternFiles[i]));
+    SetText(record.DDEName, Text(DDEName));
+    SetText(record.ResAux, Text(ResAux));
+    record.EngNum = EngNum;
+    record.ExtNum = ExtNum;
+    record.ResNum = ResNum;
+    record.DatHisLen = DatHisLen;
+    return record;
+}
+
+int ZKPROJECT::GetResName(const char* WPath) {
+    SetText(OldResAux, ResName[0] != '\0' ? Text(ResName) : Text(ResAux));
+    SetText(ResName, std::string(WPath) + "\\temp\\" + Stem(Text(MORVName), true) + ".aux");
+    return 0;
+}
+
+int ZKPROJECT::ChangeName(const char* New) {
+    const std::string target = WithExtension(New, ".aux");
+    const std::string working = Text(ResName);
+    const std::string saved = SavedAuxiliary(*this, New);
+    if (!working.empty() && working != target && files::Exists(working.c_str()) &&
+        !files::RenameOver(working.c_str(), target.c_str()))
+        return -1;
+    SetText(ResAux, saved);
+    SetText(ResName, "");
+    return 0;
+}
+
+int ZKPROJECT::SavePro() {
+    // The project file goes first: when it cannot be written, the working auxiliary file and the
+    // one that belongs to the old project file are both still where they were.
+    ProjectFile project;
+    project.head = Record();
+    SetText(project.head.ResAux, SavedAuxiliary(*this, MORVName));
+    ListRows rows(List());
+    if (ResNum > 0)
+        GetPos(4);
+    for (int i = 0; i < ResNum; ++i)
+        SetText(project.results.emplace_back().name, ItemText(rows, PRes + i));
+    if (!WriteProject(MORVName, project) || ChangeName(MORVName) != 0) {
+        SaveErr();
+        return -1;
+    }
+    return 0;
+}
+
+int ZKPROJECT::OpenPro(const char* nom) {
+    const std::string path = nom; // may be this document's own name, which Init empties
+    Init();
+    SetText(MORVName, path);
+    ProjectFile project;
+    const ReadResult result = ReadProject(MORVName, project);
+    if (result != ReadResult::Ok)
+        ShowMessage(GetDesktopWindow(), "Open Error", "Open Project");
+    if (result == ReadResult::Missing || result == ReadResult::Useless)
+        return -1;
+    TakeRecord(*this, project.head);
+    hwndPro = CrearMdiCh("Projec", "MORV Project");
+    MORState = 1;
+    List();
+    AppendRows(*this, project.results);
+    return 0;
+}

@@ -1,0 +1,145 @@
+#include "resources/initial_facts.h"
+
+#include "resources/value_controls.h"
+#include "resources/value_entries.h"
+#include "shell/dialog.h"
+#include "shell/file_helpers.h"
+#include "shell/list_columns.h"
+#include "shell/list_rows.h"
+#include "shell/messages.h"
+#include "shell/VARMORV.h"
+#include "shell/ZENTRIK.h"
+
+namespace {
+
+HWND Facts(HWND dialog) {
+    return GetDlgItem(dialog, INIT_FACTS);
+}
+
+// A row for each fact of the system, in its order: what the file says of other facts is dropped.
+std::vector<std::string> FactRows() {
+    const InitialValues values(System.OldInitName);
+    std::vector<std::string> rows;
+    for (int i = 0; i < System.DatNum; ++i) {
+        char name[kNameSize + 1] = "";
+        System.GetKnw(i, name);
+        rows.push_back(values.Row(name));
+    }
+    return rows;
+}
+
+void Open(HWND dialog) {
+    LimitText(dialog, INIT_FACT, kNameSize);
+    LimitText(dialog, INIT_VALUE, kNameSize);
+    AddRows(Facts(dialog), FactRows());
+    std::vector<std::string> parts =
+        VariableNames(System.VarFile[0] ? System.VarFile : System.VarName);
+    const std::vector<std::string> items = OfferedItems(DDEIKnw);
+    parts.insert(parts.end(), items.begin(), items.end());
+    AddRows(GetDlgItem(dialog, INIT_VARS), parts);
+    for (const char* word : kCertainties)
+        SendDlgItemMessageA(dialog, INIT_CERTAINTY, CB_ADDSTRING, 0,
+                            reinterpret_cast<LPARAM>(word));
+}
+
+void EditSelected(HWND dialog) {
+    const ListRows rows(Facts(dialog));
+    if (rows.Selected() == -1)
+        return;
+    SetDlgItemTextA(dialog, INIT_FACT, FirstWord(rows.RowText(rows.Selected())).c_str());
+    SetDlgItemTextA(dialog, INIT_VALUE, "");
+}
+
+void Replace(HWND dialog, int row, const std::string& text) {
+    ListRows rows(Facts(dialog));
+    if (!rows.Delete(row))
+        return;
+    rows.Insert(row, text);
+    AlignColumns(Facts(dialog));
+}
+
+void Add(HWND dialog) {
+    I_K fact;
+    SetText(fact.K_Name, ControlText(dialog, INIT_FACT, kNameSize));
+    SetText(fact.K_Val, ControlText(dialog, INIT_VALUE, kNameSize));
+    SetText(fact.Pres, ControlText(dialog, INIT_CERTAINTY, kNameSize));
+    if (!fact.Pres[0]) {
+        ShowMessage(dialog, "Certainty needed", "Init Knowledge Base");
+        return;
+    }
+    // The first row that starts with the text is meant, so the start of a name is enough; no text
+    // at all means none.
+    if (fact.K_Name[0])
+        Replace(dialog, ListRows(Facts(dialog)).FindPrefix(Text(fact.K_Name)),
+                InitialFactRow(fact));
+}
+
+void Remove(HWND dialog) {
+    const ListRows rows(Facts(dialog));
+    const int row = rows.Selected();
+    Replace(dialog, row, UnsetFactRow(FirstWord(rows.RowText(row))));
+}
+
+void Close(HWND dialog) {
+    System.Engmod = 1;
+    // A value with a blank is cut there: values are single words.
+    switch (StoreWhole(System.IKWFile, RecordBytes(AllRows(Facts(dialog)), InitialFactIn))) {
+    case Stored::Yes:
+        System.InitNew = 1;
+        break;
+    case Stored::NotCreated:
+        ShowMessage(nullptr, "Init File Error", "Init Fats", Buttons::Ok, Icon::Exclamation);
+        break;
+    case Stored::NotWritten:
+        SaveErr();
+        return; // the rows are still there, to try again
+    }
+    EndDialog(dialog, 0);
+}
+
+void Cancel(HWND dialog) {
+    SetText(System.IKWFile, Text(System.OldInitName));
+    SetText(System.OldInitName, "");
+    EndDialog(dialog, 0);
+}
+
+// Unlike Cancel, the close box forgets an earlier working copy too.
+void CloseBox(HWND dialog) {
+    SetText(System.IKWFile, "");
+    EndDialog(dialog, 0);
+}
+
+BOOL Command(HWND dialog, WPARAM wParam) {
+    if (Notified(wParam, INIT_FACTS, LBN_DBLCLK))
+        EditSelected(dialog);
+    else if (Notified(wParam, INIT_VARS, LBN_DBLCLK))
+        AppendSelected(dialog, INIT_VARS, INIT_VALUE);
+    else if (Notified(wParam, IDOK, BN_CLICKED))
+        Add(dialog);
+    else if (Notified(wParam, INIT_REMOVE, BN_CLICKED))
+        Remove(dialog);
+    else if (Notified(wParam, INIT_CLOSE, BN_CLICKED))
+        Close(dialog);
+    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
+        Cancel(dialog);
+    else
+        return FALSE;
+    return TRUE;
+}
+
+} // namespace
+
+INT_PTR CALLBACK InitKnw(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+    case WM_INITDIALOG:
+        Open(hwnd);
+        return TRUE;
+    case WM_COMMAND:
+        return Command(hwnd, wParam);
+    case WM_CLOSE:
+        CloseBox(hwnd);
+        return TRUE;
+    default:
+        return DialogColours(message, wParam);
+    }
+}

@@ -1,0 +1,127 @@
+#include "resources/local_variables.h"
+
+#include "resources/value_controls.h"
+#include "resources/value_entries.h"
+#include "shell/dialog.h"
+#include "shell/file_dialogs.h"
+#include "shell/file_helpers.h"
+#include "shell/list_columns.h"
+#include "shell/list_rows.h"
+#include "shell/messages.h"
+#include "shell/VARMORV.h"
+#include "shell/ZENTRIK.h"
+
+namespace {
+
+HWND Variables(HWND dialog) {
+    return GetDlgItem(dialog, VAR_LIST);
+}
+
+void Open(HWND dialog) {
+    LimitText(dialog, VAR_NAME, kNameSize);
+    LimitText(dialog, VAR_VALUE, kNameSize);
+    // The last record comes first, and Close keeps the order of the rows: every opening and closing
+    // turns the file round.
+    if (System.VarState)
+        AddRows(Variables(dialog), VariableRows(System.OldVarName));
+    FillTypes(dialog, VAR_TYPE, kNameSize);
+}
+
+void EditSelected(HWND dialog) {
+    const ListRows rows(Variables(dialog));
+    if (rows.Selected() == -1)
+        return;
+    const V_V variable = VariableIn(rows.RowText(rows.Selected()));
+    SetDlgItemTextA(dialog, VAR_NAME, variable.Name);
+    SetDlgItemTextA(dialog, VAR_TYPE, variable.Type);
+    SetDlgItemTextA(dialog, VAR_VALUE, variable.Val);
+}
+
+void LoadItems(HWND dialog) {
+    if (OpenDlg(" DDE Files (*.dde)\0*.dde\0All Files (*.*)\0*.*\0", "Open DDE File", ".dde",
+                DDEIKnw, OFN_CREATEPROMPT) == 0)
+        AddRows(GetDlgItem(dialog, VAR_DDE), OfferedItems(DDEIKnw));
+}
+
+void Add(HWND dialog) {
+    V_V variable;
+    SetText(variable.Name, ControlText(dialog, VAR_NAME, kNameSize));
+    SetText(variable.Type, ControlText(dialog, VAR_TYPE, kNameSize));
+    SetText(variable.Val, ControlText(dialog, VAR_VALUE, kNameSize));
+    if (const char* missing = MissingIn(variable)) {
+        ShowMessage(dialog, missing, "New Var", Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    ListRows rows(Variables(dialog));
+    // The blank keeps a longer name that starts alike from being replaced.
+    rows.Delete(rows.FindPrefix(Text(variable.Name) + " "));
+    rows.Insert(0, VariableRow(variable));
+    AlignColumns(Variables(dialog));
+}
+
+void Remove(HWND dialog) {
+    ListRows rows(Variables(dialog));
+    rows.Delete(rows.Selected());
+}
+
+void Close(HWND dialog) {
+    const Stored stored =
+        StoreWhole(System.VarFile, RecordBytes(AllRows(Variables(dialog)), VariableIn));
+    if (stored != Stored::Yes)
+        SaveErr();
+    if (stored == Stored::NotWritten)
+        return; // the rows are still there, to try again
+    // The system takes the variables on even when their file could not be created.
+    System.NameVar(WorkPath);
+    System.VarState = 1;
+    EndDialog(dialog, 0);
+}
+
+void Cancel(HWND dialog) {
+    SetText(System.VarFile, Text(System.OldVarName));
+    SetText(System.OldVarName, "");
+    EndDialog(dialog, 0);
+}
+
+// Unlike Cancel, the close box forgets an earlier working copy too.
+void CloseBox(HWND dialog) {
+    SetText(System.VarFile, "");
+    EndDialog(dialog, 0);
+}
+
+BOOL Command(HWND dialog, WPARAM wParam) {
+    if (Notified(wParam, VAR_LIST, LBN_DBLCLK))
+        EditSelected(dialog);
+    else if (Notified(wParam, VAR_DDE, LBN_DBLCLK))
+        AppendSelected(dialog, VAR_DDE, VAR_VALUE);
+    else if (Notified(wParam, VAR_LOAD, BN_CLICKED))
+        LoadItems(dialog);
+    else if (Notified(wParam, VAR_ADD, BN_CLICKED))
+        Add(dialog);
+    else if (Notified(wParam, VAR_REMOVE, BN_CLICKED))
+        Remove(dialog);
+    else if (Notified(wParam, VAR_CLOSE, BN_CLICKED))
+        Close(dialog);
+    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
+        Cancel(dialog);
+    else
+        return FALSE;
+    return TRUE;
+}
+
+} // namespace
+
+INT_PTR CALLBACK VarNew(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+    case WM_INITDIALOG:
+        Open(hwnd);
+        return TRUE;
+    case WM_COMMAND:
+        return Command(hwnd, wParam);
+    case WM_CLOSE:
+        CloseBox(hwnd);
+        return TRUE;
+    default:
+        return DialogColours(message, wParam);
+    }
+}

@@ -1,0 +1,225 @@
+// The program's entry: window classes, the frame window and the message loop.
+#include "shell/ZENTRIK.h"
+
+#include "build/tools.h"
+#include "project/project_commands.h"
+#include "shell/commands.h"
+#include "shell/editor.h"
+#include "shell/files.h"
+#include "shell/help.h"
+#include "shell/mdi.h"
+#include "shell/mdi_windows.h"
+#include "shell/menu.h"
+#include "shell/message_box.h"
+#include "shell/messages.h"
+#include "shell/toolbar.h"
+#include "shell/VARMORV.h"
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+constexpr char kTitle[] = "Zentrik 2.0a";
+constexpr int kToolbarHeight = 33;
+constexpr int kClientTop = kToolbarHeight + 1;
+constexpr int kClientLess = 73; // the client is that much less high than the desktop
+constexpr int kWindowsMenu = 7; // position of the menu that lists the children
+
+LRESULT CALLBACK WindowFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+
+struct WindowClass {
+    const char* name;
+    WNDPROC procedure;
+    int icon; // 0: the system's
+    int background;
+    const char* menu;
+};
+
+constexpr WindowClass kClasses[] = {
+    {"ZentrikWin", WindowFunc, ICON_FRAME, GRAY_BRUSH, "Zentrik_Menu"},
+    {"Main", MdiFunc, ICON_EDITOR, GRAY_BRUSH, nullptr},
+    {"Projec", MdiFunc2, ICON_PROJECT, GRAY_BRUSH, nullptr},
+    {"Dial", MdiFunc3, ICON_SYSTEM, GRAY_BRUSH, nullptr},
+    {"Message", MdiFunc4, ICON_MESSAGES, GRAY_BRUSH, nullptr},
+    {"Buttons", MdiFunc5, 0, LTGRAY_BRUSH, nullptr},
+};
+
+bool Register(const WindowClass& type) {
+    WNDCLASSA window{};
+    window.style = CS_HREDRAW | CS_VREDRAW;
+    window.lpfnWndProc = type.procedure;
+    window.hInstance = hInst;
+    window.hIcon = type.icon ? LoadIconA(hInst, MAKEINTRESOURCEA(type.icon))
+                             : LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_APPLICATION));
+    window.hCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    window.hbrBackground = static_cast<HBRUSH>(GetStockObject(type.background));
+    window.lpszMenuName = type.menu;
+    window.lpszClassName = type.name;
+    return RegisterClassA(&window) != 0;
+}
+
+int IsWindowsNt() {
+    OSVERSIONINFOA version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    return GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT ? 1 : 0;
+}
+
+void Layout() {
+    RECT desktop;
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    const int width = desktop.right - desktop.left;
+    constexpr UINT kFlags = SWP_NOZORDER | SWP_SHOWWINDOW;
+    if (nt == 0)
+        SetWindowPos(hTool, nullptr, desktop.left, desktop.top, width, kToolbarHeight, kFlags);
+    // Without a toolbar its band stays empty.
+    SetWindowPos(hMdiC, nullptr, desktop.left, desktop.top + kClientTop, width,
+                 desktop.bottom - (desktop.top + kClientLess), kFlags);
+}
+
+void CreateToolbar(HWND frame) {
+    hTool = CreateWindowExA(0, "Buttons", "", WS_CHILD, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                            CW_USEDEFAULT, frame, nullptr, hInst, nullptr);
+    if (!hTool)
+        ShowMessage(frame, "Error creacio ToolBar", kTitle);
+    ShowWindow(hTool, SW_SHOW);
+}
+
+void CreateClient(HWND frame) {
+    CLIENTCREATESTRUCT create{};
+    create.hWindowMenu = GetSubMenu(GetMenu(frame), kWindowsMenu);
+    create.idFirstChild = MdiChFirstIdent;
+    hMdiC =
+        CreateWindowExA(0, "MDICLIENT", nullptr,
+                        WS_CHILD | WS_CLIPCHILDREN | WS_VSCROLL | WS_HSCROLL | MDIS_ALLCHILDSTYLES,
+                        0, 0, 0, 0, frame, nullptr, hInst, &create);
+    if (!hMdiC)
+        ShowMessage(frame, "Error creacio finestra MdiClient", kTitle);
+    ShowWindow(hMdiC, SW_SHOW);
+}
+
+LRESULT OnCreate(HWND frame) {
+    hFrame = frame;
+    if (nt == 0)
+        CreateToolbar(frame);
+    CreateClient(frame);
+    Layout();
+    return 0;
+}
+
+LRESULT OnPaint(HWND frame) {
+    Layout();
+    PAINTSTRUCT paint;
+    BeginPaint(frame, &paint);
+    EndPaint(frame, &paint);
+    return 0;
+}
+
+// The client fills the frame until the next paint.
+LRESULT OnSize(int width, int height) {
+    MoveWindow(hMdiC, 0, 0, width, height, TRUE);
+    return 0;
+}
+
+LRESULT OnCommand(HWND frame, WPARAM wParam, LPARAM lParam) {
+    const auto commands = Commands();
+    const auto command = std::ranges::find(commands, LOWORD(wParam), &Command::id);
+    if (command != commands.end())
+        command->run(frame);
+    else
+        DefFrameProcA(frame, hMdiC, WM_COMMAND, wParam, lParam);
+    return 0;
+}
+
+LRESULT OnDestroy(HWND frame) {
+    UpdateWindow(frame);
+    ShowMessage(nullptr, "Copyright (c) 1999 the Zentrik project", "Zentrik");
+    PostQuitMessage(0);
+    return 0;
+}
+
+LRESULT CALLBACK WindowFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    nt = IsWindowsNt();
+    switch (message) {
+    case WM_CREATE:
+        return OnCreate(hwnd);
+    case WM_PAINT:
+        return OnPaint(hwnd);
+    case WM_SIZE:
+        return OnSize(LOWORD(lParam), HIWORD(lParam));
+    case WM_COMMAND:
+        return OnCommand(hwnd, wParam, lParam);
+    case WM_SYSCOMMAND:
+        if ((wParam & 0xFFF0) != SC_CLOSE)
+            break;
+        [[fallthrough]];
+    case WM_CLOSE:
+        ExitZentrik(hwnd);
+        return 0;
+    case WM_DESTROY:
+        return OnDestroy(hwnd);
+    }
+    return DefFrameProcA(hwnd, hMdiC, message, wParam, lParam);
+}
+
+void FindWorkPath() {
+    char folder[MAX_PATH] = "";
+    GetCurrentDirectoryA(sizeof folder, folder);
+    std::string path = folder;
+    if (path.ends_with('\\'))
+        path.pop_back();
+    SetText(WorkPath, path);
+}
+
+// Starts the commands' side of the program.
+void ProjectBegin(HWND hwnd) {
+    Project.Init();
+    System.Init();
+    EditState = 0;
+    FindWorkPath();
+    LoadTools();
+    const std::string temp = Text(WorkPath) + "\\temp";
+    files::RemoveFolder(temp.c_str()); // one that is not empty stays, with its old files
+    files::MakeFolder(temp.c_str());
+    for (int group = 1; group <= 8; ++group)
+        GrayMenu(hwnd, group);
+}
+
+HWND CreateFrame() {
+    const HWND frame =
+        CreateWindowExA(0, "ZentrikWin", kTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, hInst, nullptr);
+    if (!frame)
+        ShowMessage(nullptr, "Error Creacio finestra marc", kTitle);
+    ShowWindow(frame, SW_SHOWMAXIMIZED);
+    UpdateWindow(frame);
+    return frame;
+}
+
+int RunMessages() {
+    // Every dialog is modal and reads its own keys; this handle is none, so it claims no message.
+    constexpr HWND hDlg = nullptr;
+    MSG message{};
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (TranslateMDISysAccel(hMdiC, &message) || IsDialogMessageA(hDlg, &message))
+            continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+} // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE previous, LPSTR, int) {
+    hInst = instance;
+    UseMessageBoxes();
+    if (!previous && !std::ranges::all_of(kClasses, Register))
+        return 0;
+    const HWND frame = CreateFrame();
+    ProjectBegin(frame);
+    AboutZentrik(frame);
+    const int code = RunMessages();
+    ShowMessage(nullptr, "The Zentrik project", "Zentrik");
+    return code;
+}

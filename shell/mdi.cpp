@@ -1,0 +1,60 @@
+#include "shell/mdi.h"
+
+#include "shell/VARMORV.h"
+
+int EDC_ID = 50;
+
+HWND CrearMdiCh(const char* typ, const char* nom) {
+    MDICREATESTRUCTA child{};
+    child.szClass = typ;
+    child.szTitle = nom;
+    child.hOwner = hInst;
+    child.x = child.y = child.cx = child.cy = CW_USEDEFAULT;
+    child.style = WS_VISIBLE | WS_CLIPSIBLINGS | WS_OVERLAPPEDWINDOW;
+    return reinterpret_cast<HWND>(
+        SendMessageA(hMdiC, WM_MDICREATE, 0, reinterpret_cast<LPARAM>(&child)));
+}
+
+LRESULT DestroyMdiCh(HWND hwnd) {
+    // For any kind of child: only the editors count up, so identifiers may repeat.
+    EDC_ID -= 1;
+    SetActiveWindow(GetFrame());
+    NextMdi(hwnd);
+    return SendMessageA(hMdiC, WM_MDIDESTROY, reinterpret_cast<WPARAM>(hwnd), 0);
+}
+
+void RestoreMdiCh(HWND hwnd) {
+    SendMessageA(hMdiC, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(hwnd), 0);
+    SendMessageA(hMdiC, WM_MDIRESTORE, reinterpret_cast<WPARAM>(hwnd), 0);
+}
+
+int TextState(HWND& edit) {
+    edit = TextHwnd();
+    return static_cast<int>(SendMessageA(edit, EM_GETMODIFY, 0, 0));
+}
+
+HWND TextHwnd() {
+    return TopChild(GetMdi());
+}
+
+HWND GetMdi() {
+    return TopChild(hMdiC);
+}
+
+void NextMdi(HWND hwnd) {
+    SendMessageA(hMdiC, WM_MDINEXT, reinterpret_cast<WPARAM>(hwnd), 0);
+}
+
+HWND GetFrame() {
+    return GetParent(hMdiC);
+}
+
+HWND TopChild(HWND hwnd) {
+    // Without a window the system would answer with the topmost window of the desktop.
+    return hwnd ? GetTopWindow(hwnd) : nullptr;
+}
+
+bool IsEditor(HWND hwnd) {
+    char name[16] = "";
+    return GetClassNameA(hwnd, name, sizeof name) != 0 && lstrcmpiA(name, "Main") == 0;
+}

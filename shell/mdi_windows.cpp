@@ -1,0 +1,174 @@
+#include "shell/mdi_windows.h"
+
+#include "project/project_commands.h"
+#include "shell/editor.h"
+#include "shell/list_rows.h"
+#include "shell/mdi.h"
+#include "shell/menu.h"
+#include "shell/messages.h"
+#include "shell/VARMORV.h"
+#include "system/open_row.h"
+#include "system/system_commands.h"
+
+#include <span>
+
+namespace {
+
+constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
+                             ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN;
+// Not sorted: a list keeps the order in which its document puts the rows.
+constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY |
+                             LBS_HASSTRINGS | LBS_USETABSTOPS | LBS_NOINTEGRALHEIGHT;
+
+// What the project and the system window have in common.
+struct DocumentWindow {
+    std::span<const int> groups; // menu groups that follow its activation
+    int (*close)(HWND frame);    // 1 when the user cancelled
+    void (*open_row)(int index, const char* nom);
+};
+
+constexpr int kProjectGroups[] = {1, 2, 3, 4};
+constexpr int kSystemGroups[] = {5, 6};
+constexpr int kEditorGroups[] = {7};
+constexpr DocumentWindow kProject{kProjectGroups, CloseMORV, EditItem};
+constexpr DocumentWindow kSystem{kSystemGroups, CloseEngine, EditItem2};
+
+HWND hwndEdit; // the edit control last created, sized or focused
+
+bool IsClose(UINT message, WPARAM wParam) {
+    return message == WM_SYSCOMMAND && (wParam & 0xFFF0) == SC_CLOSE;
+}
+
+LRESULT PaintNothing(HWND hwnd) {
+    PAINTSTRUCT paint;
+    BeginPaint(hwnd, &paint);
+    EndPaint(hwnd, &paint);
+    return 0;
+}
+
+// The menu follows the active child, except on Windows NT. The arguments are read by the older
+// convention: 1 for activation, or the activated window in the low 16 bits.
+LRESULT FollowActivation(HWND hwnd, WPARAM wParam, LPARAM lParam, std::span<const int> groups) {
+    if (nt != 0)
+        return 0;
+    const bool active = wParam == 1 || reinterpret_cast<UINT_PTR>(hwnd) == LOWORD(lParam);
+    for (int group : groups)
+        (active ? EnableMenu : GrayMenu)(GetFrame(), group);
+    return 0;
+}
+
+HWND CreateControl(HWND hwnd, const char* type, DWORD style, int id) {
+    const HWND control =
+        CreateWindowExA(0, type, "", style, 0, 0, 0, 0, hwnd,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), hInst, nullptr);
+    ShowWindow(control, SW_SHOW);
+    return control;
+}
+
+void FillWith(HWND control, LPARAM size) {
+    MoveWindow(control, 0, 0, LOWORD(size), HIWORD(size), TRUE);
+}
+
+// A list window starts as a strip at the bottom of the desktop's width.
+void CreateList(HWND hwnd, UINT order) {
+    RECT desktop;
+    GetWindowRect(GetDesktopWindow(), &desktop);
+    SetWindowPos(hwnd, HWND_TOP, desktop.left, desktop.bottom - 230, desktop.right - desktop.left,
+                 156, SWP_SHOWWINDOW | order);
+    CreateControl(hwnd, "LISTBOX", kListStyle, 0);
+}
+
+// The messages of every list window; all others go to the default.
+LRESULT ListWindow(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT order) {
+    switch (message) {
+    case WM_CREATE:
+        CreateList(hwnd, order);
+        break;
+    case WM_SIZE:
+        FillWith(TopChild(hwnd), lParam);
+        break;
+    case WM_SETFOCUS:
+        SetFocus(TopChild(hwnd));
+        break;
+    case WM_PAINT:
+        return PaintNothing(hwnd);
+    case WM_DESTROY:
+        DestroyWindow(TopChild(hwnd));
+        return 0;
+    }
+    return DefMDIChildProcA(hwnd, message, wParam, lParam);
+}
+
+void OpenSelectedRow(const DocumentWindow& document, HWND hwnd) {
+    const ListRows rows(TopChild(hwnd));
+    const int row = rows.Selected();
+    if (row >= 0)
+        document.open_row(row, rows.RowText(row).c_str());
+}
+
+void DocumentCommand(const DocumentWindow& document, HWND hwnd, WPARAM wParam) {
+    if (HIWORD(wParam) == LBN_DBLCLK)
+        OpenSelectedRow(document, hwnd);
+    else if (HIWORD(wParam) == EN_ERRSPACE)
+        ShowMessage(hMdiC, "Text Memory excided", "Edit");
+}
+
+LRESULT DocumentProc(const DocumentWindow& document, HWND hwnd, UINT message, WPARAM wParam,
+                     LPARAM lParam, UINT order) {
+    if (IsClose(message, wParam) && document.close(GetFrame()) == 1)
+        return 0;
+    if (message == WM_COMMAND) {
+        DocumentCommand(document, hwnd, wParam);
+        return 0;
+    }
+    if (message == WM_MDIACTIVATE)
+        return FollowActivation(hwnd, wParam, lParam, document.groups);
+    return ListWindow(hwnd, message, wParam, lParam, order);
+}
+
+void CreateEdit(HWND hwnd) {
+    EnableMenu(GetFrame(), 7);
+    hwndEdit = CreateControl(hwnd, "EDIT", kEditStyle, EDC_ID);
+    EDC_ID += 1;
+}
+
+} // namespace
+
+LRESULT CALLBACK MdiFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (IsClose(message, wParam) && (IsRule() || CloseFile(hwnd) != 0))
+        return 0;
+    switch (message) {
+    case WM_CREATE:
+        CreateEdit(hwnd);
+        break;
+    case WM_SIZE:
+        hwndEdit = TopChild(hwnd);
+        FillWith(hwndEdit, lParam);
+        break;
+    case WM_SETFOCUS:
+        hwndEdit = TopChild(hwnd);
+        SetFocus(hwndEdit);
+        break;
+    case WM_MDIACTIVATE:
+        return FollowActivation(hwnd, wParam, lParam, kEditorGroups);
+    case WM_PAINT:
+        return PaintNothing(hwnd);
+    }
+    return DefMDIChildProcA(hwnd, message, wParam, lParam);
+}
+
+LRESULT CALLBACK MdiFunc2(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DocumentProc(kProject, hwnd, message, wParam, lParam, SWP_NOZORDER);
+}
+
+LRESULT CALLBACK MdiFunc3(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DocumentProc(kSystem, hwnd, message, wParam, lParam, 0);
+}
+
+LRESULT CALLBACK MdiFunc4(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    // The Debug command keeps the handle of the window closed here: its next run asks to destroy
+    // a window that is gone, which does nothing.
+    if (IsClose(message, wParam))
+        DestroyWindow(TopChild(hwnd));
+    return ListWindow(hwnd, message, wParam, lParam, 0);
+}

@@ -1,0 +1,5 @@
+// Message boxes on the screen.
+#pragma once
+
+// Has ShowMessage show real boxes.
+void UseMessageBoxes();

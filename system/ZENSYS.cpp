@@ -1,0 +1,341 @@
+#include "system/ZENSYS.h"
+
+#include "shell/mdi.h"
+#include "shell/paths.h"
+#include "shell/record_text.h"
+#include "shell/section_rows.h"
+
+namespace {
+
+// The sections as GetPos and RePos number them.
+enum Section { kFacts = 1, kOpposites, kHeader, kVariables };
+
+constexpr int kFirstSection = 3; // row of the first item when nothing stands before it
+
+} // namespace
+
+ZKSYSTEMS::ZKSYSTEMS() : hwndSys(nullptr), hwndList(nullptr) {
+    Init();
+}
+
+int ZKSYSTEMS::Init() {
+    PRul = PKnw = POpp = PHead = PVar = -1;
+    RuleState = KnowState = HeadState = VarState = InitNew = Engmod = EngineState = 0;
+    TypNum = DatNum = OppNum = 0;
+    for (auto* name : {&KTypeName, &RuleName, &RuleSizeName, &HeaderName, &VarName, &InitName,
+                       &KnowName, &EngineName, &OldVarName, &OldInitName, &IKWFile, &VarFile})
+        SetText(*name, "");
+    return 0;
+}
+
+WindowHandle ZKSYSTEMS::List() {
+    hwndList = TopChild(hwndSys);
+    return hwndList;
+}
+
+int ZKSYSTEMS::NameSys(const char* name) {
+    SetText(EngineName, name);
+    return 0;
+}
+
+int ZKSYSTEMS::CreateSys() {
+    // The window of a system that could not be opened stays until the next one takes its place.
+    if (IsWindow(hwndSys))
+        DestroyMdiCh(hwndSys);
+    hwndSys = CrearMdiCh("Dial", "System");
+    return ShowSys();
+}
+
+int ZKSYSTEMS::ShowSys() {
+    ListRows rows(List());
+    rows.Insert(0, "System Name");
+    rows.Insert(1, ItemRow(Text(EngineName)));
+    return 0;
+}
+
+bool ZKSYSTEMS::IsUntitled() const {
+    return Text(EngineName) == "untitled.lse";
+}
+
+int ZKSYSTEMS::ChangeName(const char* name) {
+    ListRows rows(List());
+    rows.Delete(0);
+    rows.Delete(0);
+    NameSys(name);
+    return ShowSys();
+}
+
+int ZKSYSTEMS::DestroySys() {
+    if (List())
+        DestroyWindow(hwndList);
+    hwndList = nullptr;
+    EngineState = 0; // names, counts and flags carry over until a new system is started
+    return 0;
+}
+
+bool ZKSYSTEMS::IsSysWin(WindowHandle hwnd) const {
+    return hwnd == hwndSys;
+}
+
+WindowHandle ZKSYSTEMS::GetHwnd() const {
+    return hwndSys;
+}
+
+int ZKSYSTEMS::GetIndex() {
+    return ListRows(List()).Selected();
+}
+
+int ZKSYSTEMS::AddTab(char* text) const {
+    PutTab(text);
+    return 0;
+}
+
+int ZKSYSTEMS::ResTab(char* text) const {
+    DropFirst(text);
+    return 0;
+}
+
+int ZKSYSTEMS::GetPos(int section) {
+    int row = section >= kFacts && RuleState == 1 ? kFirstSection + 2 : kFirstSection;
+    if (section >= kOpposites && PKnw != -1)
+        row = PKnw + DatNum + 1;
+    if (section >= kHeader && POpp != -1)
+        row = POpp + OppNum + 1;
+    if (section == kVariables && PHead != -1)
+        row = PHead + 2;
+    switch (section) {
+    case kFacts:
+        PKnw = row;
+        break;
+    case kOpposites:
+        POpp = row;
+        break;
+    case kHeader:
+        PHead = row;
+        break;
+    case kVariables:
+        PVar = row;
+        break;
+    }
+    return 0;
+}
+
+int ZKSYSTEMS::RePos(int section, int delta) {
+    auto shift = [delta](std::int32_t& position) {
+        if (position != -1)
+            position += delta;
+    };
+    if (section < kOpposites)
+        shift(PKnw);
+    if (section < kHeader)
+        shift(POpp);
+    if (section < kVariables)
+        shift(PHead);
+    if (section <= kVariables)
+        shift(PVar);
+    return 0;
+}
+
+int ZKSYSTEMS::NameRule(const char* name) {
+    PRul = kFirstSection;
+    SetText(RuleName, name);
+    SetText(RuleSizeName, WithExtension(Text(RuleName), ".siz"));
+    ListRows rows(List());
+    rows.Insert(PRul - 1, "Rules");
+    rows.Insert(PRul, ItemRow(Text(RuleName)));
+    RuleState = 1;
+    Engmod = 1;
+    return RePos(kFacts, 2);
+}
+
+int ZKSYSTEMS::NameKnw(char* name) {
+    GetPos(kFacts);
+    AddTab(name);
+    // The heading comes last, so until then the items stand one row higher.
+    ListRows(List()).Insert(PKnw - 1 + DatNum, name);
+    return RePos(kOpposites, 1);
+}
+
+int ZKSYSTEMS::TitleKnw() {
+    GetPos(kFacts);
+    ListRows(List()).Insert(PKnw - 1, "Facts Base");
+    return RePos(kOpposites, 1);
+}
+
+int ZKSYSTEMS::GetKnw(int index, char* name) {
+    GetPos(kFacts);
+    const std::string text = ItemText(ListRows(List()), PKnw + index).substr(0, kNameSize - 1);
+    std::memcpy(name, text.c_str(), text.size() + 1);
+    return 0;
+}
+
+int ZKSYSTEMS::DelKnw() {
+    if (PKnw != -1 && DatNum > 0) {
+        RePos(kOpposites, -(DatNum + 1));
+        DeleteSection(List(), PKnw, DatNum);
+    }
+    DatNum = 0;
+    PKnw = -1;
+    return 0;
+}
+
+int ZKSYSTEMS::NameOpp(char* name) {
+    GetPos(kOpposites);
+    AddTab(name);
+    ListRows(List()).Insert(POpp - 1 + OppNum, name);
+    return RePos(kHeader, 1);
+}
+
+int ZKSYSTEMS::TitleOpp() {
+    GetPos(kOpposites);
+    ListRows(List()).Insert(POpp - 1, "Opossites");
+    return RePos(kHeader, 1);
+}
+
+std::string ZKSYSTEMS::GetOpp(int index) {
+    GetPos(kOpposites);
+    return ItemText(ListRows(List()), POpp + index);
+}
+
+int ZKSYSTEMS::DelOpp() {
+    if (POpp != -1 && OppNum > 0) {
+        RePos(kHeader, -(OppNum + 1));
+        DeleteSection(List(), POpp, OppNum);
+    }
+    OppNum = 0;
+    POpp = -1;
+    return 0;
+}
+
+int ZKSYSTEMS::NameHeader(const char* name) {
+    GetPos(kHeader);
+    SetText(HeaderName, name);
+    ListRows rows(List());
+    rows.Insert(PHead - 1, "System Header");
+    rows.Insert(PHead, ItemRow(Text(HeaderName)));
+    HeadState = 1;
+    Engmod = 1;
+    return RePos(kVariables, 2);
+}
+
+int ZKSYSTEMS::NameVar(const char* WPath) {
+    GetPos(kVariables);
+    std::string base = CutAtDot(Text(EngineName));
+    if (base == "untitled")
+        base = std::string(WPath) + "\\" + base;
+    ListRows rows(List());
+    // The rows of an earlier edit; with a new section there are none at that place.
+    rows.Delete(PVar - 1);
+    rows.Delete(PVar - 1);
+    rows.Insert(PVar - 1, "System Locar Var");
+    rows.Insert(PVar, ItemRow(base + ".var"));
+    VarState = 1;
+    Engmod = 1;
+    return 0;
+}
+
+bool ZKSYSTEMS::KnwBool() const {
+    return PKnw != -1;
+}
+bool ZKSYSTEMS::IsRule(int index) const {
+    return PartOf(index, PRul, 1) != 0;
+}
+bool ZKSYSTEMS::IsHead(int index) const {
+    return PartOf(index, PHead, 1) != 0;
+}
+bool ZKSYSTEMS::IsVar(int index) const {
+    return PartOf(index, PVar, 1) != 0;
+}
+int ZKSYSTEMS::IsKnw(int index) const {
+    return PartOf(index, PKnw, DatNum);
+}
+int ZKSYSTEMS::IsOpp(int index) const {
+    return PartOf(index, POpp, OppNum);
+}
+
+int ZKSYSTEMS::DeleteRule() {
+    if (PRul != -1) {
+        DeleteSection(List(), PRul, 1);
+        RePos(kFacts, -2);
+    }
+    RuleState = 0;
+    PRul = -1;
+    SetText(RuleName, "");
+    SetText(RuleSizeName, "");
+    return 0;
+}
+
+int ZKSYSTEMS::DeleteHead() {
+    if (PHead != -1) {
+        DeleteSection(List(), PHead, 1);
+        RePos(kVariables, -2);
+    }
+    HeadState = 0;
+    PHead = -1;
+    SetText(HeaderName, "");
+    return 0;
+}
+
+int ZKSYSTEMS::DeleteVar() {
+    if (PVar != -1)
+        DeleteSection(List(), PVar, 1);
+    VarState = 0;
+    PVar = -1;
+    SetText(VarName, "");
+    SetText(VarFile, "");
+    return 0;
+}
+
+int ZKSYSTEMS::DeleteKnw(int index) {
+    if (index == -1) {
+        DelKnw();
+        KnowState = 0;
+    } else if (IsKnw(index) == 2) {
+        ListRows rows(List());
+        DatNum -= 1;
+        rows.Delete(index);
+        RePos(kOpposites, -1);
+        if (DatNum == 0) {
+            rows.Delete(PKnw - 1);
+            PKnw = -1;
+            KnowState = 0;
+            RePos(kOpposites, -1);
+        }
+    }
+    return 0;
+}
+
+int ZKSYSTEMS::DeleteOpp(int index) {
+    if (index == -1) {
+        DelOpp();
+    } else if (IsOpp(index) == 2) {
+        ListRows rows(List());
+        OppNum -= 1;
+        rows.Delete(index);
+        RePos(kHeader, -1);
+        if (OppNum == 0) {
+            rows.Delete(POpp - 1);
+            POpp = -1;
+            RePos(kHeader, -1);
+        }
+    }
+    return 0;
+}
+
+int ZKSYSTEMS::EditItem(char* text) {
+    ListRows rows(List());
+    const int index = rows.Selected();
+    const std::string row = rows.RowText(index).substr(0, kNameSize);
+    std::memcpy(text, row.c_str(), row.size() + 1);
+    if (index < 0)
+        return 0;
+    if (index == PRul)
+        return 1;
+    if (IsKnw(index) == 2)
+        return 2;
+    if (IsOpp(index) == 2)
+        return 3;
+    if (index == PHead)
+        return 4;
+    return index == PVar ? 5 : 0;
+}

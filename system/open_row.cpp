@@ -1,0 +1,101 @@
+#include "system/open_row.h"
+
+#include "resources/dde_items.h"
+#include "resources/local_variables.h"
+#include "shell/dialog.h"
+#include "shell/editor.h"
+#include "shell/mdi.h"
+#include "shell/paths.h"
+#include "shell/VARMORV.h"
+#include "system/add_resource.h"
+#include "system/rule_editor.h"
+#include "system/system_commands.h"
+
+namespace {
+
+// The rows a document's EditItem tells apart.
+constexpr int kMainRow = 1;
+constexpr int kSystemRow = 2;
+constexpr int kExternRow = 3;
+constexpr int kDdeRow = 4;
+constexpr int kResultRow = 5;
+constexpr int kRulesRow = 1;
+constexpr int kHeaderRow = 4;
+constexpr int kVariablesRow = 5;
+
+// The selected row of a document without its TAB, and its kind.
+template <class Document> int SelectedRow(Document& document, std::string& name) {
+    char text[kNameSize + 1] = "";
+    const int kind = document.EditItem(text);
+    name = text[0] ? text + 1 : "";
+    return kind;
+}
+
+void OpenSystem(const std::string& name) {
+    if (System.EngineState == 1)
+        return;
+    System.NameSys(name.c_str());
+    System.CreateSys();
+    System.OpenSys(name.c_str());
+    EnableSystemMenus(hFrame);
+}
+
+void EditDde(const std::string& name) {
+    DDEType = 1;
+    SetText(DDEFileName, name);
+    RunDialog(GetFrame(), "Dde_Box", DDEDlg);
+}
+
+void EditResults(const std::string& name) {
+    SetText(ResulFile, name);
+    Project.GetResName(WorkPath);
+    AddType = kAddResults;
+    RunDialog(GetFrame(), "Add_Box", SystemAdd);
+}
+
+void EditRules(const std::string& name) {
+    OpenEdit(name.c_str());
+    SetText(RuleFile, name);
+    SetText(RuleSize, WithExtension(name, ".siz"));
+    RunRuleEditor();
+}
+
+} // namespace
+
+// Both read the selection again from the document's own list, which also knows its kind.
+
+void EditItem(int, const char*) {
+    std::string name;
+    switch (SelectedRow(Project, name)) {
+    case kMainRow:
+    case kExternRow:
+        OpenEdit(name.c_str());
+        break;
+    case kSystemRow:
+        OpenSystem(name);
+        break;
+    case kDdeRow:
+        EditDde(name);
+        break;
+    case kResultRow:
+        EditResults(name);
+        break;
+    }
+}
+
+void EditItem2(int, const char*) {
+    std::string name;
+    int kind = SelectedRow(System, name);
+    if (kind == kRulesRow) {
+        EditRules(name);
+        // Afterwards the place of the first '.' in the path takes the part of the kind: such paths
+        // have always opened the rules once more (4) or gone on to the variables (5).
+        kind = static_cast<int>(std::min<std::size_t>(name.find('.'), kNameSize));
+    }
+    if (kind == kHeaderRow)
+        OpenEdit(name.c_str());
+    if (kind == kVariablesRow) {
+        System.GetVarName(WorkPath);
+        RunDialog(GetFrame(), "Var_Box", VarNew);
+    }
+}

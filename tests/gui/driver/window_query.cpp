@@ -1,0 +1,90 @@
+#include "tests/gui/driver/window_query.h"
+
+namespace gui {
+
+namespace {
+
+std::vector<std::string> Rows(HWND hwnd, UINT count_message, UINT length_message,
+                              UINT text_message) {
+    std::vector<std::string> rows;
+    const LRESULT count = SendMessageA(hwnd, count_message, 0, 0);
+    for (LRESULT row = 0; row < count; ++row) {
+        const LRESULT length = SendMessageA(hwnd, length_message, row, 0);
+        if (length < 0)
+            break;
+        std::string text(static_cast<std::size_t>(length) + 1, '\0');
+        const LRESULT got =
+            SendMessageA(hwnd, text_message, row, reinterpret_cast<LPARAM>(text.data()));
+        text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+        rows.push_back(text);
+    }
+    return rows;
+}
+
+} // namespace
+
+std::string ClassOf(HWND hwnd) {
+    char name[100] = "";
+    GetClassNameA(hwnd, name, sizeof name);
+    return name;
+}
+
+std::string TextOf(HWND hwnd) {
+    const LRESULT length = SendMessageA(hwnd, WM_GETTEXTLENGTH, 0, 0);
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    const LRESULT got =
+        SendMessageA(hwnd, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(got));
+    return text;
+}
+
+std::vector<HWND> ChildrenOf(HWND hwnd) {
+    std::vector<HWND> children;
+    for (HWND child = GetWindow(hwnd, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        children.push_back(child);
+    return children;
+}
+
+HWND TopChildOf(HWND hwnd) {
+    return GetWindow(hwnd, GW_CHILD);
+}
+
+std::vector<std::string> ListRows(HWND list) {
+    return Rows(list, LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT);
+}
+
+std::vector<std::string> ComboRows(HWND combo) {
+    return Rows(combo, CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT);
+}
+
+RECT PlaceIn(HWND parent, HWND hwnd) {
+    RECT place{};
+    GetWindowRect(hwnd, &place);
+    MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+std::vector<HWND> Dialogs(const Program& program) {
+    std::vector<HWND> dialogs;
+    for (HWND hwnd : program.Windows())
+        if (ClassOf(hwnd) == "#32770")
+            dialogs.push_back(hwnd);
+    return dialogs;
+}
+
+std::string Describe(const std::vector<HWND>& windows) {
+    std::string text;
+    for (HWND hwnd : windows) {
+        char title[300] = "";
+        GetWindowTextA(hwnd, title, sizeof title);
+        text.append("[").append(ClassOf(hwnd)).append(" \"").append(title).append("\"");
+        if (ClassOf(hwnd) == "#32770")
+            for (HWND child : ChildrenOf(hwnd))
+                if (ClassOf(child) == "Static")
+                    text.append(" '").append(TextOf(child)).append("'");
+        text += "] ";
+    }
+    return text;
+}
+
+} // namespace gui

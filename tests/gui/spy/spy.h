@@ -1,0 +1,26 @@
+// Questions that only a thread of the program itself can answer (menus and icons belong to a
+// process). A small DLL is hooked into the program's window thread; it answers a registered message
+// sent to any of its windows, leaving the program as it is.
+#pragma once
+
+#include <windows.h>
+
+namespace spy {
+
+constexpr char kMessageName[] = "ZentrikSpyQuestion";
+constexpr char kAnswerPrefix[] = "ZentrikSpyAnswer."; // followed by the program's process id
+constexpr char kHookName[] = "SpyHook";
+
+enum Question : WPARAM {
+    // The menu of the window as lines "depth TAB id TAB type TAB state TAB text LF", each popup
+    // followed by its items one deeper.
+    MenuTree = 1,
+    // The stock icon in a static control: its first byte is 's' (stop), '!' (exclamation),
+    // 'i', '?', 'o' (another one) or '-' (none).
+    StockIcon = 2,
+};
+
+// The answer, in a named file mapping: the text and its NUL.
+constexpr DWORD kAnswerSize = 64 * 1024;
+
+} // namespace spy
