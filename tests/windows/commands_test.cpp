@@ -1,0 +1,120 @@
+#include "shell/commands.h"
+
+#include "../core/core_test.h"
+#include "frame_window.h"
+#include "shell/editor.h"
+#include "shell/menu.h"
+#include "shell/process.h"
+#include "shell/toolbar.h"
+#include "shell/ZENTRIK.h"
+
+#include <set>
+
+namespace {
+
+using zentrik_test::Boxes;
+using zentrik_test::FrameWindow;
+using zentrik_test::TempFolder;
+
+void Run(int id) {
+    for (const Command& command : Commands())
+        if (command.id == id)
+            command.run(hFrame);
+}
+
+TEST(Commands, EveryIdentifierIsThereOnce) {
+    std::set<int> ids;
+    for (const Command& command : Commands())
+        EXPECT_TRUE(ids.insert(command.id).second) << command.id;
+    EXPECT_EQ(ids.size(), 52u);
+    EXPECT_EQ(*ids.begin(), 100);
+    EXPECT_EQ(*ids.rbegin(), 151);
+}
+
+TEST(Commands, EditCommandsReachTheActiveText) {
+    FrameWindow frame;
+    GrayMenu(hFrame, 7);
+    Run(CM_NEW_FILE);
+    EXPECT_FALSE(FrameWindow::IsGray(CM_SAVE_FILE));
+    const HWND edit = TextHwnd();
+    Boxes boxes;
+    Run(CM_UNDO);
+    EXPECT_EQ(boxes.shown, std::vector<std::string>{"Undo notification: Nothing to undo."});
+    EXPECT_EQ(boxes.messages[0].owner, edit);
+    SendMessageA(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>("word"));
+    SendMessageA(edit, EM_SETSEL, 0, -1);
+    Run(CM_CUT);
+    EXPECT_EQ(EditText(edit), "");
+    Run(CM_PASTE);
+    Run(CM_PASTE);
+    EXPECT_EQ(EditText(edit), "wordword");
+    Run(CM_UNDO);
+    EXPECT_NE(EditText(edit), "wordword");
+    EXPECT_EQ(boxes.shown.size(), 1u);
+    EditState = 0;
+}
+
+TEST(Commands, CloseFileDoesNothingWhileTheRuleEditorHasTheText) {
+    FrameWindow frame;
+    Run(CM_NEW_FILE);
+    EditRule = 1;
+    Run(CM_CLOSE_FILE);
+    EXPECT_NE(GetMdi(), nullptr);
+    EditRule = 0;
+    Run(CM_CLOSE_FILE);
+    EXPECT_EQ(GetMdi(), nullptr);
+}
+
+class ToolbarTest : public testing::Test {
+protected:
+    ToolbarTest() {
+        zentrik_test::RegisterTestClass("Buttons", MdiFunc5);
+        hTool = CreateWindowExA(0, "Buttons", "", WS_CHILD | WS_VISIBLE, 0, 0, 800, 33, hFrame,
+                                nullptr, hInst, nullptr);
+    }
+    ~ToolbarTest() override {
+        DestroyWindow(hTool);
+        hTool = nullptr;
+        EditState = 0;
+    }
+
+    FrameWindow frame_;
+};
+
+TEST_F(ToolbarTest, HasEightButtonsInTheirPlaces) {
+    const int x[] = {10, 35, 70, 95, 130, 165, 190, 215};
+    for (int i = 0; i < 8; ++i) {
+        const HWND button = GetDlgItem(hTool, TB_NEW_MORV + i);
+        ASSERT_NE(button, nullptr);
+        RECT at;
+        GetWindowRect(button, &at);
+        MapWindowPoints(nullptr, hTool, reinterpret_cast<POINT*>(&at), 2);
+        EXPECT_EQ(at.left, x[i]);
+        EXPECT_EQ(at.top, 0);
+        EXPECT_EQ(at.right - at.left, 25);
+        EXPECT_EQ(at.bottom - at.top, 25);
+    }
+    EXPECT_EQ(GetDlgItem(hTool, 18), nullptr);
+}
+
+TEST_F(ToolbarTest, ItsNewFileLeavesTheMenuAlone) {
+    nt = 1; // so that the new child's activation leaves it alone as well
+    GrayMenu(hFrame, 7);
+    SendMessageA(hTool, WM_COMMAND, TB_NEW_FILE, 0x10000);
+    EXPECT_EQ(GetMdi(), nullptr);
+    SendMessageA(hTool, WM_COMMAND, 18, 0);
+    EXPECT_EQ(GetMdi(), nullptr);
+    SendMessageA(hTool, WM_COMMAND, TB_NEW_FILE, 0xFFFF);
+    EXPECT_TRUE(IsEditor(GetMdi()));
+}
+
+TEST(Process, RunsTheLineWithoutWaiting) {
+    TempFolder temp;
+    const std::string file = temp.Path("out.txt");
+    StartProcess("", "cmd /c echo done>" + file);
+    for (int i = 0; i < 200 && temp.Content("out.txt").empty(); ++i)
+        Sleep(50);
+    EXPECT_EQ(temp.Content("out.txt"), "done\r\n");
+}
+
+} // namespace
