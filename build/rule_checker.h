@@ -3,6 +3,7 @@
 
 #include "project/project_file.h"
 #include "shell/window_handle.h"
+#include "system/rule_index.h"
 
 #include <string>
 #include <string_view>
@@ -27,3 +28,8 @@ enum class Lexical { Code, LineComment, BlockComment, String };
 // Checks the systems of a project in order. Returns false, after "Open System Error" in a box owned
 // by `owner`, when a system file cannot be read.
 bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view, WindowHandle owner);
+
+// Checks the rules of one system: `text` is its rules file, of which each record of `index` takes
+// the next `size` bytes.
+void CheckRules(std::string_view text, const std::vector<RuleIndexRecord>& index, Lexical& anul,
+                CheckView& view);

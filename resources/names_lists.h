@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+extern int TagNum; // tags added since the program started
+
 void NewTag(HWND hwnd);
 void NewResult(HWND hwnd);
 void OpenResource(HWND hwnd); // asks for a tags, results or facts base file and edits it

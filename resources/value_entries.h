@@ -13,11 +13,11 @@
 // The types offered for a variable and for a DDE item, and the one chosen at first. Any other text
 // may be typed.
 inline constexpr std::array kValueTypes{"int", "long", "char", "double"};
-constexpr const char* kFirstValueType = "long";
+inline constexpr const char* kFirstValueType = "long";
 
 // How sure an initial fact is.
-inline constexpr std::array kCertainties{"FULL",       "VERYHIGH", "HIGH",    "NOTVERYHIGH", "NORMAL",
-                                  "NOTVERYLOW", "LOW",      "VERYLOW", "NULL"};
+inline constexpr std::array kCertainties{
+    "FULL", "VERYHIGH", "HIGH", "NOTVERYHIGH", "NORMAL", "NOTVERYLOW", "LOW", "VERYLOW", "NULL"};
 
 // The text before the first blank of a row: the name it is about.
 std::string FirstWord(std::string_view row);

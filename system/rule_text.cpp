@@ -111,8 +111,7 @@ private:
         const std::ptrdiff_t r = FindStr(kRule, out_, static_cast<std::ptrdiff_t>(scan_));
         CopyThroughEndRule(e);
         if (r != -1) {
-            InsText(out_, " " + std::to_string(Number()), static_cast<std::size_t>(r) + kRule.size(),
-                    0);
+            out_.replace(static_cast<std::size_t>(r), kRule.size(), RuleName(Number()));
             result_.numbers_changed = true;
             scan_ = out_.size();
             return static_cast<std::size_t>(r);
@@ -144,8 +143,7 @@ private:
 
     void AddSize(std::size_t start) {
         const std::ptrdiff_t q = rules_.From(at_);
-        const std::size_t next =
-            q == -1 ? scan_ : out_.size() + static_cast<std::size_t>(q - at_);
+        const std::size_t next = q == -1 ? scan_ : out_.size() + static_cast<std::size_t>(q - at_);
         result_.sizes.push_back(static_cast<std::int32_t>(next - start));
     }
 
@@ -164,9 +162,13 @@ std::vector<RuleIndexRecord> IndexRecords(std::string_view index) {
 
 } // namespace
 
-std::string RuleName(int number) { return "Rule " + std::to_string(number); }
+std::string RuleName(int number) {
+    return "Rule " + std::to_string(number);
+}
 
-RenumberedRules Renumber(std::string_view text) { return Renumbering(text).Run(); }
+RenumberedRules Renumber(std::string_view text) {
+    return Renumbering(text).Run();
+}
 
 std::string IndexBytes(const std::vector<std::int32_t>& sizes) {
     std::vector<RuleIndexRecord> records(sizes.size());
@@ -218,7 +220,7 @@ std::optional<RuleSpan> FindRule(std::string_view text, int row) {
     }
 }
 
-void RemoveRule(std::string& text, int row) {
+void CutRule(std::string& text, int row) {
     const std::optional<RuleSpan> rule = FindRule(text, row);
     if (rule && rule->end <= text.size())
         text.erase(rule->begin, rule->end - rule->begin);

@@ -11,8 +11,9 @@ ReadResult ReadSystem(const char* path, SystemFile& system) {
     std::memcpy(&head, bytes.data(), sizeof(SystemHead));
 
     // Takes the whole records that `count` claims and the file has; says whether all were there.
+    // The counts are not aligned in the head, so none may be referred to.
     std::size_t at = sizeof(SystemHead);
-    auto take = [&]<class Record>(std::vector<Record>& records, std::int32_t& count) {
+    auto take = [&]<class Record>(std::vector<Record>& records, std::int32_t count) {
         const std::size_t there = (bytes.size() - at) / sizeof(Record);
         const std::size_t claimed = count > 0 ? static_cast<std::size_t>(count) : 0;
         const std::size_t taken = std::min(there, claimed);
@@ -20,12 +21,12 @@ ReadResult ReadSystem(const char* path, SystemFile& system) {
         if (taken > 0)
             std::memcpy(records.data(), bytes.data() + at, taken * sizeof(Record));
         at += taken * sizeof(Record);
-        const bool whole = count >= 0 && taken == claimed;
-        count = static_cast<std::int32_t>(taken);
-        return whole;
+        return count >= 0 && taken == claimed;
     };
     const bool facts_whole = take(system.facts, head.DatNum);
     const bool opposites_whole = take(system.opposites, head.OppNum);
+    head.DatNum = static_cast<std::int32_t>(system.facts.size());
+    head.OppNum = static_cast<std::int32_t>(system.opposites.size());
     return facts_whole && opposites_whole ? ReadResult::Ok : ReadResult::Damaged;
 }
 

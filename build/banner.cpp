@@ -1,0 +1,41 @@
+#include "build/banner.h"
+
+#include "shell/paths.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t kWidth = 46; // of a centred text; the rules are one character wider in all
+
+void RuleLine(OutputFile& han) {
+    WriteFile(han, std::string(51, '/'), 1);
+}
+
+} // namespace
+
+void MCent(OutputFile& han, std::string_view mis) {
+    const std::size_t space = kWidth - std::min(mis.size(), kWidth);
+    WriteFile(han, "//", 0);
+    WriteFile(han, std::string(space / 2, ' '), 0);
+    WriteFile(han, mis, 0);
+    WriteFile(han, std::string(space - space / 2, ' '), 0);
+    WriteFile(han, "//", 1);
+}
+
+void EsqCap(OutputFile& han, const char* Nom) {
+    RuleLine(han);
+    MCent(han, Stem(Nom));
+    RuleLine(han);
+    MCent(han, "Code Create by Zentrik 2.0a");
+    MCent(han, "Copyright (c) 1999 the Zentrik project");
+    MCent(han, "Author: the Zentrik project");
+    MCent(han, "Tutor: the Zentrik project");
+    RuleLine(han);
+}
+
+void IncludeLine(OutputFile& han, std::string_view file) {
+    WriteFile(han, "#include \"", 0);
+    WriteFile(han, file, 0);
+    WriteFile(han, "\"", 1);
+}

@@ -1,0 +1,6 @@
+	/* One round of supervision: the burner first, for the steam
+	   rules rest on what it found. */
+	ActivatSB = si;
+	burner.engine();
+	steam.engine();
+	ActivatSB = no;

@@ -1,0 +1,275 @@
+#include "resources/facts_base.h"
+
+#include "resources/fact_texts.h"
+#include "resources/facts_file.h"
+#include "resources/knowledge_types.h"
+#include "resources/list_texts.h"
+#include "resources/numbers.h"
+#include "resources/record_files.h"
+#include "shell/dialog.h"
+#include "shell/file_dialogs.h"
+#include "shell/file_helpers.h"
+#include "shell/list_rows.h"
+#include "shell/messages.h"
+#include "shell/ZENTRIK.h"
+
+char KnowFileName[kNameSize];
+int KTyp;
+
+namespace {
+
+constexpr const char* kCaption = "New Fact";
+constexpr int kNumberSize = 15;
+
+std::int32_t nid; // the identifier proposed for the next new fact
+
+// A replacement the user agreed to. It stays pending while its other fields are refused, also
+// when the editor is closed and a new facts base is named.
+int Knowrev;
+int Knownum; // the fact it replaces
+
+struct Field {
+    int id;
+    int size; // with the NUL
+    std::string FactTexts::*text;
+};
+
+constexpr Field kFields[] = {
+    {KNOW_NAME, sizeof(Dat::Name), &FactTexts::name},
+    {KNOW_DESCRIPTION, sizeof(Dat::Description), &FactTexts::description},
+    {KNOW_TYPE, sizeof(Dat::KnowType), &FactTexts::type},
+    {KNOW_UNIT, sizeof(Dat::Units), &FactTexts::unit},
+    {KNOW_LOWER_LIMIT, kNumberSize, &FactTexts::lower_limit},
+    {KNOW_HIGHER_LIMIT, kNumberSize, &FactTexts::higher_limit},
+    {KNOW_STEP, kNumberSize, &FactTexts::step},
+    {KNOW_INTERVAL, kNumberSize, &FactTexts::interval},
+    {KNOW_LOWEST, kNumberSize, &FactTexts::lowest},
+    {KNOW_LOW, kNumberSize, &FactTexts::low},
+    {KNOW_NORMAL, kNumberSize, &FactTexts::normal},
+    {KNOW_HIGH, kNumberSize, &FactTexts::high},
+    {KNOW_HIGHEST, kNumberSize, &FactTexts::highest},
+    {KNOW_IDENT, kNumberSize, &FactTexts::ident},
+};
+
+FactTexts FieldsOf(HWND hwnd) {
+    FactTexts texts;
+    for (const Field& field : kFields)
+        texts.*field.text = ControlText(hwnd, field.id, field.size);
+    return texts;
+}
+
+void ShowFields(HWND hwnd, const FactTexts& texts) {
+    for (const Field& field : kFields)
+        SetDlgItemTextA(hwnd, field.id, (texts.*field.text).c_str());
+}
+
+// Empties every field and proposes the next identifier.
+void ShowNewFact(HWND hwnd) {
+    FactTexts texts;
+    texts.ident = NumberText(nid);
+    ShowFields(hwnd, texts);
+}
+
+Answer Tell(HWND hwnd, const char* text, Buttons buttons = Buttons::Ok) {
+    return ShowMessage(hwnd, text, kCaption, buttons, Icon::Exclamation);
+}
+
+void ListTypes(HWND hwnd, std::span<const std::string> added) {
+    const HWND list = GetDlgItem(hwnd, KNOW_TYPES);
+    ListRows(list).Clear();
+    AddRows(list, std::vector<std::string>{"DETECTION", "DIAGNOSTIC", "ACTION"});
+    AddRows(list, added);
+}
+
+// Lists the facts of the file again and returns them.
+std::vector<Dat> ListFacts(HWND hwnd) {
+    std::vector<Dat> facts;
+    if (!ReadOrCreate(KnowFileName, facts))
+        GetErr();
+    std::vector<std::string> names;
+    names.reserve(facts.size());
+    for (const Dat& fact : facts)
+        names.push_back(Text(fact.Name));
+    const HWND list = GetDlgItem(hwnd, KNOW_FACTS);
+    ListRows(list).Clear();
+    AddRows(list, names);
+    return facts;
+}
+
+void CreateFacts() {
+    const int han = files::Open(KnowFileName, files::Mode::Create);
+    if (han == -1)
+        SaveErr();
+    files::Close(han);
+}
+
+void Open(HWND hwnd) {
+    for (const Field& field : kFields)
+        SendDlgItemMessageA(hwnd, field.id, EM_SETLIMITTEXT, field.size - 1, 0);
+    KTypeFileName[0] = '\0';
+    nid = 1;
+    if (KTyp == 1) {
+        nid = NextIdent(ListFacts(hwnd));
+        Knowrev = 0;
+        SetText(KTypeFileName, TypesFileOf(KnowFileName));
+        ListTypes(hwnd, NamesIn(KTypeFileName));
+    } else {
+        CreateFacts();
+        ListTypes(hwnd, {});
+    }
+    SetDlgItemTextA(hwnd, KNOW_IDENT, NumberText(nid).c_str());
+}
+
+void ShowFact(HWND hwnd) {
+    const int row = ListRows(GetDlgItem(hwnd, KNOW_FACTS)).Selected();
+    if (row < 0)
+        return;
+    Dat fact;
+    if (ReadFact(KnowFileName, static_cast<std::size_t>(row), fact))
+        ShowFields(hwnd, TextsOf(fact));
+    // A replacement that is still pending now goes to the first fact.
+    Knownum = 0;
+}
+
+void TakeType(HWND hwnd) {
+    const ListRows types(GetDlgItem(hwnd, KNOW_TYPES));
+    if (types.Selected() >= 0)
+        SetDlgItemTextA(hwnd, KNOW_TYPE, types.RowText(types.Selected()).c_str());
+}
+
+// Puts the proposed identifier back when another one was typed for a new fact.
+void ProposeIdent(HWND hwnd, const FactTexts& texts) {
+    if (WholeNumberIn(texts.ident) != nid)
+        SetDlgItemTextA(hwnd, KNOW_IDENT, NumberText(nid).c_str());
+}
+
+// Asks whether the fact in `row` is replaced, which then is pending.
+bool AgreeToReplace(HWND hwnd, int row) {
+    if (Tell(hwnd, "Fats already exist, modify?", Buttons::YesNo) != Answer::Yes)
+        return false;
+    Knowrev = 1;
+    Knownum = row;
+    return true;
+}
+
+bool TypeIsListed(HWND hwnd, const FactTexts& texts) {
+    if (texts.type.empty()) {
+        Tell(hwnd, "Type must be defined");
+        return false;
+    }
+    if (ListRows(GetDlgItem(hwnd, KNOW_TYPES)).FindExact(texts.type) < 0) {
+        Tell(hwnd, "Fats Type not defined");
+        return false;
+    }
+    return true;
+}
+
+// Row i of the list is fact i of the file, so a file that was changed behind the list is listed
+// again. Returns false when the fact could not be written.
+bool Append(HWND hwnd, const Dat& fact) {
+    ListRows rows(GetDlgItem(hwnd, KNOW_FACTS));
+    const int at = AppendFact(KnowFileName, fact);
+    if (at == rows.Count())
+        rows.Add(Text(fact.Name));
+    else if (at != -1)
+        ListFacts(hwnd);
+    return at != -1;
+}
+
+// Carries out the pending replacement. Returns false when the fact could not be written.
+bool Replace(HWND hwnd, const Dat& fact) {
+    const HWND list = GetDlgItem(hwnd, KNOW_FACTS);
+    ListRows rows(list);
+    const int row = std::min(Knownum, rows.Count());
+    Knowrev = Knownum = 0;
+    if (!ReplaceFact(KnowFileName, static_cast<std::size_t>(row), fact))
+        return false;
+    const ListFill fill(list);
+    rows.Delete(row);
+    rows.Insert(row, Text(fact.Name));
+    return true;
+}
+
+void Add(HWND hwnd) {
+    const FactTexts texts = FieldsOf(hwnd);
+    if (texts.name.empty()) {
+        Tell(hwnd, "Name must be defined");
+        return;
+    }
+    const int known = ListRows(GetDlgItem(hwnd, KNOW_FACTS)).FindExact(texts.name);
+    if (known < 0)
+        ProposeIdent(hwnd, texts);
+    else if (!AgreeToReplace(hwnd, known))
+        return;
+    if (!TypeIsListed(hwnd, texts))
+        return;
+    Dat fact = FactOf(texts);
+    // Not from its field, which shows 5 digits only.
+    if (known < 0)
+        fact.Ident = nid;
+    if (!(Knowrev == 1 ? Replace(hwnd, fact) : Append(hwnd, fact))) {
+        SaveErr();
+        return;
+    }
+    if (fact.Ident == nid)
+        nid = IdentAfter(nid);
+    ShowNewFact(hwnd);
+}
+
+void Remove(HWND hwnd) {
+    ListRows rows(GetDlgItem(hwnd, KNOW_FACTS));
+    const int row = rows.Selected();
+    if (row < 0)
+        return;
+    if (RemoveFact(KnowFileName, static_cast<std::size_t>(row)))
+        rows.Delete(row);
+    else
+        SaveErr();
+}
+
+void AddType(HWND hwnd) {
+    SetText(KTypeFileName, TypesFileOf(KnowFileName));
+    // Without an owner: the facts base stays usable meanwhile.
+    RunDialog(nullptr, "KnowType_Box", TypeKnowledge);
+    ListTypes(hwnd, NamesIn(KTypeFileName));
+}
+
+void Command(HWND hwnd, WPARAM wParam) {
+    if (Notified(wParam, KNOW_FACTS, LBN_DBLCLK))
+        ShowFact(hwnd);
+    else if (Notified(wParam, KNOW_TYPES, LBN_DBLCLK))
+        TakeType(hwnd);
+    else if (Notified(wParam, IDOK, BN_CLICKED))
+        Add(hwnd);
+    else if (Notified(wParam, KNOW_REMOVE, BN_CLICKED))
+        Remove(hwnd);
+    else if (Notified(wParam, KNOW_ADD_TYPE, BN_CLICKED))
+        AddType(hwnd);
+    else if (Notified(wParam, KNOW_CLOSE, BN_CLICKED) || Notified(wParam, IDCANCEL, BN_CLICKED))
+        EndDialog(hwnd, 0);
+}
+
+} // namespace
+
+INT_PTR CALLBACK KnowledgeNew(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+    case WM_INITDIALOG:
+        Open(hwnd);
+        return TRUE;
+    case WM_COMMAND:
+        Command(hwnd, wParam);
+        return TRUE;
+    default:
+        return DialogColours(message, wParam);
+    }
+}
+
+void NewKnowledge(HWND hwnd) {
+    char name[kNameSize];
+    if (SaveDlg("Facts Base Resource (*.fac)\0*.fac\0 All Files (*.*)\0*.*\0",
+                "Save Facts Base As...", ".fac", name, OFN_OVERWRITEPROMPT) != 0)
+        return;
+    KTyp = 0;
+    SetText(KnowFileName, name);
+    RunDialog(hwnd, "Knowledge_Box", KnowledgeNew);
+}

@@ -1,0 +1,178 @@
+#include "system/add_resource.h"
+
+#include "resources/list_texts.h"
+#include "resources/record_files.h"
+#include "shell/dialog.h"
+#include "shell/file_helpers.h"
+#include "shell/list_rows.h"
+#include "shell/mdi.h"
+#include "shell/VARMORV.h"
+#include "shell/ZENTRIK.h"
+
+#include <array>
+#include <unordered_set>
+
+namespace {
+
+constexpr int kMostSelected = 20; // of one Add or Remove
+
+// The names of the facts the system has.
+std::vector<std::string> SystemFacts() {
+    std::vector<std::string> names;
+    for (int i = 0; i < System.DatNum; ++i) {
+        char name[kNameSize + 1] = "";
+        System.GetKnw(i, name);
+        names.push_back(Text(name));
+    }
+    return names;
+}
+
+// The names of the facts the system's facts base offers.
+std::vector<std::string> BaseFacts() {
+    std::vector<Dat> facts;
+    ReadOrCreate(System.KnowName, facts);
+    std::vector<std::string> names;
+    names.reserve(facts.size());
+    for (const Dat& fact : facts)
+        names.push_back(Text(fact.Name));
+    return names;
+}
+
+void Open(HWND hwnd) {
+    std::vector<std::string> chosen;
+    std::vector<std::string> offered;
+    if (AddType == kAddFacts) {
+        chosen = SystemFacts();
+        offered = BaseFacts();
+    } else {
+        chosen = NamesIn(Project.OldResAux);
+        offered = NamesIn(ResulFile);
+    }
+    const std::unordered_set<std::string> taken(chosen.begin(), chosen.end());
+    std::erase_if(offered, [&](const std::string& name) { return taken.contains(name); });
+    AddRows(GetDlgItem(hwnd, ADD_CHOSEN), chosen);
+    AddRows(GetDlgItem(hwnd, ADD_OFFERED), offered);
+}
+
+// The first selected rows of a list. Rows the selection does not set are -1.
+struct Selection {
+    int count = 0;
+    std::array<int, kMostSelected + 1> rows;
+};
+
+Selection Selected(HWND list) {
+    Selection selection;
+    selection.rows.fill(-1);
+    const LRESULT got = SendMessageA(list, LB_GETSELITEMS, kMostSelected,
+                                     reinterpret_cast<LPARAM>(selection.rows.data()));
+    selection.count = std::clamp(static_cast<int>(got), 0, kMostSelected);
+    return selection;
+}
+
+// Deletes the first `count` rows of a selection from top to bottom.
+void DeleteRows(HWND list, const Selection& selection, int count) {
+    ListRows rows(list);
+    for (int deleted = 0; deleted < count; ++deleted)
+        rows.Delete(selection.rows[static_cast<std::size_t>(deleted)] - deleted);
+}
+
+void AddSelected(HWND hwnd) {
+    const HWND offered = GetDlgItem(hwnd, ADD_OFFERED);
+    const HWND chosen = GetDlgItem(hwnd, ADD_CHOSEN);
+    const Selection selection = Selected(offered);
+    const std::vector<std::string> there = RowTexts(chosen);
+    std::unordered_set<std::string> taken(there.begin(), there.end());
+    const ListFill fill_offered(offered);
+    const ListFill fill_chosen(chosen);
+    for (int i = 0; i < selection.count; ++i) {
+        const std::string name =
+            ListRows(offered).RowText(selection.rows[static_cast<std::size_t>(i)]);
+        if (taken.insert(name).second)
+            ListRows(chosen).Add(name);
+    }
+    DeleteRows(offered, selection, selection.count);
+}
+
+void RemoveSelected(HWND hwnd) {
+    const HWND offered = GetDlgItem(hwnd, ADD_OFFERED);
+    const HWND chosen = GetDlgItem(hwnd, ADD_CHOSEN);
+    const Selection selection = Selected(chosen);
+    const ListFill fill_offered(offered);
+    const ListFill fill_chosen(chosen);
+    for (int i = 0; i < selection.count; ++i)
+        ListRows(offered).Add(
+            ListRows(chosen).RowText(selection.rows[static_cast<std::size_t>(i)]));
+    // One delete more than there are rows selected, as it always was: the row behind the selection
+    // is -1, which no list has, so it takes nothing with it.
+    DeleteRows(chosen, selection, selection.count + 1);
+}
+
+void StoreFacts(const std::vector<std::string>& names) {
+    const ListFill fill(TopChild(System.hwndSys), static_cast<int>(names.size()));
+    if (System.DatNum > 0)
+        System.DelKnw();
+    for (const std::string& name : names) {
+        char text[kNameSize + 1]; // the document puts a TAB in front
+        SetText(text, std::string_view(name).substr(0, kNameSize - 1));
+        System.NameKnw(text);
+        System.DatNum += 1;
+    }
+    if (System.DatNum > 0)
+        System.TitleKnw();
+}
+
+// Returns false, with the project as it was, when the working results file cannot be written.
+bool StoreResults(const std::vector<std::string>& names) {
+    if (!WriteNames(Project.ResName, names))
+        return false;
+    Project.NameRes(ResulFile, static_cast<int>(names.size()));
+    return true;
+}
+
+void Accept(HWND hwnd) {
+    const std::vector<std::string> names = RowTexts(GetDlgItem(hwnd, ADD_CHOSEN));
+    if (AddType == kAddFacts) {
+        StoreFacts(names);
+    } else if (!StoreResults(names)) {
+        SaveErr();
+        return;
+    }
+    System.Engmod = 1; // the system's flag for the project's results, too
+    EndDialog(hwnd, 0);
+}
+
+// Also when the facts of the system were offered, the project goes back to its results file.
+void Cancel(HWND hwnd) {
+    SetText(Project.ResName, Text(Project.OldResAux));
+    SetText(Project.OldResAux, "");
+    EndDialog(hwnd, 0);
+}
+
+void Command(HWND hwnd, WPARAM wParam) {
+    if (Notified(wParam, ADD_ADD, BN_CLICKED))
+        AddSelected(hwnd);
+    else if (Notified(wParam, ADD_REMOVE, BN_CLICKED))
+        RemoveSelected(hwnd);
+    else if (Notified(wParam, ADD_OK, BN_CLICKED))
+        Accept(hwnd);
+    else if (Notified(wParam, ADD_CANCEL, BN_CLICKED) || Notified(wParam, IDCANCEL, BN_CLICKED))
+        Cancel(hwnd);
+}
+
+} // namespace
+
+INT_PTR CALLBACK SystemAdd(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+    case WM_INITDIALOG:
+        Open(hwnd);
+        return TRUE;
+    case WM_COMMAND:
+        Command(hwnd, wParam);
+        return TRUE;
+    case WM_CLOSE: // unlike Cancel and Esc it leaves the project's results file
+        EndDialog(hwnd, 0);
+        return TRUE;
+    default:
+        return DialogColours(message, wParam);
+    }
+}
