@@ -111,8 +111,7 @@ private:
         const std::ptrdiff_t r = FindStr(kRule, out_, static_cast<std::ptrdiff_t>(scan_));
         CopyThroughEndRule(e);
         if (r != -1) {
-            InsText(out_, " " + std::to_string(Number()),
-                    static_cast<std::size_t>(r) + kRule.size(), 0);
+            out_.replace(static_cast<std::size_t>(r), kRule.size(), RuleName(Number()));
             result_.numbers_changed = true;
             scan_ = out_.size();
             return static_cast<std::size_t>(r);
@@ -221,7 +220,7 @@ std::optional<RuleSpan> FindRule(std::string_view text, int row) {
     }
 }
 
-void RemoveRule(std::string& text, int row) {
+void CutRule(std::string& text, int row) {
     const std::optional<RuleSpan> rule = FindRule(text, row);
     if (rule && rule->end <= text.size())
         text.erase(rule->begin, rule->end - rule->begin);

@@ -53,7 +53,7 @@ struct RuleSpan {
 std::optional<RuleSpan> FindRule(std::string_view text, int row);
 
 // Removes rule `row`. A rule whose "EndRule" is not followed by two characters stays.
-void RemoveRule(std::string& text, int row);
+void CutRule(std::string& text, int row);
 
 // The bytes of rule `row`, empty when there is none.
 std::string RuleBytes(std::string_view text, int row);

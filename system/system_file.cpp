@@ -11,6 +11,7 @@ ReadResult ReadSystem(const char* path, SystemFile& system) {
     std::memcpy(&head, bytes.data(), sizeof(SystemHead));
 
     // Takes the whole records that `count` claims and the file has; says whether all were there.
+    // The counts are not aligned in the head, so none may be referred to.
     std::size_t at = sizeof(SystemHead);
     auto take = [&]<class Record>(std::vector<Record>& records, std::int32_t count) {
         const std::size_t there = (bytes.size() - at) / sizeof(Record);

@@ -316,32 +316,32 @@ TEST(InsText, InsertsWithAndWithoutALineEnd) {
     EXPECT_EQ(text, "abc\r\nd!");
 }
 
-TEST(RemoveRule, TakesOutTheRuleWithItsLineEnd) {
+TEST(CutRule, TakesOutTheRuleWithItsLineEnd) {
     const std::string one = "Rule 1\r\na\r\nEndRule\r\n", two = "Rule 2\r\nb\r\nEndRule\r\n";
     std::string text = one + two;
-    RemoveRule(text, 0);
+    CutRule(text, 0);
     EXPECT_EQ(text, two);
     text = "head " + one + two;
-    RemoveRule(text, 1);
+    CutRule(text, 1);
     EXPECT_EQ(text, "head " + one);
-    RemoveRule(text, 1);
-    RemoveRule(text, -1);
+    CutRule(text, 1);
+    CutRule(text, -1);
     EXPECT_EQ(text, "head " + one);
-    RemoveRule(text, 0);
+    CutRule(text, 0);
     EXPECT_EQ(text, "head ");
 }
 
-TEST(RemoveRule, TwoCharactersBehindEndRuleGoWithIt) {
+TEST(CutRule, TwoCharactersBehindEndRuleGoWithIt) {
     std::string text = "Rule 1\nEndRule\nRule 2\nEndRule\n";
-    RemoveRule(text, 0);
+    CutRule(text, 0);
     EXPECT_EQ(text, "ule 2\nEndRule\n");
 }
 
-TEST(RemoveRule, ALastRuleThatEndsTheTextStays) {
+TEST(CutRule, ALastRuleThatEndsTheTextStays) {
     for (const char* tail : {"", "\n"}) {
         const std::string text = std::string("Rule 1\r\nEndRule\r\nRule 2\r\nEndRule") + tail;
         std::string left = text;
-        RemoveRule(left, 1);
+        CutRule(left, 1);
         EXPECT_EQ(left, text);
         EXPECT_EQ(Renumber(left).sizes.size(), 2u);
     }
@@ -366,7 +366,7 @@ TEST(FindRule, StaysInBoundsOnRandomTexts) {
             text = Renumber(text).text;
         for (int row = 0; row < 12; ++row) {
             std::string left = text;
-            RemoveRule(left, row);
+            CutRule(left, row);
             ASSERT_LE(left.size(), text.size());
             ASSERT_LE(RuleBytes(text, row).size(), text.size());
         }

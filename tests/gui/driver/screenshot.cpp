@@ -1,6 +1,5 @@
 #include "tests/gui/driver/screenshot.h"
 
-#include <cstdint>
 #include <fstream>
 #include <vector>
 #include <windows.h>
@@ -9,34 +8,41 @@ namespace gui {
 
 namespace {
 
-// The screen's pixels, 24 bits each, bottom row first.
-std::vector<char> ScreenPixels(const BITMAPINFOHEADER& header) {
+// The pixels of the screen from (left, top) on, in the size and depth of `header`.
+std::vector<char> Pixels(int left, int top, const BITMAPINFOHEADER& header) {
     HDC screen = GetDC(nullptr);
     HDC memory = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, header.biWidth, header.biHeight);
+    const int height = header.biHeight;
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, header.biWidth, height);
     HGDIOBJ before = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, header.biWidth, header.biHeight, screen, 0, 0, SRCCOPY);
+    BitBlt(memory, 0, 0, header.biWidth, height, screen, left, top, SRCCOPY);
     SelectObject(memory, before);
     std::vector<char> pixels(header.biSizeImage);
     BITMAPINFO info{header, {}};
-    GetDIBits(memory, bitmap, 0, header.biHeight, pixels.data(), &info, DIB_RGB_COLORS);
+    GetDIBits(memory, bitmap, 0, height, pixels.data(), &info, DIB_RGB_COLORS);
     DeleteObject(bitmap);
     DeleteDC(memory);
     ReleaseDC(nullptr, screen);
     return pixels;
 }
 
+BITMAPINFOHEADER Header(int width, int height, WORD bits) {
+    BITMAPINFOHEADER header{};
+    header.biSize = sizeof header;
+    header.biWidth = width;
+    header.biHeight = height;
+    header.biPlanes = 1;
+    header.biBitCount = bits;
+    header.biSizeImage = (width * bits / 8 + 3) / 4 * 4 * height;
+    return header;
+}
+
 } // namespace
 
 bool SaveScreenshot(const std::string& path) {
-    BITMAPINFOHEADER header{};
-    header.biSize = sizeof header;
-    header.biWidth = GetSystemMetrics(SM_CXSCREEN);
-    header.biHeight = GetSystemMetrics(SM_CYSCREEN);
-    header.biPlanes = 1;
-    header.biBitCount = 24;
-    header.biSizeImage = (header.biWidth * 3 + 3) / 4 * 4 * header.biHeight;
-    const std::vector<char> pixels = ScreenPixels(header);
+    const BITMAPINFOHEADER header =
+        Header(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), 24);
+    const std::vector<char> pixels = Pixels(0, 0, header);
 
     BITMAPFILEHEADER file{};
     file.bfType = 0x4D42;
@@ -47,6 +53,11 @@ bool SaveScreenshot(const std::string& path) {
     out.write(reinterpret_cast<const char*>(&header), sizeof header);
     out.write(pixels.data(), static_cast<std::streamsize>(pixels.size()));
     return static_cast<bool>(out.flush());
+}
+
+std::vector<char> ScreenPixels(const RECT& place) {
+    return Pixels(place.left, place.top,
+                  Header(place.right - place.left, place.bottom - place.top, 32));
 }
 
 } // namespace gui

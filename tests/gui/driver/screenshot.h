@@ -1,10 +1,15 @@
 #pragma once
 
 #include <string>
+#include <vector>
+#include <windows.h>
 
 namespace gui {
 
 // Saves the whole screen as a BMP file. Returns false when that fails.
 bool SaveScreenshot(const std::string& path);
+
+// The pixels of a part of the screen, 32 bits each.
+std::vector<char> ScreenPixels(const RECT& place);
 
 } // namespace gui

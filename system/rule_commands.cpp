@@ -1,0 +1,271 @@
+#include "system/rule_commands.h"
+
+#include "shell/editor.h"
+#include "shell/file_dialogs.h"
+#include "shell/file_helpers.h"
+#include "shell/list_rows.h"
+#include "shell/messages.h"
+#include "shell/paths.h"
+#include "shell/ZENTRIK.h"
+#include "system/rule_editor.h"
+#include "system/rule_text.h"
+#include "system/rule_window.h"
+
+char RuleFile[kNameSize];
+char RuleSize[kNameSize];
+int RuleNum;
+int mod;
+
+namespace {
+
+constexpr char kUntitled[] = "untitled.rul";
+constexpr char kFilter[] = "MORV Rules Files (*.rul)\0*.rul\0";
+constexpr char kTitle[] = "Save MORV Rules As..."; // of the open dialogs, too
+
+bool IsUntitled() {
+    return Text(RuleFile) == kUntitled;
+}
+
+void NameFiles(const std::string& path) {
+    SetText(RuleFile, path);
+    SetText(RuleSize, WithExtension(path, ".siz"));
+    SetWindowTextA(RuleChild(), RuleFile);
+}
+
+// False when cancelled.
+bool AskForName() {
+    char name[kNameSize];
+    if (SaveDlg(kFilter, kTitle, ".rul", name, OFN_OVERWRITEPROMPT) != 0)
+        return false;
+    NameFiles(name);
+    return true;
+}
+
+ListRows RulesList(HWND dialog) {
+    return ListRows(GetDlgItem(dialog, RULE_RULES));
+}
+
+void FillRules(HWND dialog, const std::vector<std::string>& names) {
+    const ListFill fill(GetDlgItem(dialog, RULE_RULES), static_cast<int>(names.size()),
+                        static_cast<int>(names.size() * sizeof "Rule 10000"));
+    ListRows rules = RulesList(dialog);
+    rules.Clear();
+    for (const std::string& name : names)
+        rules.Add(name);
+}
+
+void ShowCount(HWND dialog) {
+    SetDlgItemTextA(dialog, RULE_COUNT, RuleName(RuleNum).c_str());
+}
+
+void SetChanged() {
+    mod = 1;
+    SetRuleTextChanged();
+}
+
+void AppendText(const std::string& string) {
+    std::string text = EditText(RuleEdit());
+    InsText(text, string, text.size(), 0);
+    PutRuleText(text);
+    SetChanged();
+}
+
+// The path of the index file; empty when the rules file stands under it (a path without room for
+// the extension, or one that has it), for then there is no place for an index.
+std::string IndexPath() {
+    return lstrcmpiA(RuleSize, RuleFile) == 0 ? "" : Text(RuleSize);
+}
+
+// False when there is no index file.
+bool ReadIndex(std::string& index) {
+    const std::string path = IndexPath();
+    return !path.empty() && files::ReadWhole(path.c_str(), files::Mode::Update, index);
+}
+
+void WriteIndex(const std::vector<std::int32_t>& sizes) {
+    const std::string path = IndexPath();
+    if (!path.empty() && !files::ReplaceWhole(path.c_str(), IndexBytes(sizes)))
+        SaveErr();
+}
+
+// Asks to save a changed text before it is left. False when that was cancelled, or when the text
+// was to be saved and could not be.
+bool Leave(HWND dialog) {
+    if (!RuleEdit())
+        return true;
+    if (mod != 1)
+        mod = SendMessageA(RuleEdit(), EM_GETMODIFY, 0, 0) != 0 ? 1 : 0;
+    if (mod != 1)
+        return true;
+    switch (ShowMessage(dialog, "Rules File has been changed. Save before Close?", "Rules",
+                        Buttons::YesNoCancel)) {
+    case Answer::Yes:
+        // Without a name it is saved as what it is called now.
+        if (IsUntitled())
+            AskForName();
+        return SaveRules(dialog);
+    case Answer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void SaveAndCount(HWND dialog) {
+    SaveRules(dialog);
+    RuleNum = RulesList(dialog).Count();
+    ShowCount(dialog);
+}
+
+} // namespace
+
+void ListIndex(HWND dialog) {
+    RuleNum = 0;
+    std::string index;
+    if (!ReadIndex(index))
+        return;
+    const IndexedRules rules = FirstRules(index);
+    FillRules(dialog, rules.names);
+    RuleNum = rules.count;
+}
+
+int ReNumRules(HWND dialog, int write) {
+    if (!RuleEdit())
+        return -1;
+    const int selected = RulesList(dialog).Selected();
+    const RenumberedRules rules = Renumber(EditText(RuleEdit()));
+    if (write == 1)
+        WriteIndex(rules.sizes);
+    PutRuleText(rules.text);
+    // The walk over the rules always ends where none is left, and leaves the end of the text shown.
+    ScrollToRuleTextEnd();
+    RuleNum = static_cast<int>(rules.sizes.size());
+    std::vector<std::string> names;
+    for (int n = 1; n <= RuleNum; ++n)
+        names.push_back(RuleName(n));
+    FillRules(dialog, names);
+    return rules.numbers_changed ? -1 : selected;
+}
+
+bool SaveRules(HWND dialog) {
+    if (!RuleEdit())
+        return false;
+    ReNumRules(dialog, 1);
+    if (!WriteEdit(RuleEdit(), RuleFile)) {
+        SaveErr();
+        SetChanged();
+        return false;
+    }
+    mod = 0;
+    return true;
+}
+
+void AddRule(HWND dialog) {
+    if (!RuleEdit())
+        return;
+    RuleNum += 1;
+    AppendText(RuleName(RuleNum));
+    ShowCount(dialog);
+}
+
+void EndRule(HWND dialog) {
+    ReNumRules(dialog, 0);
+    SetChanged();
+}
+
+void InsertTag(HWND dialog) {
+    const ListRows tags(GetDlgItem(dialog, RULE_TAGS));
+    if (RuleEdit() && tags.Selected() >= 0)
+        AppendText(tags.RowText(tags.Selected()));
+}
+
+void CloseRules(HWND dialog) {
+    if (!Leave(dialog))
+        return;
+    DestroyRuleWindow();
+    mod = 0;
+    EditRule = 0;
+    EndDialog(dialog, 0);
+}
+
+void NewRules(HWND dialog) {
+    if (!Leave(dialog))
+        return;
+    DestroyRuleWindow();
+    NameFiles(kUntitled);
+    EditRule = 1;
+    RulesList(dialog).Clear();
+    OpenEdit(RuleFile);
+    HoldRuleWindow();
+    FlashWindow(RuleChild(), TRUE);
+    mod = 0;
+    RuleNum = 0;
+    ShowCount(dialog);
+}
+
+void OpenRules(HWND dialog) {
+    char name[kNameSize];
+    if (!Leave(dialog) || OpenDlg(kFilter, kTitle, ".rul", name, 0) != 0)
+        return;
+    NameFiles(name);
+    std::string index, text;
+    ReadIndex(index);
+    const IndexedRules rules = AllRules(index);
+    FillRules(dialog, rules.names);
+    RuleNum = rules.count;
+    files::ReadWhole(RuleFile, files::Mode::Read, text);
+    LoadRuleText(text);
+    mod = 0;
+    ShowCount(dialog);
+}
+
+void SaveRulesFile(HWND dialog) {
+    if (RuleEdit() && (!IsUntitled() || AskForName()))
+        SaveAndCount(dialog);
+}
+
+void SaveRulesFileAs(HWND dialog) {
+    if (RuleEdit() && AskForName())
+        SaveAndCount(dialog);
+}
+
+void RemoveRule(HWND dialog) {
+    const int row = ReNumRules(dialog, 0);
+    if (row == -1)
+        return;
+    std::string text = EditText(RuleEdit());
+    CutRule(text, row);
+    PutRuleText(text);
+    ReNumRules(dialog, 1);
+    SetChanged();
+}
+
+void MoveRule(HWND dialog) {
+    const int row = ReNumRules(dialog, 0);
+    char name[kNameSize];
+    if (row == -1 || OpenDlg(kFilter, kTitle, ".rul", name, 0) != 0)
+        return;
+    std::string file;
+    if (!files::ReadWhole(name, files::Mode::Update, file) ||
+        !files::ReplaceWhole(name, WithRule(file, RuleBytes(EditText(RuleEdit()), row))))
+        SaveErr();
+}
+
+void OpenTags(HWND dialog) {
+    char name[kNameSize];
+    if (OpenDlg("MORV Tags Files (*.tag)\0*.tag\0", "Open Tags Files", ".tag", name, 0) != 0)
+        return;
+    std::vector<TagRecord> records;
+    if (!ReadRecords(name, files::Mode::Update, records))
+        GetErr();
+    const HWND list = GetDlgItem(dialog, RULE_TAGS);
+    const ListFill fill(list, static_cast<int>(records.size()),
+                        static_cast<int>(records.size()) * kTagSize);
+    ListRows tags(list);
+    for (const TagRecord& record : records)
+        tags.Add(Text(record.name));
+}
+
+void CloseTags(HWND dialog) {
+    ListRows(GetDlgItem(dialog, RULE_TAGS)).Clear();
+}

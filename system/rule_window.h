@@ -1,0 +1,25 @@
+// The text window the rule editor works on. It is the one that was active when the editor started
+// or made it, whatever is active later; once it is gone the functions do nothing.
+#pragma once
+
+#include <string>
+#include <windows.h>
+
+// Takes the topmost MDI child when it is the text window of the file RuleFile, else none.
+void HoldRuleWindow();
+
+HWND RuleEdit();  // its edit control; 0 when it is gone
+HWND RuleChild(); // the MDI child; 0 when it is gone
+
+// Puts a text back into the window. It counts as changed when it was or when `text` is another.
+void PutRuleText(const std::string& text);
+
+// Loads a file's text, which counts as unchanged.
+void LoadRuleText(const std::string& text);
+
+void SetRuleTextChanged();
+
+// Scrolls to the end of the text, with three lines above it.
+void ScrollToRuleTextEnd();
+
+void DestroyRuleWindow();

@@ -1,0 +1,283 @@
+// The frame: start, title, layout, edit and window commands, and the end of the program.
+#include "tests/gui/gui_test.h"
+
+#include "tests/gui/driver/failure.h"
+
+namespace gui {
+
+namespace {
+
+class FrameTest : public GuiTest {
+protected:
+    static RECT ClientPlace(const App& app) { return PlaceIn(app.Frame(), app.Client()); }
+
+    static bool IsLaidOut(const App& app) {
+        RECT desktop{};
+        GetWindowRect(GetDesktopWindow(), &desktop);
+        const RECT client = ClientPlace(app);
+        return client.left == desktop.left && client.top == desktop.top + 34 &&
+               client.right - client.left == desktop.right - desktop.left &&
+               client.bottom - client.top == desktop.bottom - (desktop.top + 73);
+    }
+
+    // Opens two editors and returns them, the older one first.
+    static std::vector<HWND> TwoEditors(App& app) {
+        app.Command(CM_NEW_FILE);
+        app.Command(CM_NEW_FILE);
+        const std::vector<HWND> editors = app.Children(kEditor);
+        return {editors.at(1), editors.at(0)};
+    }
+
+    static RECT Place(HWND hwnd) {
+        RECT place{};
+        GetWindowRect(hwnd, &place);
+        return place;
+    }
+};
+
+std::vector<std::string> StaticTexts(HWND dialog) {
+    std::vector<std::string> texts;
+    for (HWND child : ChildrenOf(dialog))
+        if (ClassOf(child) == "Static")
+            texts.push_back(TextOf(child));
+    return texts;
+}
+
+TEST_F(FrameTest, ShowsTheAboutBoxBeforeItCanBeUsed) {
+    WorkFolder work;
+    CopyTo(BinFolder() + "\\zentrik.exe", work.Path("zentrik.exe"));
+    Program program(work.Path("zentrik.exe"), work.Folder());
+    HWND about = nullptr;
+    program.WaitFor("the About box", [&] {
+        const auto dialogs = Dialogs(program);
+        about = dialogs.empty() ? nullptr : dialogs.front();
+        return about != nullptr;
+    });
+    EXPECT_EQ(TextOf(about), "About Zentrik");
+    HWND frame = GetWindow(about, GW_OWNER);
+    ASSERT_EQ(ClassOf(frame), "ZentrikWin");
+    EXPECT_FALSE(IsWindowEnabled(frame));
+    // The work folder is ready by then.
+    EXPECT_TRUE(FileExists(work.Path("temp")));
+    PostMessageA(about, WM_COMMAND, IDOK, 0);
+    program.WaitFor("a usable frame", [&] { return IsWindowEnabled(frame) && !IsWindow(about); });
+}
+
+TEST_F(FrameTest, TheAboutBoxNamesTheProgram) {
+    App& app = Run();
+    app.Start(CM_ABOUT);
+    Dialog about = app.WaitDialog("About Zentrik");
+    EXPECT_EQ(GetWindow(about.Window(), GW_OWNER), app.Frame());
+    const auto texts = StaticTexts(about.Window());
+    EXPECT_NE(std::find(texts.begin(), texts.end(), "Zentrik"), texts.end());
+    EXPECT_NE(std::find(texts.begin(), texts.end(), "Version 2.0a"), texts.end());
+    EXPECT_TRUE(std::any_of(texts.begin(), texts.end(), [](const std::string& text) {
+        return text.find("1999") != std::string::npos;
+    }));
+    EXPECT_EQ(about.Text(IDOK), "OK");
+    about.Click(IDOK);
+    app.Finish();
+    app.Start(CM_ABOUT);
+    app.WaitDialog("About Zentrik").Close();
+    app.Finish();
+}
+
+TEST_F(FrameTest, IsMaximisedAndTitled) {
+    App& app = Run();
+    EXPECT_EQ(TextOf(app.Frame()), "Zentrik 2.0a");
+    EXPECT_TRUE(IsZoomed(app.Frame()));
+    EXPECT_EQ(ClassOf(app.Frame()), "ZentrikWin");
+}
+
+TEST_F(FrameTest, EveryDocumentHasItsClass) {
+    App& app = Run(Kind::Win98);
+    app.Command(CM_NEW_MORV);
+    app.Command(CM_NEW_SYSTEM);
+    app.Command(CM_NEW_FILE);
+    app.Start(CM_DEBUG);
+    Dialog debug = app.WaitDialog("Debug");
+    debug.Press(DEBUG_START);
+    app.ExpectBox("Debug Finalitzat", "Debug");
+    app.Finish();
+    app.Finish();
+    EXPECT_EQ(TextOf(app.Child("Projec")), "MORV Project");
+    EXPECT_EQ(TextOf(app.Child("Dial")), "System");
+    EXPECT_EQ(TextOf(app.Child("Main")), "untitled");
+    EXPECT_EQ(TextOf(app.Child("Message")), "Debug Errors");
+    const auto parts = ChildrenOf(app.Frame());
+    EXPECT_TRUE(std::any_of(parts.begin(), parts.end(),
+                            [](HWND part) { return ClassOf(part) == "Buttons"; }));
+}
+
+TEST_F(FrameTest, TheClientStartsBelowTheToolbarBandOnBothPlatforms) {
+    for (Kind kind : {Kind::Nt, Kind::Win98}) {
+        App& app = Run(kind);
+        EXPECT_TRUE(IsLaidOut(app)) << "top " << ClientPlace(app).top;
+    }
+}
+
+TEST_F(FrameTest, SizingFillsTheFrameUntilTheNextPaint) {
+    App& app = Run();
+    // A hidden frame is not painted.
+    ShowWindow(app.Frame(), SW_HIDE);
+    app.Process().Send(app.Frame(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(640, 480));
+    const RECT filled = ClientPlace(app);
+    EXPECT_EQ(filled.left, 0);
+    EXPECT_EQ(filled.top, 0);
+    EXPECT_EQ(filled.right, 640);
+    EXPECT_EQ(filled.bottom, 480);
+    ShowWindow(app.Frame(), SW_SHOW);
+    app.Process().WaitFor("the layout of the paint", [&] { return IsLaidOut(app); });
+}
+
+TEST_F(FrameTest, ExitShowsTheOwnershipNoticeThenTheGroup) {
+    App& app = Run();
+    app.Start(CM_EXIT);
+    const Box notice = app.WaitBox("Zentrik");
+    EXPECT_NE(notice.text.find("1999"), std::string::npos);
+    EXPECT_EQ(notice.owner, nullptr);
+    app.Press(notice);
+    app.Finish();
+    const Box group = app.WaitBox("Zentrik");
+    EXPECT_NE(group.text, notice.text);
+    EXPECT_FALSE(group.text.empty());
+    EXPECT_EQ(group.owner, nullptr);
+    EXPECT_FALSE(IsWindow(app.Frame()));
+    app.Press(group);
+    EXPECT_EQ(app.Process().ExitCode(), 0u);
+}
+
+TEST_F(FrameTest, TheCloseBoxExitsToo) {
+    App& app = Run();
+    app.Process().Start(app.Frame(), WM_SYSCOMMAND, SC_CLOSE);
+    EXPECT_EQ(app.Farewell(), 0u);
+}
+
+TEST_F(FrameTest, OtherCommandNumbersDoNothing) {
+    App& app = Run();
+    const auto before = app.Process().Windows();
+    for (int id : {0, 1, 99, 152, 499, 500, 600, 603, 0x7FFF, 0xFFFF})
+        app.Command(id);
+    EXPECT_EQ(app.Process().Windows(), before);
+    EXPECT_TRUE(app.Children().empty());
+    app.Command(CM_NEW_MORV);
+    EXPECT_TRUE(app.HasChild(kProject));
+}
+
+TEST_F(FrameTest, UndoWithNothingToUndoSaysSo) {
+    App& app = Run();
+    app.Command(CM_NEW_FILE);
+    app.Start(CM_UNDO);
+    app.ExpectBox("Nothing to undo.", "Undo notification");
+    app.Finish();
+    app.Type("abc");
+    app.Command(CM_UNDO);
+    EXPECT_EQ(app.EditorText(), "");
+}
+
+TEST_F(FrameTest, EditCommandsWithoutAnEditorDoNoHarm) {
+    App& app = Run();
+    for (int id : {CM_CUT, CM_COPY, CM_PASTE})
+        app.Command(id);
+    app.Command(CM_NEW_MORV);
+    for (int id : {CM_CUT, CM_COPY, CM_PASTE})
+        app.Command(id);
+    EXPECT_EQ(app.Rows(kProject), (TextRows{"MORVName", "\tuntitled.mrv"}));
+}
+
+TEST_F(FrameTest, TextMovesBetweenEditors) {
+    App& app = Run();
+    const auto editors = TwoEditors(app);
+    app.Type("copied text");
+    app.Process().Send(app.Inner(kEditor), EM_SETSEL, 0, 6);
+    app.Command(CM_COPY);
+    EXPECT_EQ(app.EditorText(), "copied text");
+    app.Activate(editors[0]);
+    app.Command(CM_PASTE);
+    EXPECT_EQ(app.EditorText(), "copied");
+    app.Activate(editors[1]);
+    app.Process().Send(app.Inner(kEditor), EM_SETSEL, 6, 11);
+    app.Command(CM_CUT);
+    EXPECT_EQ(app.EditorText(), "copied");
+    app.Activate(editors[0]);
+    app.Command(CM_PASTE);
+    EXPECT_EQ(app.EditorText(), "copied text");
+}
+
+TEST_F(FrameTest, TilesAndCascades) {
+    App& app = Run();
+    const auto editors = TwoEditors(app);
+    app.Command(CM_TILE_HORIZONTAL);
+    EXPECT_EQ(Place(editors[0]).left, Place(editors[1]).left);
+    EXPECT_NE(Place(editors[0]).top, Place(editors[1]).top);
+    app.Command(CM_TILE_VERTICAL);
+    EXPECT_EQ(Place(editors[0]).top, Place(editors[1]).top);
+    EXPECT_NE(Place(editors[0]).left, Place(editors[1]).left);
+    app.Command(CM_CASCADE);
+    EXPECT_NE(Place(editors[0]).top, Place(editors[1]).top);
+    EXPECT_NE(Place(editors[0]).left, Place(editors[1]).left);
+}
+
+TEST_F(FrameTest, CascadeSkipsDisabledChildren) {
+    App& app = Run();
+    const auto editors = TwoEditors(app);
+    app.Command(CM_TILE_VERTICAL);
+    const RECT before = Place(editors[0]);
+    EnableWindow(editors[0], FALSE);
+    app.Command(CM_CASCADE);
+    const RECT after = Place(editors[0]);
+    EXPECT_TRUE(EqualRect(&before, &after));
+}
+
+TEST_F(FrameTest, ArrangesIcons) {
+    App& app = Run();
+    const auto editors = TwoEditors(app);
+    for (HWND editor : editors)
+        app.Process().Send(editor, WM_SYSCOMMAND, SC_MINIMIZE);
+    SetWindowPos(editors[0], nullptr, 300, 100, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT before = Place(editors[0]);
+    app.Command(CM_ARRANGE_ICONS);
+    EXPECT_EQ(Place(editors[0]).top, Place(editors[1]).top);
+    EXPECT_NE(Place(editors[0]).top, before.top);
+}
+
+TEST_F(FrameTest, EditControlsAreNumberedFrom50) {
+    App& app = Run();
+    const auto editors = TwoEditors(app);
+    EXPECT_EQ(GetDlgCtrlID(TopChildOf(editors[0])), 50);
+    EXPECT_EQ(GetDlgCtrlID(TopChildOf(editors[1])), 51);
+}
+
+TEST_F(FrameTest, AnyClosedChildLowersTheNextNumber) {
+    App& app = Run();
+    TwoEditors(app);
+    app.Command(CM_CLOSE_FILE);
+    app.Command(CM_NEW_FILE);
+    EXPECT_EQ(GetDlgCtrlID(app.Inner(kEditor)), 51);
+    app.Command(CM_NEW_MORV);
+    app.Command(CM_CLOSE_MORV);
+    EXPECT_FALSE(app.HasChild(kProject));
+    app.Command(CM_NEW_FILE);
+    EXPECT_EQ(GetDlgCtrlID(app.Inner(kEditor)), 51);
+}
+
+TEST_F(FrameTest, StartsWithAToolsFileOfAnyLength) {
+    for (std::size_t size : {0, 1, 255, 1019, 5000}) {
+        App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
+            PutFile(work.Path("toolfile.tol"), std::string(size, 'x'));
+        });
+        EXPECT_TRUE(app.Process().Alive());
+    }
+}
+
+TEST_F(FrameTest, OldWorkingCopiesStayWhenTheTempFolderIsNotEmpty) {
+    App& app = Run(Kind::Nt, [](const WorkFolder& work) {
+        MakeFolders(work.Path("temp"));
+        PutFile(work.Path("temp\\old.var"), "old");
+    });
+    EXPECT_EQ(FileContent(app.Path("temp\\old.var")), "old");
+}
+
+} // namespace
+
+} // namespace gui
