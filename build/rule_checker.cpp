@@ -1,5 +1,6 @@
 #include "build/rule_checker.h"
 
+#include "build/project_lists.h"
 #include "build/rule_structure.h"
 #include "shell/messages.h"
 #include "system/system_file.h"
@@ -156,7 +157,7 @@ void CheckRules(std::string_view text, const std::vector<RuleIndexRecord>& index
 bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view,
                   WindowHandle owner) {
     OppositesCheck opposites(view);
-    const int systems = std::clamp<int>(project.EngNum, 0, kMaxSystems);
+    const int systems = SystemCount(project);
     for (int i = 1; i <= systems; ++i) {
         const std::string path = Text(project.EngineNames[i]);
         view.SystemFile(path.c_str());

@@ -2,6 +2,7 @@
 
 #include "build/banner.h"
 #include "build/generated_file.h"
+#include "build/project_lists.h"
 #include "shell/record_text.h"
 
 namespace {
@@ -60,7 +61,7 @@ int CrearRulesH(const ProjectRecord& project, const char* RulesH, WindowHandle o
         return -1;
     }
     FixedHead(han, RulesH);
-    const int externs = std::clamp<int>(project.ExtNum, 0, kMaxExterns);
+    const int externs = ExternCount(project);
     for (int i = 1; i <= externs; ++i) {
         std::string text;
         if (!files::ReadWhole(Text(project.ExternFiles[i]).c_str(), files::Mode::Update, text))
@@ -70,7 +71,7 @@ int CrearRulesH(const ProjectRecord& project, const char* RulesH, WindowHandle o
     Return(han);
     WriteFile(han, "class DATAFACT;", 1);
     WriteFile(han, "class INFERENCE_ENGINE;", 1);
-    const int systems = std::clamp<int>(project.EngNum, 0, kMaxSystems);
+    const int systems = SystemCount(project);
     for (int i = 1; i <= systems; ++i)
         EngineClass(han, i);
     WriteFile(han, "///////////////    Declaracio del DATAFACTRESULT    ///////////////", 1);

@@ -2,6 +2,7 @@
 
 #include "build/banner.h"
 #include "build/generated_file.h"
+#include "build/project_lists.h"
 #include "resources/numbers.h"
 #include "resources/variable.h"
 #include "shell/messages.h"
@@ -38,7 +39,7 @@ void FileHead(OutputFile& han, const ProjectRecord& project, const char* RulesCp
           {"", "#define si 1", "#define no 0", "", "//- Informacio del sistema en concret",
            "extern Informacio DDEinfo;", "extern char *Items[];", "extern void put_box(char *);",
            "extern char hora[20];", "extern int ActivatSB;", "", "//- System Declaration"});
-    const int systems = std::clamp<int>(project.EngNum, 0, kMaxSystems);
+    const int systems = SystemCount(project);
     for (int i = 1; i <= systems; ++i)
         Line(han, {EngineName(i), " ", Stem(Text(project.EngineNames[i])), ";"});
     Lines(han, {"", "//- Extern Functions"});
@@ -205,7 +206,7 @@ int CrearRulesCpp(const ProjectRecord& project, SystemHead& last_read, const cha
     if (!han.Create(RulesCpp))
         return GiveUp(han, owner, "Creation file error", kCaption);
     FileHead(han, project, RulesCpp, fname);
-    const int externs = std::clamp<int>(project.ExtNum, 0, kMaxExterns);
+    const int externs = ExternCount(project);
     for (int i = 1; i <= externs; ++i) {
         if (CopyExt(han, Text(project.ExternFiles[i]).c_str()) != 0) {
             ShowMessage(owner, "Error During Extern Copy", kCaption);
@@ -213,7 +214,7 @@ int CrearRulesCpp(const ProjectRecord& project, SystemHead& last_read, const cha
         }
     }
     Return(han);
-    const int systems = std::clamp<int>(project.EngNum, 0, kMaxSystems);
+    const int systems = SystemCount(project);
     for (int i = 1; i <= systems; ++i) {
         WriteFile(han, "//- Systems Implementation", 1);
         Line(han, {"Begin ", EngineName(i), " ZkSystem"});

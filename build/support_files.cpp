@@ -2,6 +2,7 @@
 
 #include "build/banner.h"
 #include "build/generated_file.h"
+#include "build/project_lists.h"
 #include "resources/dde_item.h"
 #include "shell/messages.h"
 
@@ -111,7 +112,7 @@ int CollectTypes(const SupportInput& in, SystemHead& last_read, OutputFile& cons
         GetErr();
         return -1;
     }
-    const int systems = std::clamp<int>(in.project.EngNum, 0, kMaxSystems);
+    const int systems = SystemCount(in.project);
     for (int i = 1; i <= systems; ++i) {
         SystemFile system;
         const ReadResult result = ReadSystem(Text(in.project.EngineNames[i]).c_str(), system);

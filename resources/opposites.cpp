@@ -3,6 +3,7 @@
 #include "resources/list_texts.h"
 #include "resources/record_files.h"
 #include "shell/dialog.h"
+#include "shell/list_columns.h"
 #include "shell/list_rows.h"
 #include "shell/mdi.h"
 #include "shell/messages.h"
@@ -14,35 +15,6 @@ namespace {
 // The edit that last had the focus, which a double-clicked result fills. It is kept from one
 // opening of the dialog to the next.
 int CON = -1;
-
-constexpr int kColumn = 130; // where the opposites stand in the list of pairs, in dialog units
-
-// The width in pixels of a pair as the list shows it.
-int PairWidth(HWND hwnd, HWND list, const std::string& pair) {
-    RECT column{0, 0, kColumn, 0};
-    MapDialogRect(hwnd, &column);
-    const int stop = column.right;
-    const HDC dc = GetDC(list);
-    const HGDIOBJ before =
-        SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0)));
-    const DWORD extent =
-        GetTabbedTextExtentA(dc, pair.c_str(), static_cast<int>(pair.size()), 1, &stop);
-    SelectObject(dc, before);
-    ReleaseDC(list, dc);
-    constexpr int kMargin = 8;
-    return LOWORD(extent) + kMargin;
-}
-
-// Adds a pair; returns false when the list refuses it.
-bool ShowPair(HWND hwnd, const std::string& pair) {
-    const HWND list = GetDlgItem(hwnd, OPP_PAIRS);
-    if (ListRows(list).Add(pair) < 0)
-        return false;
-    const int width = PairWidth(hwnd, list, pair);
-    if (width > SendMessageA(list, LB_GETHORIZONTALEXTENT, 0, 0))
-        SendMessageA(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
-    return true;
-}
 
 // Gives the dialog's window class the background of the dialogs, for those that are made later.
 void GreyClass(HWND hwnd) {
@@ -60,17 +32,17 @@ void Open(HWND hwnd) {
     GreyClass(hwnd);
     SendDlgItemMessageA(hwnd, OPP_RESULT, EM_SETLIMITTEXT, kTagSize - 1, 0);
     SendDlgItemMessageA(hwnd, OPP_OPPOSITE, EM_SETLIMITTEXT, kTagSize - 1, 0);
-    const HWND pairs = GetDlgItem(hwnd, OPP_PAIRS);
-    int column = kColumn;
-    SendMessageA(pairs, LB_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&column));
     if (AddType != kAddResults)
         return;
     AddRows(GetDlgItem(hwnd, OPP_RESULTS), NamesIn(ResultFileName));
+    const HWND pairs = GetDlgItem(hwnd, OPP_PAIRS);
     const ListFill fill(pairs);
+    ListRows rows(pairs);
     for (int i = 0; i < System.OppNum; ++i) {
-        if (!ShowPair(hwnd, System.GetOpp(i)))
+        if (rows.Add(System.GetOpp(i)) < 0)
             break;
     }
+    AlignColumns(pairs);
 }
 
 void TakeResult(HWND hwnd) {
@@ -95,9 +67,11 @@ void Add(HWND hwnd) {
     if (!ResultIn(hwnd, OPP_RESULT, result) || !ResultIn(hwnd, OPP_OPPOSITE, opposite))
         return;
     const std::string pair = result + '\t' + opposite;
-    if (HasRow(GetDlgItem(hwnd, OPP_PAIRS), pair))
+    const HWND pairs = GetDlgItem(hwnd, OPP_PAIRS);
+    if (HasRow(pairs, pair))
         return;
-    ShowPair(hwnd, pair);
+    ListRows(pairs).Add(pair);
+    AlignColumns(pairs);
     SetDlgItemTextA(hwnd, OPP_RESULT, "");
     SetDlgItemTextA(hwnd, OPP_OPPOSITE, "");
 }

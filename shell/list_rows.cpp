@@ -15,9 +15,9 @@ LPARAM TextParam(const std::string& text) {
     return reinterpret_cast<LPARAM>(text.c_str());
 }
 
-// Lets a list with a horizontal scroll bar scroll to the end of `text`.
+// Lets a list scroll to the end of `text`; one made without a horizontal scroll bar ignores it.
 void WidenFor(HWND list, const std::string& text) {
-    if (text.size() <= kShortText || (GetWindowLongPtrA(list, GWL_STYLE) & WS_HSCROLL) == 0)
+    if (text.size() <= kShortText)
         return;
     const HDC dc = GetDC(list);
     const auto font = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
