@@ -3,7 +3,7 @@
 
 #include "../core/core_test.h"
 #include "frame_window.h"
-#include "shell/list_rows.h"
+#include "shell/section_rows.h"
 
 namespace zentrik_test {
 
@@ -43,6 +43,10 @@ inline std::string Field(const std::string& text, std::size_t size = kNameSize) 
 
 inline std::string Number(std::int32_t number) {
     return {reinterpret_cast<const char*>(&number), sizeof number};
+}
+
+inline std::string Numbered(std::string name, int number) {
+    return name += std::to_string(number);
 }
 
 // A buffer with room for a TAB, as the documents ask for.

@@ -103,17 +103,17 @@ TEST_F(ProjectCommands, AddWhatIsChosen) {
     EXPECT_EQ(boxes.shown,
               (RowTexts{"Add Externs: Duplicate Extern", "Add MORV Main: There is Opened MORV Main",
                         "Add MORV Main: There is Opened DDE"}));
-    EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\tuntitled.mrv", "Main", "\t" + Path("m.cpp"),
-                                "System", "\t" + Path("s.lse"), "Extern", "\t" + Path("e.cpp"),
-                                "DDE", "\t" + Path("d.dde")}));
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\tuntitled.mrv", "Main", ItemRow(Path("m.cpp")),
+                                "System", ItemRow(Path("s.lse")), "Extern", ItemRow(Path("e.cpp")),
+                                "DDE", ItemRow(Path("d.dde"))}));
 }
 
 TEST_F(ProjectCommands, RefuseTheNinthSystemAndTheFourthExtern) {
     NewMORV(hFrame);
     for (int i = 0; i < 8; ++i)
-        Project.NameSys(NameBuffer("s" + std::to_string(i)));
+        Project.NameSys(NameBuffer(Numbered("s", i)));
     for (int i = 0; i < 3; ++i)
-        Project.NameExt(NameBuffer("e" + std::to_string(i)));
+        Project.NameExt(NameBuffer(Numbered("e", i)));
     Boxes boxes;
     AddEngine(hFrame);
     AddExtern(hFrame);
@@ -133,7 +133,7 @@ TEST_F(ProjectCommands, SaveAsksForANameWhileUntitled) {
         SaveMORV(hFrame);
     }
     EXPECT_EQ(Project.MORVmod, 0);
-    EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\t" + Path("p.mrv")}));
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", ItemRow(Path("p.mrv"))}));
     EXPECT_EQ(temp_.Content("p.mrv").size(), 4096u);
     Project.DatHisLen = 7;
     SaveMORV(hFrame);

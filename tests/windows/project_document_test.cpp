@@ -114,21 +114,21 @@ TEST_F(ProjectDocument, PutsTheTabIntoTheCallersName) {
 TEST_F(ProjectDocument, BearsNamesOf254Characters) {
     const std::string longest(254, 'x');
     AddSys(longest);
-    EXPECT_EQ(Rows()[3], "\t" + longest);
+    EXPECT_EQ(Rows()[3], ItemRow(longest));
     EXPECT_EQ(Project.EngineNames[1], longest);
     SelectRow(Project.hwndPro, 3);
     char text[256];
     EXPECT_EQ(Project.EditItem(text), 2);
-    EXPECT_EQ(text, "\t" + longest);
+    EXPECT_EQ(text, ItemRow(longest));
     Project.DeleteSys(3);
     EXPECT_EQ(Rows().size(), 2u);
 }
 
 TEST_F(ProjectDocument, TakesNoMoreThanItsArraysHold) {
     for (int i = 1; i <= 9; ++i)
-        AddSys("s" + std::to_string(i));
+        AddSys(Numbered("s", i));
     for (int i = 1; i <= 4; ++i)
-        AddExt("e" + std::to_string(i));
+        AddExt(Numbered("e", i));
     EXPECT_EQ(Project.EngNum, 8);
     EXPECT_EQ(Project.ExtNum, 3);
     EXPECT_EQ(Rows().size(), 2u + 9 + 4);

@@ -99,15 +99,15 @@ TEST_F(ProjectSave, ShowsARemovedMainAndDdeAgainAfterReopening) {
     Project.DeleteDde();
     Project.SavePro();
     Reopen("p.mrv");
-    EXPECT_EQ(Rows(),
-              (RowTexts{"MORVName", "\t" + Path("p.mrv"), "Main", "\tmain.cpp", "DDE", "\td.dde"}));
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", ItemRow(Path("p.mrv")), "Main", "\tmain.cpp", "DDE",
+                                "\td.dde"}));
 }
 
 TEST_F(ProjectSave, OfAnEmptyProjectIs4096Bytes) {
     Project.SavePro();
     EXPECT_EQ(temp_.Content("p.mrv").size(), 4096u);
     Reopen("p.mrv");
-    EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\t" + Path("p.mrv")}));
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", ItemRow(Path("p.mrv"))}));
     EXPECT_EQ(Project.PRes, -1);
 }
 
@@ -145,7 +145,8 @@ TEST_F(ProjectSave, OverAReadOnlyFileIsRefused) {
     // It cannot be opened either: only the name is taken.
     Project.DestroyPro();
     Project.OpenPro(Path("p.mrv").c_str());
-    EXPECT_EQ(boxes.shown.back(), "Open Project: Open Error");
+    ASSERT_EQ(boxes.shown.size(), 2u);
+    EXPECT_EQ(boxes.shown[1], "Open Project: Open Error");
     EXPECT_EQ(boxes.messages.back().owner, GetDesktopWindow());
     EXPECT_EQ(Project.MORState, 0);
     EXPECT_EQ(Project.MORVName, Path("p.mrv"));
@@ -187,7 +188,7 @@ TEST_F(ProjectSave, ReadsFieldsUpToTheirNul) {
     bytes += "r.rst" + std::string(1, '\0') + std::string(249, 'z');
     temp_.Put("p.mrv", bytes);
     Reopen("p.mrv");
-    EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\t" + Path("p.mrv"), "Main", "\tmain.cpp", "Results",
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", ItemRow(Path("p.mrv")), "Main", "\tmain.cpp", "Results",
                                 "\tr.rst"}));
     Project.SavePro();
     EXPECT_EQ(temp_.Content("p.mrv").substr(0, 255), Field("main.cpp"));
@@ -257,7 +258,7 @@ TEST_F(ProjectSave, DeletingAResultPrunesTheAuxiliaryFile) {
     Project.DeleteRes(3);
     EXPECT_EQ(temp_.Content("p.aux"), Tags({"smoke"}));
     EXPECT_EQ(Rows(),
-              (RowTexts{"MORVName", "\t" + Path("p.mrv"), "Results", "\t" + Path("r2.rst")}));
+              (RowTexts{"MORVName", ItemRow(Path("p.mrv")), "Results", ItemRow(Path("r2.rst"))}));
     // The working file goes before the saved one.
     PutWorking(Tags({"smoke", "ash"}));
     Project.DeleteRes(3);
@@ -284,7 +285,7 @@ TEST_F(ProjectSave, IsQuickWithAThousandResults) {
     {
         ListFill fill(TopChild(Project.hwndPro));
         for (int i = 0; i < 1000; ++i)
-            Project.NameRes(("C:\\results\\number " + std::to_string(i) + ".rst").c_str(), 1);
+            Project.NameRes((Numbered("C:\\results\\number ", i) + ".rst").c_str(), 1);
     }
     const auto added = std::chrono::steady_clock::now();
     EXPECT_LT(added - start, std::chrono::seconds(5));

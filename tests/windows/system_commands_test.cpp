@@ -98,7 +98,7 @@ TEST_F(SystemCommands, SaveOfAnUntitledSystemForgetsTheChangesWhenCancelled) {
     steps.ChooseFile("Save MORV System As...", Path("a.lse"));
     SaveEngine(hFrame);
     EXPECT_EQ(System.Engmod, 0);
-    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\t" + Path("a.lse")}));
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("a.lse"))}));
     EXPECT_EQ(temp_.Content("a.lse").size(), 1797u);
 }
 
@@ -156,7 +156,8 @@ TEST_F(SystemCommands, OpenEnablesTheMenusOfWhatItFinds) {
     CloseEngine(hFrame);
     DestroyMdiS();
     Choose("Open MORV System", "a.lse", OpenEngine);
-    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\t" + Path("a.lse"), "System Header", "\th.cpp"}));
+    EXPECT_EQ(Rows(),
+              (RowTexts{"System Name", ItemRow(Path("a.lse")), "System Header", "\th.cpp"}));
     EXPECT_FALSE(FrameWindow::IsGray(CM_SAVE_SYSTEM));
     EXPECT_FALSE(FrameWindow::IsGray(CM_RESOURCE_REMOVE));
 }
@@ -166,7 +167,7 @@ TEST_F(SystemCommands, AFailedOpenLeavesAWindowThatCanBeClosed) {
     Choose("Open MORV System", "short.lse", OpenEngine);
     EXPECT_EQ(boxes.shown, RowTexts{"Open Engine: Open Error"});
     EXPECT_EQ(System.EngineState, 0);
-    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\t" + Path("short.lse")}));
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("short.lse"))}));
     EXPECT_EQ(CloseEngine(hFrame), 0);
     DestroyMdiS();
     EXPECT_EQ(GetMdi(), nullptr);
@@ -187,8 +188,8 @@ TEST_F(SystemCommands, AddHeaderAndRulesOnce) {
     EXPECT_EQ(boxes.shown, (RowTexts{"Add Header: There is An System Header",
                                      "Add Rules: There is An Opened Rule File",
                                      "Add Facts Base: There is an Opened Facts Base"}));
-    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\tuntitled.lse", "Rules", "\t" + Path("r.rul"),
-                                "System Header", "\t" + Path("h.cpp")}));
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\tuntitled.lse", "Rules", ItemRow(Path("r.rul")),
+                                "System Header", ItemRow(Path("h.cpp"))}));
     EXPECT_EQ(System.RuleSizeName, Path("r.siz"));
 }
 
@@ -212,7 +213,7 @@ TEST_F(SystemCommands, AddLocalVarNamesTheWorkingCopy) {
     AddLocalVar(hFrame);
     EXPECT_EQ(System.VarFile, Path("work") + "\\temp\\untitled.var");
     EXPECT_EQ(System.VarState, 1);
-    EXPECT_EQ(Rows().back(), "\t" + Path("work") + "\\untitled.var");
+    EXPECT_EQ(Rows().back(), ItemRow(Path("work")) + "\\untitled.var");
 }
 
 TEST_F(SystemCommands, InitFactsNeedsFacts) {

@@ -136,7 +136,7 @@ TEST_F(SystemSave, AnEmptySystemHasItsNameOnly) {
     EXPECT_EQ(System.SaveSys(), 0);
     EXPECT_EQ(temp_.Content("a.lse").size(), 1797u);
     EXPECT_EQ(Reopen("a.lse"), 0);
-    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\t" + Path("a.lse")}));
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("a.lse"))}));
     EXPECT_EQ(System.PKnw, -1);
 }
 
@@ -152,7 +152,7 @@ TEST_F(SystemSave, AFactGoneFromTheBaseIsCountedButNotWritten) {
     EXPECT_EQ(Reopen("a.lse"), 0);
     EXPECT_EQ(boxes.shown, RowTexts{"Open Engine: Open Error"});
     EXPECT_EQ(System.DatNum, 1);
-    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\t" + Path("a.lse"), "Facts Base", "\tfever"}));
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("a.lse")), "Facts Base", "\tfever"}));
 }
 
 TEST_F(SystemSave, CreatesAMissingFactsBase) {
@@ -239,7 +239,7 @@ TEST_F(SystemSave, MovesTheWorkingCopiesBesideTheSystem) {
     EXPECT_EQ(System.InitName, Path("a.ikw"));
     EXPECT_STREQ(System.VarFile, "");
     EXPECT_STREQ(System.IKWFile, "");
-    EXPECT_EQ(Rows().back(), "\t" + Path("a.var"));
+    EXPECT_EQ(Rows().back(), ItemRow(Path("a.var")));
     EXPECT_EQ(temp_.Content("a.lse").substr(1020, 255), Field(Path("a.var")));
     EXPECT_EQ(temp_.Content("a.lse").substr(1275, 255), Field(Path("a.ikw")));
 }
@@ -319,7 +319,7 @@ TEST_F(SystemSave, TheWindowOfAFailedOpenGivesWayToTheNext) {
     Boxes boxes;
     EXPECT_NE(Reopen("none.lse"), 0);
     const HWND left = System.hwndSys;
-    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\t" + Path("none.lse")}));
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("none.lse"))}));
     EXPECT_EQ(System.EngineState, 0);
     EXPECT_EQ(Reopen("a.lse"), 0);
     EXPECT_FALSE(IsWindow(left));
@@ -339,18 +339,18 @@ TEST_F(SystemSave, ReadsFieldsUpToTheirNul) {
     file.opposites.push_back(opposite);
     temp_.Put("z.lse", SystemBytes(file));
     EXPECT_EQ(Reopen("z.lse"), 0);
-    const std::string long_name = "\t" + std::string(254, 'z');
+    const std::string long_name = ItemRow(std::string(254, 'z'));
     const RowTexts rows = Rows();
     ASSERT_EQ(rows.size(), 12u);
     EXPECT_EQ(rows[3], long_name);
-    EXPECT_EQ(rows[5], "\t" + std::string(70, 'f'));
-    EXPECT_EQ(rows[7], "\t" + std::string(255, 'o'));
+    EXPECT_EQ(rows[5], ItemRow(std::string(70, 'f')));
+    EXPECT_EQ(rows[7], ItemRow(std::string(255, 'o')));
     EXPECT_EQ(rows[9], "\th.cpp");
     EXPECT_EQ(rows[11], long_name);
     char text[256];
     SelectRow(System.hwndSys, 7);
     EXPECT_EQ(System.EditItem(text), 3);
-    EXPECT_EQ(text, "\t" + std::string(254, 'o'));
+    EXPECT_EQ(text, ItemRow(std::string(254, 'o')));
 }
 
 TEST_F(SystemSave, IsQuickWithTenThousandFacts) {
@@ -359,7 +359,7 @@ TEST_F(SystemSave, IsQuickWithTenThousandFacts) {
     SetText(file.head.KnowName, Path("a.fac"));
     file.head.DatNum = kCount;
     for (int i = kCount; i > 0; --i)
-        file.facts.push_back(Fact("fact number " + std::to_string(i), i));
+        file.facts.push_back(Fact(Numbered("fact number ", i), i));
     std::vector<Dat> base(file.facts.rbegin(), file.facts.rend());
     temp_.Put("a.fac", FactBytes(base));
     temp_.Put("a.lse", SystemBytes(file));
