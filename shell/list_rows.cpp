@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr char kFilling[] = "ZentrikFilling"; // a property of a list that is not repainted
+
 // Texts up to this length fit every list box, so they need no measuring.
 constexpr std::size_t kShortText = 40;
 
@@ -15,9 +17,9 @@ LPARAM TextParam(const std::string& text) {
     return reinterpret_cast<LPARAM>(text.c_str());
 }
 
-// Lets a list with a horizontal scroll bar scroll to the end of `text`.
+// Lets a list scroll to the end of `text`; one made without a horizontal scroll bar ignores it.
 void WidenFor(HWND list, const std::string& text) {
-    if (text.size() <= kShortText || (GetWindowLongPtrA(list, GWL_STYLE) & WS_HSCROLL) == 0)
+    if (text.size() <= kShortText)
         return;
     const HDC dc = GetDC(list);
     const auto font = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
@@ -86,13 +88,20 @@ void ListRows::Clear() {
     Send(list_, LB_RESETCONTENT);
 }
 
-ListFill::ListFill(HWND list, int rows, int bytes) : list_(list) {
-    SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+ListFill::ListFill(HWND list, int rows, int bytes)
+    : list_(list), first_(list && !GetPropA(list, kFilling)) {
+    if (first_) {
+        SetPropA(list_, kFilling, list_);
+        SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+    }
     if (rows > 0)
         SendMessageA(list_, LB_INITSTORAGE, static_cast<WPARAM>(rows), bytes);
 }
 
 ListFill::~ListFill() {
+    if (!first_)
+        return;
+    RemovePropA(list_, kFilling);
     SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list_, nullptr, TRUE);
 }

@@ -86,10 +86,16 @@ void EditItem(int, const char*) {
 void EditItem2(int, const char*) {
     std::string name;
     int kind = SelectedRow(System, name);
+    if (kind == kRulesRow && IsRule()) {
+        RunRuleEditor(); // only comes to the front: it keeps the rules it has
+        return;
+    }
     if (kind == kRulesRow) {
         EditRules(name);
-        // Afterwards the place of the first '.' in the path takes the part of the kind: such paths
-        // have always opened the rules once more (4) or gone on to the variables (5).
+        if (!IsWindow(hMdiC))
+            return; // the program was left while the rules dialog was open
+        // Now the place of the first '.' in the path takes the part of the kind: such paths have
+        // always opened the rules once more (4) or gone on to the variables (5).
         kind = static_cast<int>(std::min<std::size_t>(name.find('.'), kNameSize));
     }
     if (kind == kHeaderRow)

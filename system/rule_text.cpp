@@ -11,30 +11,46 @@ constexpr std::string_view kRule = "Rule";
 constexpr std::string_view kEndRule = "EndRule";
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Answers FindStr for one word and every start in a text. FindStr does not look back, so where it
-// finds a word depends on where it starts; a table filled from the end knows all answers at the
-// price of one pass.
+// Answers FindStr for one word from starts that never go down. FindStr does not look back, so where
+// it finds a word depends on where it starts. A search acts only at the word's first letter; what
+// follows from each place of that letter is found in one pass from the end.
 class Finds {
 public:
-    Finds(std::string_view word, std::string_view text) : next_(text.size() + 1, -1) {
-        for (std::size_t i = text.size(); i-- > 0;) {
+    Finds(std::string_view word, std::string_view text) {
+        for (std::size_t i = text.find(word[0]); i != text.npos; i = text.find(word[0], i + 1))
+            starts_.push_back({static_cast<std::int32_t>(i), -1});
+        for (std::size_t k = starts_.size(); k-- > 0;) {
+            const auto i = static_cast<std::size_t>(starts_[k].at);
             std::size_t a = 0;
             while (a < word.size() && i + a < text.size() && text[i + a] == word[a])
                 ++a;
-            if (a == word.size())
-                next_[i] = static_cast<std::int32_t>(i);
-            else if (i + a < text.size())
-                next_[i] = next_[i + a + 1]; // goes on behind the character that broke the match
+            if (a == word.size()) {
+                starts_[k].found = starts_[k].at;
+                continue;
+            }
+            // The search goes on behind the character that broke the match.
+            std::size_t next = k + 1;
+            while (next < starts_.size() && static_cast<std::size_t>(starts_[next].at) <= i + a)
+                ++next;
+            if (next < starts_.size())
+                starts_[k].found = starts_[next].found;
         }
     }
 
     // Where the word is found from `start` on, or -1.
-    std::ptrdiff_t From(std::ptrdiff_t start) const {
-        return next_[static_cast<std::size_t>(start)];
+    std::ptrdiff_t From(std::ptrdiff_t start) {
+        while (next_ < starts_.size() && starts_[next_].at < start)
+            ++next_;
+        return next_ < starts_.size() ? starts_[next_].found : -1;
     }
 
 private:
-    std::vector<std::int32_t> next_;
+    struct Start {
+        std::int32_t at;
+        std::int32_t found;
+    };
+    std::vector<Start> starts_;
+    std::size_t next_ = 0;
 };
 
 // One walk over a text. What is finished stands in `out_`; `at_` is the first character of the

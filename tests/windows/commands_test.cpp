@@ -16,7 +16,7 @@ using zentrik_test::Boxes;
 using zentrik_test::FrameWindow;
 using zentrik_test::TempFolder;
 
-void Run(int id) {
+void RunCommand(int id) {
     for (const Command& command : Commands())
         if (command.id == id)
             command.run(hFrame);
@@ -33,22 +33,23 @@ TEST(Commands, EveryIdentifierIsThereOnce) {
 
 TEST(Commands, EditCommandsReachTheActiveText) {
     FrameWindow frame;
+    nt = 1; // so that only the command changes the menu
     GrayMenu(hFrame, 7);
-    Run(CM_NEW_FILE);
+    RunCommand(CM_NEW_FILE);
     EXPECT_FALSE(FrameWindow::IsGray(CM_SAVE_FILE));
     const HWND edit = TextHwnd();
     Boxes boxes;
-    Run(CM_UNDO);
+    RunCommand(CM_UNDO);
     EXPECT_EQ(boxes.shown, std::vector<std::string>{"Undo notification: Nothing to undo."});
     EXPECT_EQ(boxes.messages[0].owner, edit);
     SendMessageA(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>("word"));
     SendMessageA(edit, EM_SETSEL, 0, -1);
-    Run(CM_CUT);
+    RunCommand(CM_CUT);
     EXPECT_EQ(EditText(edit), "");
-    Run(CM_PASTE);
-    Run(CM_PASTE);
+    RunCommand(CM_PASTE);
+    RunCommand(CM_PASTE);
     EXPECT_EQ(EditText(edit), "wordword");
-    Run(CM_UNDO);
+    RunCommand(CM_UNDO);
     EXPECT_NE(EditText(edit), "wordword");
     EXPECT_EQ(boxes.shown.size(), 1u);
     EditState = 0;
@@ -56,12 +57,12 @@ TEST(Commands, EditCommandsReachTheActiveText) {
 
 TEST(Commands, CloseFileDoesNothingWhileTheRuleEditorHasTheText) {
     FrameWindow frame;
-    Run(CM_NEW_FILE);
+    RunCommand(CM_NEW_FILE);
     EditRule = 1;
-    Run(CM_CLOSE_FILE);
+    RunCommand(CM_CLOSE_FILE);
     EXPECT_NE(GetMdi(), nullptr);
     EditRule = 0;
-    Run(CM_CLOSE_FILE);
+    RunCommand(CM_CLOSE_FILE);
     EXPECT_EQ(GetMdi(), nullptr);
 }
 

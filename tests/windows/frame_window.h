@@ -6,6 +6,8 @@
 #include "shell/VARMORV.h"
 
 #include <gtest/gtest.h>
+#include <set>
+#include <string>
 
 namespace zentrik_test {
 
@@ -13,15 +15,15 @@ inline LRESULT CALLBACK TestFrameProc(HWND hwnd, UINT message, WPARAM wParam, LP
     return DefFrameProcA(hwnd, hMdiC, message, wParam, lParam);
 }
 
-// Registers a window class once.
-inline void RegisterTestClass(const char* name, WNDPROC procedure) {
-    WNDCLASSA type{};
-    if (GetClassInfoA(hInst, name, &type))
+// Registers a window class once. The system has a class "Message" too, so asking it would not do.
+inline void RegisterTestClass(const std::string& name, WNDPROC procedure) {
+    static std::set<std::string> registered;
+    if (!registered.insert(name).second)
         return;
-    type = {};
+    WNDCLASSA type{};
     type.lpfnWndProc = procedure;
     type.hInstance = hInst;
-    type.lpszClassName = name;
+    type.lpszClassName = name.c_str();
     ASSERT_NE(RegisterClassA(&type), 0);
 }
 
