@@ -31,7 +31,7 @@ std::string Damage(std::string bytes, std::mt19937& random) {
 }
 
 template <class Once> void ForAWhile(Once once) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(400);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
     std::mt19937 random(7);
     do
         once(random);

@@ -74,16 +74,6 @@ TEST_F(EditorTest, AZeroLengthFileIsAnEmptyEditor) {
     EXPECT_EQ(app.EditorText(), "");
 }
 
-TEST_F(EditorTest, OffersToCreateAMissingFile) {
-    App& app = Run();
-    app.Start(CM_OPEN_FILE);
-    app.ChooseFile(kOpen, app.Path("fresh.cpp"));
-    app.AnswerSystemQuestion(Answer::Yes);
-    app.Finish();
-    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("fresh.cpp"));
-    EXPECT_EQ(app.EditorText(), "");
-}
-
 TEST_F(EditorTest, OpensAndSavesAMegabyte) {
     std::string text;
     while (text.size() < 1'000'000)

@@ -633,6 +633,15 @@ TEST_F(ProjectTest, DoubleClicksOpenTheFiles) {
     EXPECT_EQ(app.Children().size(), 4u);
 }
 
+TEST_F(ProjectTest, ADoubleClickOnAMissingFileOpensAnEmptyEditor) {
+    App& app = RunSample();
+    DeleteFileA(app.Path("main.cpp").c_str());
+    app.StartDoubleClick(kProject, 3);
+    app.Finish();
+    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("main.cpp"));
+    EXPECT_EQ(app.EditorText(), "");
+}
+
 } // namespace
 
 } // namespace gui

@@ -15,6 +15,8 @@
 #include <fstream>
 #include <functional>
 
+void BenchRenumber(); // rule_text_bench.cpp
+
 namespace {
 
 const std::string kFolder = "C:\\zkbench";
@@ -255,5 +257,6 @@ int main() {
     std::printf("MB/s is of the bytes read; ratio is to the line above, where the work doubled.\n");
     for (const Measured& measured : AllMeasured())
         Measure(measured);
+    BenchRenumber();
     return 0;
 }
