@@ -119,12 +119,15 @@ public:
             return;
         if (line[0] == '[')
             return Section(line);
-        if (const std::size_t equals = line.find('='); equals != std::string::npos)
+        const std::size_t equals = line.find('=');
+        if (HasSettings() && equals != std::string::npos)
             return Setting(Trimmed(line.substr(0, equals)), Trimmed(line.substr(equals + 1)));
         Rows(line);
     }
 
 private:
+    bool HasSettings() const { return kind_ == "project" || kind_ == "system" || kind_ == "dde"; }
+
     void Section(const std::string& line) {
         const std::size_t blank = line.find(' ');
         if (blank == std::string::npos || line.back() != ']')

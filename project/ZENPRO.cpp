@@ -318,7 +318,6 @@ int ZKPROJECT::DeleteRes(int index) {
     ListRows rows(List());
     const char* auxiliary = ResName[0] != '\0' ? ResName : ResAux;
     if (index == -1 && PRes != -1) {
-        ListFill fill(hwndList);
         DeleteSection(hwndList, PRes, ResNum);
         PRes = -1;
         ResNum = 0;

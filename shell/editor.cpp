@@ -8,6 +8,7 @@
 #include "shell/record_text.h"
 #include "shell/VARMORV.h"
 
+#include <algorithm>
 #include <vector>
 
 int EditState;
@@ -57,6 +58,11 @@ std::vector<HWND> Editors() {
         if (IsEditor(child))
             editors.push_back(child);
     return editors;
+}
+
+// An editor whose edit control is gone is about to close.
+bool AnyTextOpen() {
+    return std::ranges::any_of(Editors(), [](HWND child) { return TopChild(child) != nullptr; });
 }
 
 void WarnNoFile() {
@@ -137,8 +143,9 @@ int CloseFile(HWND hwnd) {
         SaveErr();
         return 1;
     }
-    EditState = 0;
     DestroyWindow(edit);
+    // The exit asks for the texts of the other editors only while this says there are some.
+    EditState = AnyTextOpen() ? 1 : 0;
     return 0;
 }
 

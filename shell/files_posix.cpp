@@ -66,11 +66,13 @@ int Open(const char* path, Mode mode) {
     }
     const std::string local = LocalPath(path);
     int han = open(local.c_str(), flags, 0666);
+    // Windows opens no folder as a file; answer the same here, also to a wish to write.
     struct stat about {};
     if (han != -1 && fstat(han, &about) == 0 && S_ISDIR(about.st_mode)) {
-        // Windows opens no folder as a file; answer the same here.
         close(han);
         han = -1;
+        errno = EACCES;
+    } else if (han == -1 && errno == EISDIR) {
         errno = EACCES;
     }
     return Noted(han, han == -1);

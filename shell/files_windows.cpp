@@ -25,9 +25,20 @@ bool Noted(bool ok) {
     return Noted(ok, !ok);
 }
 
+// The mark alone decides, whatever the user may do to the file otherwise.
+bool IsReadOnly(const char* path) {
+    const DWORD marks = GetFileAttributesA(path);
+    return marks != INVALID_FILE_ATTRIBUTES && (marks & FILE_ATTRIBUTE_READONLY) != 0 &&
+           (marks & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 } // namespace
 
 int Open(const char* path, Mode mode) {
+    if (mode != Mode::Read && IsReadOnly(path)) {
+        errno = EACCES;
+        return Noted(-1, true);
+    }
     int flags = _O_BINARY;
     switch (mode) {
     case Mode::Read:

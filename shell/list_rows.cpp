@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr char kFilling[] = "ZentrikFilling"; // a property of a list that is not repainted
+
 // Texts up to this length fit every list box, so they need no measuring.
 constexpr std::size_t kShortText = 40;
 
@@ -86,13 +88,20 @@ void ListRows::Clear() {
     Send(list_, LB_RESETCONTENT);
 }
 
-ListFill::ListFill(HWND list, int rows, int bytes) : list_(list) {
-    SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+ListFill::ListFill(HWND list, int rows, int bytes)
+    : list_(list), first_(list && !GetPropA(list, kFilling)) {
+    if (first_) {
+        SetPropA(list_, kFilling, list_);
+        SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+    }
     if (rows > 0)
         SendMessageA(list_, LB_INITSTORAGE, static_cast<WPARAM>(rows), bytes);
 }
 
 ListFill::~ListFill() {
+    if (!first_)
+        return;
+    RemovePropA(list_, kFilling);
     SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list_, nullptr, TRUE);
 }

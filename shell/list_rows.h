@@ -24,7 +24,7 @@ private:
 };
 
 // While one of these lives its list is not repainted; it is once at the end. Use it around every
-// loop that changes rows.
+// loop that changes rows. With several at once for a list the first one counts.
 class ListFill {
 public:
     // `rows` and `bytes` of text are reserved when known.
@@ -35,4 +35,5 @@ public:
 
 private:
     HWND list_;
+    bool first_;
 };

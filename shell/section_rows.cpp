@@ -25,6 +25,7 @@ int PartOf(int row, int first, int count) {
 
 void DeleteSection(HWND list, int first, int count) {
     ListRows rows(list);
+    ListFill fill(list);
     const int there = std::min(count, rows.Count() - first);
     for (int i = there - 1; i >= -1; --i)
         rows.Delete(first + i);

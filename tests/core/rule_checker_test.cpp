@@ -43,8 +43,7 @@ TEST(CheckRules, CountsLinesFromZeroThroughAllRules) {
     const std::string second = "Rule 2\r\nThen EndRule\r\n";
     EXPECT_EQ(Findings(first + second, {IndexRecord("a", 23), IndexRecord("b", 22)}),
               (Lines{"a : Line :1 : There are Then whithout any kind of If",
-                     "b : Line :4 : There are Then whithout any kind of If",
-                     "b : Line :4 : There is a If or a For without End"}));
+                     "b : Line :4 : There are Then whithout any kind of If"}));
 }
 
 TEST(CheckRules, OnlyCrLfEndsALine) {

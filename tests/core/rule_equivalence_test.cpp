@@ -111,9 +111,9 @@ void ExpectSame(const std::string& text, const std::vector<RuleIndexRecord>& ind
     ASSERT_EQ(static_cast<int>(anul), reference.anul()) << text;
 }
 
-// Runs `once` with changing seeds for half a second.
+// Runs `once` with changing seeds for a bounded time.
 template <class Once> void ForAWhile(Once once) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(500);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(400);
     unsigned seed = 1;
     do {
         once(seed);

@@ -296,6 +296,13 @@ TEST(SampleSource, SaysWhatIsWrongAndWhere) {
               "no such knowledge type: T");
 }
 
+TEST(SampleSource, TakesRowsAsTheyAreWhereThereAreNoSettings) {
+    sample::Source source;
+    sample::ReadSource("[tags t]\n  a = b\r\n; not this\n\n.high\n", source);
+    ASSERT_EQ(source.tags.size(), 1u);
+    EXPECT_EQ(source.tags[0].rows, (std::vector<std::string>{"a = b", ".high"}));
+}
+
 TEST(SampleWriter, NeedsAWorkFolderWithoutADot) {
     EXPECT_NE(sample::WriteSample(kBoiler, "C:\\my.work", ""), "");
 }

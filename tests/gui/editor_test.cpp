@@ -74,16 +74,6 @@ TEST_F(EditorTest, AZeroLengthFileIsAnEmptyEditor) {
     EXPECT_EQ(app.EditorText(), "");
 }
 
-TEST_F(EditorTest, OffersToCreateAMissingFile) {
-    App& app = Run();
-    app.Start(CM_OPEN_FILE);
-    app.ChooseFile(kOpen, app.Path("fresh.cpp"));
-    app.AnswerSystemQuestion(Answer::Yes);
-    app.Finish();
-    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("fresh.cpp"));
-    EXPECT_EQ(app.EditorText(), "");
-}
-
 TEST_F(EditorTest, OpensAndSavesAMegabyte) {
     std::string text;
     while (text.size() < 1'000'000)
@@ -160,9 +150,9 @@ TEST_F(EditorTest, SaveAsAsksBeforeItOverwrites) {
     EXPECT_EQ(FileContent(app.Path("b.cpp")), "text");
 }
 
-TEST_F(EditorTest, AReadOnlyFileIsNotSaved) {
+TEST_F(EditorTest, AFileThatCannotBeWrittenIsNotSaved) {
     App& app = RunWith("a.cpp", "text");
-    SetFileAttributesA(app.Path("a.cpp").c_str(), FILE_ATTRIBUTE_READONLY);
+    const LockedFile lock(app.Path("a.cpp"));
     app.Type("more ");
     app.Start(CM_SAVE_FILE);
     app.ExpectBox("No Va be", "");
@@ -188,10 +178,20 @@ TEST_F(EditorTest, AFolderThatIsGoneIsReported) {
     app.Finish();
 }
 
+TEST_F(EditorTest, AFolderInPlaceOfTheFileIsReported) {
+    App& app = RunWith("a.cpp", "text");
+    DeleteFileA(app.Path("a.cpp").c_str());
+    MakeFolders(app.Path("a.cpp"));
+    app.Start(CM_SAVE_FILE);
+    app.ExpectBox("No Va be", "");
+    app.ExpectError("Permison denied");
+    app.Finish();
+}
+
 TEST_F(EditorTest, SaveAsReportsOnlyTheReason) {
     App& app = RunWith("a.cpp", "text");
     PutFile(app.Path("b.cpp"), "precious");
-    SetFileAttributesA(app.Path("b.cpp").c_str(), FILE_ATTRIBUTE_READONLY);
+    const LockedFile lock(app.Path("b.cpp"));
     app.Type("x");
     app.Start(CM_SAVE_FILE_AS);
     app.ChooseFile(kSaveAs, app.Path("b.cpp"));
@@ -369,7 +369,7 @@ TEST_F(EditorTest, ExitAsksForEveryChangedText) {
 
 TEST_F(EditorTest, AFailedSaveAtExitIsReported) {
     App& app = RunWith("a.cpp", "text");
-    SetFileAttributesA(app.Path("a.cpp").c_str(), FILE_ATTRIBUTE_READONLY);
+    const LockedFile lock(app.Path("a.cpp"));
     app.Type("x");
     app.Start(CM_EXIT);
     Ask(app, Answer::Yes);

@@ -218,17 +218,6 @@ TEST_F(FrameTest, TilesAndCascades) {
     EXPECT_NE(Place(editors[0]).left, Place(editors[1]).left);
 }
 
-TEST_F(FrameTest, CascadeSkipsDisabledChildren) {
-    App& app = Run();
-    const auto editors = TwoEditors(app);
-    app.Command(CM_TILE_VERTICAL);
-    const RECT before = Place(editors[0]);
-    EnableWindow(editors[0], FALSE);
-    app.Command(CM_CASCADE);
-    const RECT after = Place(editors[0]);
-    EXPECT_TRUE(EqualRect(&before, &after));
-}
-
 TEST_F(FrameTest, ArrangesIcons) {
     App& app = Run();
     const auto editors = TwoEditors(app);

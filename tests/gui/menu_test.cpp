@@ -168,10 +168,9 @@ TEST_F(MenuTest, AnOpenedProjectWithoutItemsHasNot) {
 }
 
 TEST_F(MenuTest, AProjectThatCannotBeOpenedEnablesItsItemsAllTheSame) {
-    App& app = Run(Kind::Nt, [](const WorkFolder& work) {
-        PutProject(work.Path("locked.mrv"), {});
-        SetFileAttributesA(work.Path("locked.mrv").c_str(), FILE_ATTRIBUTE_READONLY);
-    });
+    App& app =
+        Run(Kind::Nt, [](const WorkFolder& work) { PutProject(work.Path("locked.mrv"), {}); });
+    const LockedFile lock(app.Path("locked.mrv"));
     app.Start(CM_OPEN_MORV);
     app.ChooseFile("Open MORV Project", app.Path("locked.mrv"));
     app.ExpectBox("Open Error", "Open Project");
@@ -202,25 +201,29 @@ TEST_F(MenuTest, AnEditorsFileCanBeSaved) {
 }
 
 TEST_F(MenuTest, WithAMaximisedChildTheItemsAreFoundOneFurther) {
-    App& app = Run();
-    app.Command(CM_NEW_FILE);
-    app.Maximize(app.Child(kEditor));
+    App& app = Run(Kind::Win98);
     app.Command(CM_NEW_SYSTEM);
-    ASSERT_TRUE(IsZoomed(app.Children().front()));
-    EXPECT_FALSE(app.IsGrey(CM_SAVE_SYSTEM));
-    EXPECT_FALSE(app.IsGrey(CM_CLOSE_SYSTEM));
-    EXPECT_FALSE(app.IsGrey("Add Resource"));
-    app.Command(CM_CLOSE_SYSTEM);
-    EXPECT_TRUE(app.IsGrey(CM_SAVE_SYSTEM));
-    EXPECT_TRUE(app.IsGrey("Add Resource"));
+    HWND system = app.Child(kSystem);
+    app.Maximize(system);
+    ASSERT_NE(app.Menu().front().text, "MORV &Project");
+    Activation(app, system, true);
+    EXPECT_EQ(Enabled(app), (Numbers{5, 6}));
+    Activation(app, system, false);
+    EXPECT_EQ(Enabled(app), Numbers{});
 }
 
+// An open that fails enables the project's items while the editor is still on top.
 TEST_F(MenuTest, WithAMaximisedChildDebugStaysAsItWas) {
-    App& app = Run();
+    App& app =
+        Run(Kind::Nt, [](const WorkFolder& work) { PutProject(work.Path("locked.mrv"), {}); });
+    const LockedFile lock(app.Path("locked.mrv"));
     app.Command(CM_NEW_FILE);
     app.Maximize(app.Child(kEditor));
-    app.Command(CM_NEW_MORV);
-    ASSERT_TRUE(IsZoomed(app.Children().front()));
+    ASSERT_NE(app.Menu().front().text, "MORV &Project");
+    app.Start(CM_OPEN_MORV);
+    app.ChooseFile("Open MORV Project", app.Path("locked.mrv"));
+    app.ExpectBox("Open Error", "Open Project");
+    app.Finish();
     EXPECT_TRUE(app.IsGrey(CM_DEBUG));
     EXPECT_FALSE(app.IsGrey(CM_COMPILE));
     EXPECT_FALSE(app.IsGrey(CM_SAVE_MORV));

@@ -193,6 +193,16 @@ TEST_F(EditorTest, AtExitEveryChangedEditorIsAskedFor) {
     EXPECT_EQ(TopChild(first), nullptr);
 }
 
+TEST_F(EditorTest, ClosingOneOfTwoEditorsLeavesTheOtherForTheExitToAskFor) {
+    Type(Open(), "first");
+    OpenEdit(temp_.Path("b.cpp").c_str());
+    EXPECT_EQ(DestroyMdiE(), 0);
+    EXPECT_EQ(EditState, 1);
+    Boxes boxes(Answer::No);
+    EXPECT_EQ(DestroyMdiE(), 0);
+    EXPECT_EQ(EditState, 0);
+}
+
 TEST_F(EditorTest, AtExitAFailedWriteCountsAsCancel) {
     const HWND child = Open();
     Type(child, "text");

@@ -176,7 +176,7 @@ TEST_F(InitialFacts, KeepOnlyTheFirstWordOfAValue) {
     ShownDialog dialog("Init_Box", InitKnw);
     Add(dialog, "level", "two words", kFull);
     dialog.Press(INIT_CLOSE);
-    EXPECT_EQ(temp.Content("new.ikw"), Bytes({{"level", "two", "rds \t FULL"}}));
+    EXPECT_EQ(temp.Content("new.ikw"), Bytes({{"level", "two", "words \t FULL"}}));
 }
 
 TEST_F(InitialFacts, OfASystemWithoutFactsAreAnEmptyFile) {

@@ -70,12 +70,21 @@ void AnswerFileDialog(Program& program, const std::string& title, const std::str
                     [&] { return !IsWindow(dialog) || !IsWindowEnabled(dialog); });
 }
 
-App::App(Kind kind, const Setup& setup) {
+App::App(Kind kind, const Setup& setup) : folder_(std::make_unique<WorkFolder>()) {
     const std::string exe = Path(kind == Kind::Nt ? "zentrik.exe" : "zentrik98.exe");
     CopyTo(BinFolder() + "\\zentrik.exe", exe);
     if (setup)
-        setup(folder_);
-    program_ = std::make_unique<Program>(exe, folder_.Folder());
+        setup(*folder_);
+    own_program_ = std::make_unique<Program>(exe, folder_->Folder());
+    program_ = own_program_.get();
+    Attach();
+}
+
+App::App(Program& program) : program_(&program) {
+    Attach();
+}
+
+void App::Attach() {
     frame_ = AwaitFrame(*program_);
     for (HWND child : ChildrenOf(frame_))
         if (ClassOf(child) == "MDIClient" || ClassOf(child) == "MDICLIENT")

@@ -42,9 +42,12 @@ public:
     // About box.
     explicit App(Kind kind = Kind::Nt, const Setup& setup = {});
 
+    // The same for a program that was just started elsewhere, which must live longer.
+    explicit App(Program& program);
+
     Program& Process() { return *program_; }
-    const WorkFolder& Work() const { return folder_; }
-    std::string Path(const std::string& name) const { return folder_.Path(name); }
+    const WorkFolder& Work() const { return *folder_; }
+    std::string Path(const std::string& name) const { return folder_->Path(name); }
     HWND Frame() const { return frame_; }
     HWND Client() const { return client_; }
 
@@ -106,8 +109,11 @@ public:
     DWORD Farewell();
 
 private:
-    WorkFolder folder_;
-    std::unique_ptr<Program> program_;
+    void Attach();
+
+    std::unique_ptr<WorkFolder> folder_;
+    std::unique_ptr<Program> own_program_;
+    Program* program_;
     std::unique_ptr<Inside> inside_;
     HWND frame_ = nullptr;
     HWND client_ = nullptr;

@@ -45,7 +45,8 @@ std::vector<MenuItem> ParseItems(std::istringstream& lines, int depth) {
 } // namespace
 
 Inside::Inside(const Program& program) : program_(program) {
-    const std::string name = spy::kAnswerPrefix + std::to_string(program.ProcessId());
+    const std::string name =
+        std::string(spy::kAnswerPrefix).append(std::to_string(program.ProcessId()));
     mapping_ = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
                                   spy::kAnswerSize, name.c_str());
     answer_ = static_cast<const char*>(MapViewOfFile(mapping_, FILE_MAP_READ, 0, 0, 0));

@@ -71,6 +71,18 @@ void MakeFolders(const std::string& path) {
         Fail("cannot make the folder " + path);
 }
 
+// The read-only attribute would not do: it does not stop the superuser of a Linux host.
+LockedFile::LockedFile(const std::string& path)
+    : handle_(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
+                          nullptr)) {
+    if (handle_ == INVALID_HANDLE_VALUE)
+        Fail("cannot lock " + path);
+}
+
+LockedFile::~LockedFile() {
+    CloseHandle(handle_);
+}
+
 WorkFolder::WorkFolder() {
     CreateDirectoryA("C:\\t", nullptr);
     static int number = 0;
@@ -82,8 +94,6 @@ WorkFolder::WorkFolder() {
 
 WorkFolder::~WorkFolder() {
     std::error_code ignored;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_, ignored))
-        SetFileAttributesA(entry.path().string().c_str(), FILE_ATTRIBUTE_NORMAL);
     std::filesystem::remove_all(folder_, ignored);
 }
 

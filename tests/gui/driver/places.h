@@ -20,6 +20,18 @@ bool FileExists(const std::string& path);
 void CopyTo(const std::string& from, const std::string& to);
 void MakeFolders(const std::string& path);
 
+// While it lives, nobody else can write the file.
+class LockedFile {
+public:
+    explicit LockedFile(const std::string& path);
+    LockedFile(const LockedFile&) = delete;
+    LockedFile& operator=(const LockedFile&) = delete;
+    ~LockedFile();
+
+private:
+    void* handle_;
+};
+
 // A fresh folder below C:\t that is removed, with all in it, at the end. No '.' stands in its path,
 // for the program cuts paths at their first one.
 class WorkFolder {

@@ -4,19 +4,28 @@ namespace gui {
 
 namespace {
 
+std::string Narrow(const std::wstring& text) {
+    std::string narrow(text.size() * 2, '\0');
+    const int size =
+        WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrow.data(),
+                            static_cast<int>(narrow.size()), nullptr, nullptr);
+    narrow.resize(static_cast<std::size_t>(size));
+    return narrow;
+}
+
+// Rows are asked for as wide texts: between processes Wine does not convert them.
 std::vector<std::string> Rows(HWND hwnd, UINT count_message, UINT length_message,
                               UINT text_message) {
     std::vector<std::string> rows;
-    const LRESULT count = SendMessageA(hwnd, count_message, 0, 0);
+    const LRESULT count = SendMessageW(hwnd, count_message, 0, 0);
     for (LRESULT row = 0; row < count; ++row) {
-        const LRESULT length = SendMessageA(hwnd, length_message, row, 0);
+        const LRESULT length = SendMessageW(hwnd, length_message, row, 0);
         if (length < 0)
             break;
-        std::string text(static_cast<std::size_t>(length) + 1, '\0');
-        const LRESULT got =
-            SendMessageA(hwnd, text_message, row, reinterpret_cast<LPARAM>(text.data()));
-        text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
-        rows.push_back(text);
+        std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+        SendMessageW(hwnd, text_message, row, reinterpret_cast<LPARAM>(text.data()));
+        text.resize(wcsnlen(text.data(), text.size()));
+        rows.push_back(text.empty() ? std::string() : Narrow(text));
     }
     return rows;
 }

@@ -1,0 +1,131 @@
+// Shows the program at work on the sample project in C:\zentrik:
+//     demo --open            opens the sample and leaves the program to the user
+//     demo --tour <folder>   opens, debugs, compiles and executes it, with a picture of each step
+// Exit code 0 only when everything happened.
+#include "shell/ZENTRIK.h"
+#include "tests/gui/driver/app.h"
+#include "tests/gui/driver/failure.h"
+#include "tests/gui/driver/screenshot.h"
+
+#include <cstdio>
+#include <string>
+
+namespace {
+
+constexpr char kWorkFolder[] = "C:\\zentrik";
+constexpr char kProject[] = "C:\\zentrik\\boiler\\boiler.mrv";
+
+void Say(const std::string& what) {
+    std::puts(what.c_str());
+    std::fflush(stdout);
+}
+
+class Demo {
+public:
+    explicit Demo(bool leave_it)
+        : program_(gui::BinFolder() + "\\zentrik.exe", kWorkFolder, leave_it), app_(program_) {
+        Say("started the program in " + std::string(kWorkFolder) + " and closed its About box");
+    }
+
+    void Open() {
+        app_.CommandWithFile(CM_OPEN_MORV, "Open MORV Project", kProject);
+        const auto rows = app_.Rows(gui::kProject);
+        if (rows.size() < 3)
+            gui::Fail("the sample project did not open");
+        Say("opened " + std::string(kProject) + ": " + std::to_string(rows.size()) + " rows");
+    }
+
+    void Picture(const std::string& folder, const std::string& name) {
+        RedrawWindow(app_.Frame(), nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        const std::string path = folder + "\\" + name + ".bmp";
+        if (!gui::SaveScreenshot(path))
+            gui::Fail("cannot write " + path);
+        Say("saved " + path);
+    }
+
+    // Debug as it runs by itself or at the start of Execute.
+    void AnswerDebug() {
+        gui::Dialog debug = app_.WaitDialog("Debug");
+        debug.Press(DEBUG_START);
+        app_.ExpectBox("Debug Finalitzat", "Debug");
+        app_.Finish();
+    }
+
+    void Debug() {
+        app_.Start(CM_DEBUG);
+        AnswerDebug();
+        app_.Finish();
+        Say("checked the rules: " + std::to_string(app_.Rows(gui::kMessages).size()) +
+            " lines of findings");
+    }
+
+    void Compile() {
+        app_.Command(CM_COMPILE);
+        for (const char* file :
+             {"boilerR.h", "boilerR.cpp", "ddecom.h", "ddecom.cpp", "consts.h"}) {
+            const std::string path = std::string(kWorkFolder) + "\\boiler\\" + file;
+            if (!gui::FileExists(path))
+                gui::Fail("Compile did not write " + path);
+            Say("generated " + path);
+        }
+    }
+
+    void Execute() {
+        app_.Start(CM_EXECUTE);
+        AnswerDebug();
+        app_.Finish();
+        Say("executed: checked, generated and started the program");
+    }
+
+    void Exit() {
+        if (app_.Exit() != 0)
+            gui::Fail("the program ended with an error");
+        Say("left the program");
+    }
+
+    void AwaitEnd() {
+        Say("the program is yours; this ends with it");
+        program_.ExitCode(INFINITE);
+    }
+
+private:
+    gui::Program program_;
+    gui::App app_;
+};
+
+void Tour(const std::string& folder) {
+    gui::MakeFolders(folder);
+    Demo demo(false);
+    demo.Open();
+    demo.Picture(folder, "1_project");
+    demo.Debug();
+    demo.Picture(folder, "2_findings");
+    demo.Compile();
+    demo.Picture(folder, "3_compiled");
+    demo.Execute();
+    demo.Picture(folder, "4_executed");
+    demo.Exit();
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    const std::string mode = count > 1 ? words[1] : "";
+    try {
+        if (mode == "--open" && count == 2) {
+            Demo demo(true);
+            demo.Open();
+            demo.AwaitEnd();
+        } else if (mode == "--tour" && count == 3) {
+            Tour(words[2]);
+        } else {
+            Say("demo --open | --tour <folder>");
+            return 2;
+        }
+    } catch (const std::exception& failure) {
+        Say(std::string("failed: ") + failure.what());
+        return 1;
+    }
+    return 0;
+}
