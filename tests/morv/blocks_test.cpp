@@ -134,7 +134,7 @@ TEST_F(Blocks, ForAllVisitsEveryFactOfTheType) {
 TEST_F(Blocks, NestedBlocksAreAsCertainAsTheLeastOfAll) {
     EXPECT_HOLDS(Tick(60, NORMAL, 9, HIGH), "NESTED (NORMAL)");
     EXPECT_HOLDS(Tick(60, HIGH, 9, LOW), "NESTED (LOW)");
-    EXPECT_TRUE(Has(g_lines, "  V = 80 %, normal")) << Joined(g_lines);
+    EXPECT_TRUE(Has(g_lines, "  V = 80 %, high")) << Joined(g_lines);
 }
 
 TEST_F(Blocks, AnAssignedValueRestsOnWhatItWasComputedFrom) {
