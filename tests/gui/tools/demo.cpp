@@ -1,6 +1,7 @@
 // Shows the program at work on the sample project in C:\zentrik:
-//     demo --open            opens the sample and leaves the program to the user
-//     demo --tour <folder>   opens, debugs, compiles and executes it, with a picture of each step
+//     demo --open              opens the sample and leaves the program to the user
+//     demo [--tour <folder>]   opens, debugs, compiles and executes it, with a picture of each step
+//                              in the folder (screenshots\ of the out folder)
 // Exit code 0 only when everything happened.
 #include "shell/ZENTRIK.h"
 #include "tests/gui/driver/app.h"
@@ -117,10 +118,10 @@ int main(int count, char** words) {
             Demo demo(true);
             demo.Open();
             demo.AwaitEnd();
-        } else if (mode == "--tour" && count == 3) {
-            Tour(words[2]);
+        } else if (count == 1 || (mode == "--tour" && count == 3)) {
+            Tour(count == 1 ? gui::OutFolder() + "\\screenshots" : words[2]);
         } else {
-            Say("demo --open | --tour <folder>");
+            Say("demo [--open | --tour <folder>]");
             return 2;
         }
     } catch (const std::exception& failure) {

@@ -1,0 +1,249 @@
+// The Compile and Execute commands: boxes in order for each failure, the generated files, and what
+// the compiler and the built program are started with.
+#include "build/tools_file.h"
+#include "tests/core/build_disk.h"
+#include "tests/gui/gui_test.h"
+#include "tests/gui/sample_project.h"
+
+namespace gui {
+
+namespace {
+
+constexpr char kCompile[] = "Compile MORV";
+constexpr char kRule[] = "Rule.Cpp";
+constexpr char kGetErr[] = "WARNING";
+constexpr char kMissing[] = "No such file or directory";
+constexpr char kDenied[] = "Permison denied";
+
+struct ShownBox {
+    std::string text;
+    std::string caption;
+};
+
+class CompileTest : public GuiTest {
+protected:
+    // The program with the sample project open; `change` is applied to its files before.
+    App& RunSample(const App::Setup& change = {}, const std::string& com = "") {
+        App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
+            PutSampleProject(work);
+            PutTools(work, com.empty() ? "" : work.Path(com));
+            if (change)
+                change(work);
+        });
+        app.CommandWithFile(CM_OPEN_MORV, "Open MORV Project", app.Path("plant.mrv"));
+        return app;
+    }
+
+    static void Expect(App& app, const std::vector<ShownBox>& boxes) {
+        for (const ShownBox& box : boxes)
+            app.ExpectBox(box.text, box.caption, Buttons::Ok,
+                          box.caption == kGetErr ? Icon::Stop : Icon::None);
+    }
+
+    // A build of the changed sample fails with these boxes.
+    void ExpectFailure(const App::Setup& change, const std::vector<ShownBox>& boxes) {
+        App& app = RunSample(change);
+        app.Start(CM_COMPILE);
+        Expect(app, boxes);
+        Expect(app, {{"Error de Compilacio", "Zentrik 2.0a"}});
+        app.Finish();
+    }
+
+    static App::Setup Missing(const std::string& name) {
+        return [name](const WorkFolder& work) { DeleteFileA(work.Path(name).c_str()); };
+    }
+
+    static App::Setup Blocked(const std::string& name) {
+        return [name](const WorkFolder& work) { MakeFolders(work.Path(name)); };
+    }
+
+    // Answers the dialog of the rule check that Execute starts with.
+    static void AnswerDebug(App& app) {
+        Dialog debug = app.WaitDialog("Debug");
+        debug.Press(DEBUG_START);
+        app.ExpectBox("Debug Finalitzat", "Debug");
+        app.Finish();
+    }
+
+    static std::string Args(App& app, const std::string& name) {
+        const std::string path = app.Path(name + ".args");
+        app.Process().WaitFor("the start of " + name, [&] { return FileExists(path); });
+        return FileContent(path);
+    }
+
+    static void PutRecorder(const WorkFolder& work, const std::string& name) {
+        CopyTo(OwnFolder() + "\\record_args.exe", work.Path(name + ".exe"));
+    }
+};
+
+TEST_F(CompileTest, NeedsASavedProject) {
+    App& app = Run();
+    app.Start(CM_COMPILE);
+    Expect(app,
+           {{"There is no MORV Project Open", kCompile}, {"Error de Compilacio", "Zentrik 2.0a"}});
+    app.Finish();
+    app.Command(CM_NEW_MORV);
+    app.Start(CM_COMPILE);
+    Expect(app,
+           {{"Save Project before compile", kCompile}, {"Error de Compilacio", "Zentrik 2.0a"}});
+    app.Finish();
+}
+
+TEST_F(CompileTest, ReportsAHeaderThatCannotBeMade) {
+    ExpectFailure(Blocked("plantR.h"), {{kDenied, kGetErr}, {"Rules.h creation error", kCompile}});
+    ExpectFailure(
+        Missing("help.cpp"),
+        {{"Extern File Error", kRule}, {kMissing, kGetErr}, {"Rules.h creation error", kCompile}});
+    ExpectFailure(
+        Missing("plant.aux"),
+        {{"Results File Error", kRule}, {kMissing, kGetErr}, {"Rules.h creation error", kCompile}});
+}
+
+TEST_F(CompileTest, ReportsASourceThatCannotBeMade) {
+    const ShownBox last{"Rules.cpp creation error", kCompile};
+    ExpectFailure(Blocked("plantR.cpp"),
+                  {{"Creation file error", kRule}, {kDenied, kGetErr}, last});
+    ExpectFailure(Missing("tank.lse"), {{"Open Engine error", kRule}, last});
+    ExpectFailure(Missing("head.cpp"), {{"Header file Error", kRule}, {kMissing, kGetErr}, last});
+    ExpectFailure(Missing("tank.rul"), {{"Rule File Error", kRule}, {kMissing, kGetErr}, last});
+    ExpectFailure(Missing("main.cpp"), {{"Main File Error", kRule}, {kMissing, kGetErr}, last});
+}
+
+TEST_F(CompileTest, ShowsHowFarTheSourceGot) {
+    App& app = RunSample(Missing("main.cpp"));
+    app.Start(CM_COMPILE);
+    Expect(app, {{"Main File Error", kRule},
+                 {kMissing, kGetErr},
+                 {"Rules.cpp creation error", kCompile},
+                 {"Error de Compilacio", "Zentrik 2.0a"}});
+    app.Finish();
+    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("plantR.cpp"));
+    EXPECT_EQ(app.EditorText(), FileContent(app.Path("plantR.cpp")));
+    EXPECT_NE(app.EditorText().find("EndSystem"), std::string::npos);
+    EXPECT_FALSE(app.IsGrey(CM_SAVE_FILE));
+}
+
+TEST_F(CompileTest, ReportsMissingTemplates) {
+    const std::vector<std::pair<std::string, std::string>> templates{
+        {"ddecom1", "Ddecom1.dat not found check MORV Path"},
+        {"ddecom3", "Ddecom3.dat not found check MORV Path"},
+        {"ddecom2", "ddecom2.dat not found check MORV Path"},
+        {"ddecom4", "Ddecom4.dat not foud check MORV Path"},
+        {"consts1", "Consts1.dat not found check MORV Path"},
+        {"consts2", "consts2.dat not found, check MORV Path"},
+        {"consts3", "consts3.dat file not found check MORV Path"}};
+    for (const auto& [name, text] : templates)
+        ExpectFailure(Missing("morv\\" + name + ".dat"), {{text, kCompile}, {kMissing, kGetErr}});
+}
+
+TEST_F(CompileTest, ReportsAMissingDdeFile) {
+    ExpectFailure(Missing("link.dde"), {{"Dde File not found", kCompile}, {kMissing, kGetErr}});
+}
+
+TEST_F(CompileTest, ReportsSupportFilesThatCannotBeMade) {
+    for (const char* name : {"ddecom.h", "ddecom.cpp", "consts.h", "morv\\MorvApi.h"})
+        ExpectFailure(Blocked(name), {{kDenied, kGetErr}});
+}
+
+TEST_F(CompileTest, AProjectWithoutKnowledgeTypesSaysZero) {
+    App& app =
+        RunSample([](const WorkFolder& work) { PutFile(work.Path("tank.typ"), std::string()); });
+    app.Start(CM_COMPILE);
+    app.ExpectBox("Zero", kCompile);
+    app.Finish();
+    EXPECT_TRUE(FileExists(app.Path("morv\\MorvApi.h")));
+}
+
+TEST_F(CompileTest, WritesEveryFileWithoutACompiler) {
+    App& app = RunSample();
+    app.Command(CM_COMPILE);
+    for (const char* name : {"plantR.h", "plantR.cpp", "ddecom.h", "ddecom.cpp", "consts.h",
+                             "morv\\MorvApi.h", "Ktype.tmp"})
+        EXPECT_FALSE(FileContent(app.Path(name)).empty()) << name;
+    EXPECT_NE(FileContent(app.Path("consts.h")).find("ACTION ,PROCESS};"), std::string::npos);
+    // The rules stand where the header's marker was.
+    EXPECT_NE(FileContent(app.Path("plantR.cpp"))
+                  .find("// before\r\n" + FileContent(app.Path("tank.rul")) + "\r\n\r\n// after"),
+              std::string::npos);
+}
+
+TEST_F(CompileTest, GeneratesTheGoldenFiles) {
+    const zentrik_test::Disk disk;
+    ProjectFile project;
+    project.head = zentrik_test::PutSampleProject(disk);
+    App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
+        ASSERT_TRUE(WriteProject(disk.Path("plant.mrv").c_str(), project));
+        ASSERT_TRUE(
+            WriteTools(work.Path("toolfile.tol").c_str(), {disk.Path("morv"), "", "", "", {}}));
+    });
+    app.CommandWithFile(CM_OPEN_MORV, "Open MORV Project", disk.Path("plant.mrv"));
+    app.Command(CM_COMPILE);
+    for (const char* name : {"plantR.h", "plantR.cpp", "ddecom.h", "ddecom.cpp", "consts.h"})
+        zentrik_test::ExpectGolden(name, disk.Content(name));
+    zentrik_test::ExpectGolden("MorvApi.h", disk.Content("morv\\MorvApi.h"));
+}
+
+TEST_F(CompileTest, StartsTheCompilerWithOneLine) {
+    App& app = RunSample([](const WorkFolder& work) { PutRecorder(work, "zkcc"); }, "zkcc.exe");
+    app.Command(CM_COMPILE);
+    const std::string folder = app.Work().Folder();
+    EXPECT_EQ(Args(app, "zkcc"), app.Path("zkcc.exe") +
+                                     " apimorv apimorv.rc plantR.cpp ddecom.cpp " +
+                                     app.Path("morv") + " " + folder + " C:\\inc C:\\cc " + folder +
+                                     "\n" + folder + "\n");
+}
+
+TEST_F(CompileTest, ACompilerThatIsNotThereIsNotReported) {
+    App& app = RunSample({}, "nowhere.exe");
+    app.Command(CM_COMPILE);
+    EXPECT_TRUE(app.Process().Alive());
+}
+
+TEST_F(CompileTest, ExecuteChecksCompilesAndStartsTheProgram) {
+    App& app = RunSample(
+        [](const WorkFolder& work) {
+            PutRecorder(work, "zkcc");
+            PutRecorder(work, "Apiplant");
+        },
+        "zkcc.exe");
+    app.Start(CM_EXECUTE);
+    AnswerDebug(app);
+    app.Finish();
+    EXPECT_EQ(app.Rows(kMessages).size(), 3u);
+    EXPECT_NE(Args(app, "zkcc").find("plantR.cpp"), std::string::npos);
+    const std::string line = Args(app, "Apiplant");
+    EXPECT_EQ(line.rfind("\"" + app.Path("Apiplant.exe") + "\"", 0), 0u) << line;
+}
+
+TEST_F(CompileTest, ExecuteStopsWhenTheBuildFails) {
+    App& app = RunSample([](const WorkFolder& work) {
+        PutRecorder(work, "Apiplant");
+        DeleteFileA(work.Path("link.dde").c_str());
+    });
+    app.Start(CM_EXECUTE);
+    AnswerDebug(app);
+    // No "Error de Compilacio" from here.
+    Expect(app, {{"Dde File not found", kCompile}, {kMissing, kGetErr}});
+    app.Finish();
+    EXPECT_FALSE(FileExists(app.Path("Apiplant.args")));
+}
+
+TEST_F(CompileTest, ExecuteWithoutABuiltProgramSaysNothing) {
+    App& app = RunSample();
+    app.Start(CM_EXECUTE);
+    AnswerDebug(app);
+    app.Finish();
+    EXPECT_TRUE(FileExists(app.Path("plantR.cpp")));
+}
+
+TEST_F(CompileTest, ExecuteWithoutAProjectReportsBothSteps) {
+    App& app = Run();
+    app.Start(CM_EXECUTE);
+    Expect(app, {{"There is not Opened MORV System", "MORV Debug"},
+                 {"There is no MORV Project Open", kCompile}});
+    app.Finish();
+}
+
+} // namespace
+
+} // namespace gui

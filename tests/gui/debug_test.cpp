@@ -1,0 +1,153 @@
+// The Debug command: its dialog, its findings and its failures.
+#include "tests/gui/gui_test.h"
+#include "tests/gui/sample_project.h"
+
+namespace gui {
+
+namespace {
+
+class DebugTest : public GuiTest {
+protected:
+    // The program with a project of systems "s1", "s2"... that have these rules.
+    App& RunRules(const std::vector<std::vector<std::string>>& systems) {
+        App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
+            ProjectSpec spec;
+            for (const auto& rules : systems) {
+                const std::string base = "s" + std::to_string(spec.systems.size() + 1);
+                PutSystem(work, base, rules);
+                spec.systems.push_back(work.Path(base + ".lse"));
+            }
+            PutProject(work.Path("p.mrv"), spec);
+        });
+        Open(app, "p.mrv");
+        return app;
+    }
+
+    static void Open(App& app, const std::string& name) {
+        app.CommandWithFile(CM_OPEN_MORV, "Open MORV Project", app.Path(name));
+    }
+
+    static TextRows Debug(App& app) {
+        app.Start(CM_DEBUG);
+        Dialog dialog = app.WaitDialog("Debug");
+        dialog.Press(DEBUG_START);
+        app.ExpectBox("Debug Finalitzat", "Debug");
+        app.Finish();
+        app.Finish();
+        return app.Rows(kMessages);
+    }
+};
+
+TEST_F(DebugTest, NeedsAProject) {
+    App& app = Run();
+    app.Start(CM_DEBUG);
+    EXPECT_EQ(app.ExpectBox("There is not Opened MORV System", "MORV Debug").owner, app.Frame());
+    app.Finish();
+    EXPECT_FALSE(app.HasChild(kMessages));
+}
+
+TEST_F(DebugTest, SoundRulesHaveOneLineEach) {
+    App& app = Run(Kind::Nt, PutSampleProject);
+    Open(app, "plant.mrv");
+    EXPECT_EQ(Debug(app), (TextRows{app.Path("tank.rul"), "Rule 1 : Line :5 : Secon Debug:",
+                                    "Rule 2 : Line :8 : Secon Debug:"}));
+    EXPECT_EQ(TextOf(app.Child(kMessages)), "Debug Errors");
+}
+
+TEST_F(DebugTest, ListsWhatIsWrong) {
+    App& app = RunRules({{"Rule 1\r\nIf a\r\nEndIf\r\nEndRule\r\n", "Rule 2\r\nElse\r\n"}, {}});
+    EXPECT_EQ(Debug(app),
+              (TextRows{app.Path("s1.rul"), "Rule 1 : Line :2 : There are If whithout Then",
+                        "Rule 1 : Line :3 : There is a If or a For without End",
+                        "Rule 1 : Line :4 : Secon Debug:",
+                        "Rule 2 : Line :5 : There are Else whithout Then",
+                        "Rule 2 : Line :6 : Secon Debug:", "Rule 2 : Line :6 : There is no EndRule",
+                        app.Path("s2.rul")}));
+}
+
+TEST_F(DebugTest, EveryRunHasAFreshWindow) {
+    App& app = RunRules({{"Rule 1\r\nEndRule"}});
+    const TextRows rows{app.Path("s1.rul"), "Rule 1 : Line :1 : Secon Debug:"};
+    EXPECT_EQ(Debug(app), rows);
+    EXPECT_EQ(Debug(app), rows);
+    EXPECT_EQ(app.Children(kMessages).size(), 1u);
+    // Also after the window was closed by hand.
+    app.CloseChild(app.Child(kMessages));
+    EXPECT_FALSE(app.HasChild(kMessages));
+    EXPECT_EQ(Debug(app), rows);
+}
+
+TEST_F(DebugTest, AnOpenCommentReachesIntoTheNextRun) {
+    App& app = RunRules({{"Rule 1\r\n/* If\r\nEndRule"}});
+    const TextRows open{app.Path("s1.rul"), "Rule 1 : Line :2 : Secon Debug:",
+                        "Rule 1 : Line :2 : There are If without EndIf"};
+    EXPECT_EQ(Debug(app), open);
+    // Nothing but the counts is checked as long as the comment is open.
+    PutFile(app.Path("s1.rul"), "Rule 1\r\nThen \r\nEndRule");
+    EXPECT_EQ(Debug(app), (TextRows{app.Path("s1.rul"), "Rule 1 : Line :2 : Secon Debug:"}));
+}
+
+TEST_F(DebugTest, UndefinedOppositesComeBeforeTheRules) {
+    App& app = Run(Kind::Nt, [](const WorkFolder& work) {
+        PutSampleProject(work);
+        PutFile(work.Path("plant.aux"), TagBytes({"low"}));
+    });
+    Open(app, "plant.mrv");
+    const TextRows rows = Debug(app);
+    ASSERT_GE(rows.size(), 3u);
+    EXPECT_EQ(rows[0], "Opposite Result not defined - HIGH");
+    EXPECT_EQ(rows[1], "Opposite Result not defined - LOW");
+    EXPECT_EQ(rows[2], app.Path("tank.rul"));
+}
+
+TEST_F(DebugTest, AMissingSystemStopsTheCheck) {
+    App& app = RunRules({{"Rule 1\r\nEndRule"}, {}, {}});
+    DeleteFileA(app.Path("s2.lse").c_str());
+    app.Start(CM_DEBUG);
+    Dialog dialog = app.WaitDialog("Debug");
+    dialog.Press(DEBUG_START);
+    app.ExpectBox("Open System Error", "Debug");
+    app.Finish();
+    // The dialog stays, and so do the findings.
+    EXPECT_TRUE(dialog.Open());
+    EXPECT_EQ(dialog.Text(DEBUG_PROJECT), app.Path("p.mrv"));
+    EXPECT_EQ(dialog.Text(DEBUG_SYSTEM), app.Path("s2.lse"));
+    EXPECT_EQ(dialog.Text(DEBUG_RULES_FILE), app.Path("s1.rul"));
+    EXPECT_EQ(dialog.Text(DEBUG_RULE), "Rule 1");
+    EXPECT_EQ(dialog.Text(DEBUG_PROGRESS), "e");
+    EXPECT_EQ(app.Rows(kMessages),
+              (TextRows{app.Path("s1.rul"), "Rule 1 : Line :1 : Secon Debug:"}));
+    dialog.Close();
+    app.Finish();
+}
+
+TEST_F(DebugTest, ASystemThatCannotBeWrittenStopsItToo) {
+    App& app = RunRules({{}});
+    const LockedFile lock(app.Path("s1.lse"));
+    app.Start(CM_DEBUG);
+    Dialog dialog = app.WaitDialog("Debug");
+    dialog.Press(DEBUG_START);
+    app.ExpectBox("Open System Error", "Debug");
+    app.Finish();
+    dialog.Close();
+    app.Finish();
+}
+
+TEST_F(DebugTest, MissingRulesGiveOnlyTheHeading) {
+    App& app = RunRules({{"Rule 1\r\nEndRule"}});
+    DeleteFileA(app.Path("s1.rul").c_str());
+    DeleteFileA(app.Path("s1.siz").c_str());
+    EXPECT_EQ(Debug(app), TextRows{app.Path("s1.rul")});
+}
+
+TEST_F(DebugTest, TheDialogCanBeLeftWithoutACheck) {
+    App& app = RunRules({{"Rule 1\r\nEndRule"}});
+    app.Start(CM_DEBUG);
+    app.WaitDialog("Debug").Close();
+    app.Finish();
+    EXPECT_EQ(app.Rows(kMessages), TextRows{});
+}
+
+} // namespace
+
+} // namespace gui
