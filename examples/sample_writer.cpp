@@ -12,6 +12,17 @@ namespace sample {
 
 namespace {
 
+// Where the runtime stands, seen from the source of a sample.
+const std::string kRuntimeFolder = "../../morv/";
+
+constexpr const char* kTemplates[] = {"consts1.dat", "consts2.dat", "consts3.dat", "ddecom1.dat",
+                                      "ddecom2.dat", "ddecom3.dat", "ddecom4.dat"};
+
+// What a built program is compiled from, beside the generated files.
+constexpr const char* kRuntime[] = {"apimorv.cpp",    "apimorv.rc",   "datafact.cpp", "datafact.h",
+                                    "dde_server.cpp", "dde_server.h", "dfactres.cpp", "dfactres.h",
+                                    "inf_eng.cpp",    "inf_eng.h",    "shell.h",      "state.h"};
+
 // A text with CR LF line ends, whatever it had.
 std::string WithCrLf(std::string_view text) {
     std::string result;
@@ -186,11 +197,12 @@ private:
     void Tools(const std::string& compiler) {
         const std::string morv = work_ + "\\morv";
         MakeFolder(morv);
-        for (const char* name : {"consts1.dat", "consts2.dat", "consts3.dat", "ddecom1.dat",
-                                 "ddecom2.dat", "ddecom3.dat", "ddecom4.dat"}) {
+        for (const char* name : kTemplates) {
             // A build leaves out the last byte of a template, so one is added for it.
-            Write(morv + "\\" + name, WithCrLf(Content(std::string("morv/") + name)) + "\n");
+            Write(morv + "\\" + name, WithCrLf(Content(kRuntimeFolder + name)) + "\n");
         }
+        for (const char* name : kRuntime)
+            Write(morv + "\\" + name, WithCrLf(Content(kRuntimeFolder + name)));
         ToolsFile tools;
         tools.path = morv;
         tools.com = compiler;

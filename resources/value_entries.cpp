@@ -85,7 +85,7 @@ I_K InitialFactIn(std::string_view row) {
     SetText(fact.K_Name, TakeWord(row));
     // A value is a single word: what follows its first blank runs into the certainty, whole.
     const std::size_t size = std::min(row.find(' '), row.size());
-    const bool more_words = size > 0 && !row.substr(size).starts_with(kSeparator);
+    const bool more_words = size > 0 && !row.substr(size).starts_with(kSeparator.substr(0, 2));
     SetText(fact.K_Val, row.substr(0, size));
     row.remove_prefix(std::min(size + (more_words ? 1 : kSeparator.size()), row.size()));
     SetText(fact.Pres, row);

@@ -91,4 +91,6 @@ void AlignColumns(HWND list) {
         SendMessageA(list, LB_SETTABSTOPS, stops.size(), reinterpret_cast<LPARAM>(stops.data()));
     const int whole = widths.empty() ? 0 : left + widths.back() + kGap;
     SendMessageA(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(whole), 0);
+    // Rows that are on the screen already stand at the old stops.
+    InvalidateRect(list, nullptr, TRUE);
 }

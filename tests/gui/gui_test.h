@@ -22,6 +22,7 @@ protected:
         app_.emplace(kind, setup);
         return *app_;
     }
+    App& Running() { return *app_; }
 
 private:
     std::optional<App> app_;

@@ -59,6 +59,15 @@ Icon IconOf(App& app, HWND box) {
     }
 }
 
+// The message box on top. The rule editor's dialog can stand above it, for it leaves the frame
+// usable.
+std::optional<Box> TopBox(const Program& program) {
+    for (HWND dialog : Dialogs(program))
+        if (std::optional<Box> box = ReadBox(dialog))
+            return box;
+    return {};
+}
+
 std::string Wanted(const std::string& text, const std::string& caption) {
     return "the box '" + text + "' with caption '" + caption + "'";
 }
@@ -92,8 +101,7 @@ std::optional<Box> ReadBox(HWND hwnd) {
 Box App::WaitBox(const std::string& caption) {
     std::optional<Box> box;
     program_->WaitFor("a box with caption '" + caption + "'", [&] {
-        const std::vector<HWND> dialogs = Dialogs(*program_);
-        box = dialogs.empty() ? std::nullopt : ReadBox(dialogs.front());
+        box = TopBox(*program_);
         return box && box->caption == caption;
     });
     box->icon = IconOf(*this, box->hwnd);
@@ -104,8 +112,7 @@ Box App::ExpectBox(const std::string& text, const std::string& caption, Buttons 
                    Answer answer) {
     std::optional<Box> box;
     program_->WaitFor(Wanted(text, caption), [&] {
-        const std::vector<HWND> dialogs = Dialogs(*program_);
-        box = dialogs.empty() ? std::nullopt : ReadBox(dialogs.front());
+        box = TopBox(*program_);
         if (box && (box->text != text || box->caption != caption))
             Fail("awaited " + Wanted(text, caption) + ", shown is " +
                  Wanted(box->text, box->caption));
@@ -134,8 +141,7 @@ void App::Press(const Box& box, Answer answer) {
 void App::AnswerSystemQuestion(Answer answer) {
     std::optional<Box> box;
     program_->WaitFor("a question of the system", [&] {
-        const std::vector<HWND> dialogs = Dialogs(*program_);
-        box = dialogs.empty() ? std::nullopt : ReadBox(dialogs.front());
+        box = TopBox(*program_);
         return box && box->buttons == Buttons::YesNo;
     });
     Press(*box, answer);

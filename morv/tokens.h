@@ -1,0 +1,20 @@
+// Cuts C++ text into words, blanks, comments, texts and single characters.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace morv {
+
+struct Token {
+    enum Kind { Word, Blank, Comment, Text, Other } kind;
+    std::string text;
+    int line; // where it starts, from 1
+};
+
+// The tokens of `text`, which put together are `text` again. What is not closed goes to the end of
+// its line (a text) or of everything (a comment).
+std::vector<Token> Tokens(const std::string& text);
+
+} // namespace morv

@@ -1,0 +1,41 @@
+// As Zentrik writes it.
+#ifndef TAD_RULES
+#define TAD_RULES
+
+#define FALSE	0
+#define TRUE	1
+
+
+#include <dos.h>
+
+
+#include "consts.h"
+#include "shell.h"
+#include "datafact.h"
+#include "dfactres.h"
+#include "inf_eng.h"
+
+
+class DATAFACT;
+class INFERENCE_ENGINE;
+class Inference_Engine_1:public INFERENCE_ENGINE{
+	public:
+		Inference_Engine_1 () {sprintf (description, "INF_1");};
+		int engine();
+};
+///////////////    Declaracio del DATAFACTRESULT    ///////////////
+DATAFACTRESULT
+			IF_TRUE,
+			IF_FALSE,
+			OR_TRUE,
+			OR_FALSE,
+			XOR_TRUE,
+			XOR_FALSE,
+			ANY_WORN,
+			NONE_WORN,
+			UP,
+			DOWN,
+			ROSE,
+			NESTED,
+			LATE;
+#endif

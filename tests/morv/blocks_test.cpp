@@ -1,0 +1,237 @@
+// What each block of the rule language means: the rules of blocks/ run tick by tick.
+#include "blocks/ddecom.h"
+#include "morv/inf_eng.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+Informacio DDEinfo;
+
+// The header defines the results, so it is for the rules source alone.
+extern DATAFACTRESULT IF_TRUE, IF_FALSE, OR_TRUE, OR_FALSE, XOR_TRUE, XOR_FALSE, UP, DOWN, ROSE,
+    NESTED, LATE;
+
+namespace {
+
+std::vector<std::string> g_lines;
+std::vector<std::string> g_boxes;
+
+} // namespace
+
+void morv::Output(const std::string& line) {
+    g_lines.push_back(line);
+}
+
+void put_box(const char* text) {
+    g_boxes.emplace_back(text);
+}
+
+void put_box(char* text) {
+    put_box(static_cast<const char*>(text));
+}
+
+namespace {
+
+// One tick with the values A and B and their certainties. Returns what holds, as the tick tells it.
+std::string Tick(double a, double ca, double b, double cb) {
+    DDEinfo.A = a;
+    DDEinfo.CA = ca;
+    DDEinfo.B = b;
+    DDEinfo.CB = cb;
+    g_lines.clear();
+    g_boxes.clear();
+    morv::Tick();
+    for (const std::string& line : g_lines)
+        if (line.rfind("Tick ", 0) == 0)
+            return ", " + line.substr(line.find(": ") + 2) + ", ";
+    return {};
+}
+
+bool Has(const std::vector<std::string>& lines, const std::string& line) {
+    return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+    std::string all;
+    for (const std::string& line : lines)
+        all += line + "\n";
+    return all;
+}
+
+#define EXPECT_HOLDS(text, holding)                                                                \
+    EXPECT_NE((text).find(", " holding ", "), std::string::npos) << (text)
+#define EXPECT_NOT(text, name) EXPECT_EQ((text).find(", " name " ("), std::string::npos) << (text)
+
+// The runtime keeps what it knows for the life of the program: each test begins with two ticks in
+// which nothing is certain and all that can be taken back is.
+class Blocks : public testing::Test {
+protected:
+    void SetUp() override {
+        morv::SetTrace(false);
+        DDEinfo.W1 = DDEinfo.W2 = 0;
+        for (DATAFACTRESULT* result : {&IF_TRUE, &IF_FALSE, &OR_TRUE, &OR_FALSE, &XOR_TRUE,
+                                       &XOR_FALSE, &UP, &DOWN, &ROSE, &NESTED, &LATE})
+            retract(result);
+        Tick(0, 0, 0, 0);
+        Tick(0, 0, 0, 0);
+        Tick(0, 0, 0, 0);
+    }
+};
+
+TEST_F(Blocks, AnUnknownConditionRunsNeitherBranch) {
+    const std::string text = Tick(90, 0, 16, 0);
+    for (const char* name : {"IF_TRUE", "IF_FALSE", "OR_TRUE", "OR_FALSE", "XOR_TRUE", "XOR_FALSE"})
+        EXPECT_EQ(text.find(name), std::string::npos) << text;
+}
+
+TEST_F(Blocks, IfIsAsCertainAsWhatItReadsAndItsConclusionAsTheLeastOfBoth) {
+    EXPECT_HOLDS(Tick(90, FULL, 0, 0), "IF_TRUE (VERYHIGH)");
+    EXPECT_EQ(g_boxes, std::vector<std::string>{"A is high: EndIf"});
+    EXPECT_HOLDS(Tick(90, LOW, 0, 0), "IF_TRUE (LOW)");
+    EXPECT_HOLDS(Tick(10, NORMAL, 0, 0), "IF_FALSE (NORMAL)");
+    EXPECT_TRUE(g_boxes.empty());
+}
+
+TEST_F(Blocks, IfOrHoldsWhenOneDoesHoweverUnknownTheOthersAre) {
+    EXPECT_HOLDS(Tick(60, LOW, 0, 0), "OR_TRUE (LOW)");
+    EXPECT_HOLDS(Tick(60, LOW, 9, HIGH), "OR_TRUE (HIGH)");
+    retract(&OR_TRUE);
+    EXPECT_NOT(Tick(10, FULL, 0, 0), "OR_FALSE");
+    EXPECT_HOLDS(Tick(10, NORMAL, 1, HIGH), "OR_FALSE (NORMAL)");
+}
+
+TEST_F(Blocks, IfXorHoldsWhenExactlyOneDoes) {
+    EXPECT_NOT(Tick(60, FULL, 9, 0), "XOR_TRUE");
+    EXPECT_HOLDS(Tick(60, HIGH, 1, LOW), "XOR_TRUE (LOW)");
+    EXPECT_HOLDS(Tick(60, HIGH, 9, NORMAL), "XOR_FALSE (NORMAL)");
+    retract(&XOR_FALSE);
+    EXPECT_HOLDS(Tick(6, HIGH, 1, NORMAL), "XOR_FALSE (NORMAL)");
+}
+
+TEST_F(Blocks, IfAnyFindsTheFirstFactOfTheType) {
+    EXPECT_HOLDS(Tick(0, 0, 0, 0), "NONE_WORN (NORMAL)"); // the least certain of both
+    DDEinfo.W2 = 9;
+    std::string text = Tick(0, 0, 0, 0);
+    EXPECT_HOLDS(text, "ANY_WORN (FULL)");
+    EXPECT_NOT(text, "NONE_WORN");
+    EXPECT_EQ(g_boxes, std::vector<std::string>{"Second"});
+    DDEinfo.W1 = 9;
+    EXPECT_HOLDS(Tick(0, 0, 0, 0), "ANY_WORN (NORMAL)");
+    EXPECT_EQ(g_boxes, std::vector<std::string>{"First"});
+}
+
+TEST_F(Blocks, ForAllVisitsEveryFactOfTheType) {
+    DDEinfo.W1 = 11;
+    DDEinfo.W2 = 12;
+    morv::SetTrace(true);
+    Tick(0, 0, 0, 0);
+    const std::string trace = Joined(g_lines);
+    EXPECT_NE(trace.find("assign W1 = 10 h, highest (NORMAL)"), std::string::npos) << trace;
+    EXPECT_NE(trace.find("assign W2 = 10 h, highest (FULL)"), std::string::npos) << trace;
+    EXPECT_EQ(trace.find("ForAll: PF is A"), std::string::npos) << trace;
+}
+
+TEST_F(Blocks, NestedBlocksAreAsCertainAsTheLeastOfAll) {
+    EXPECT_HOLDS(Tick(60, NORMAL, 9, HIGH), "NESTED (NORMAL)");
+    EXPECT_HOLDS(Tick(60, HIGH, 9, LOW), "NESTED (LOW)");
+    EXPECT_TRUE(Has(g_lines, "  V = 80 %, high")) << Joined(g_lines);
+}
+
+TEST_F(Blocks, AnAssignedValueRestsOnWhatItWasComputedFrom) {
+    morv::SetTrace(true);
+    Tick(60, FULL, 9, LOW);
+    EXPECT_NE(Joined(g_lines).find("assign Sum = 69, lowest (LOW)"), std::string::npos)
+        << Joined(g_lines);
+    Tick(60, FULL, 9, FULL);
+    EXPECT_NE(Joined(g_lines).find("assign Sum = 69, lowest (HIGH)"), std::string::npos)
+        << Joined(g_lines);
+}
+
+TEST_F(Blocks, HistoryReachesBackMaxNumTicks) {
+    EXPECT_NOT(Tick(10, FULL, 0, 0), "ROSE"); // the tick before was unknown
+    EXPECT_HOLDS(Tick(80, FULL, 0, 0), "ROSE (FULL)");
+    EXPECT_NOT(Tick(70, FULL, 0, 0), "ROSE");
+    EXPECT_HOLDS(Tick(70, FULL, 0, 0), "LATE (VERYHIGH)"); // IF_TRUE held two ticks ago
+    EXPECT_EQ(MAXNUMTICKS, 2);
+    EXPECT_GT(IF_TRUE.certainty(2), 0);
+    EXPECT_EQ(IF_TRUE.certainty(3), 0);
+    EXPECT_EQ(IF_TRUE.certainty(-1), 0);
+}
+
+TEST_F(Blocks, OfTwoOppositesInATickTheSurerHolds) {
+    std::string text = Tick(0, 0, 6, FULL); // UP NORMAL, then DOWN LOW
+    EXPECT_HOLDS(text, "UP (NORMAL)");
+    EXPECT_NOT(text, "DOWN");
+    DDEinfo.W2 = 6; // DOWN VERYHIGH
+    text = Tick(0, 0, 6, FULL);
+    EXPECT_HOLDS(text, "DOWN (VERYHIGH)");
+    EXPECT_NOT(text, "UP");
+    // What was concluded earlier gives way to anything newer.
+    text = Tick(0, 0, 13, LOW);
+    EXPECT_HOLDS(text, "UP (LOW)");
+    EXPECT_NOT(text, "DOWN");
+}
+
+TEST_F(Blocks, TheTraceTellsWhyARuleFiredOrDidNot) {
+    morv::SetTrace(true);
+    Tick(90, HIGH, 0, 0);
+    const std::string trace = Joined(g_lines);
+    for (const char* line :
+         {"initial A = 90 %, highest (HIGH)\n",
+          "Rule 1 of blocks\n"
+          "  If A.value() > A.fact_value.high : true (HIGH)  [A = 90 %, highest (HIGH)]\n"
+          "  Then\n"
+          "    deduce IF_TRUE (HIGH)\n",
+          "  IfOr B.value() > 8.0 : unknown (NULL)  [B unknown]\n"
+          "  IfOr is true (HIGH)\n",
+          "  IfXor is unknown (NULL): neither branch runs\n"
+          "  nothing done\n"})
+        EXPECT_NE(trace.find(line), std::string::npos) << line << "in:\n" << trace;
+    morv::SetTrace(false);
+    Tick(90, HIGH, 0, 0);
+    EXPECT_EQ(g_lines.size(), 2u) << Joined(g_lines); // what holds, and the valve
+}
+
+TEST(Fact, TellsItsLevelAndWhetherItIsOutsideItsLimits) {
+    DATAFACT fact;
+    fact.fact_value.inf_limit = -5;
+    fact.fact_value.sup_limit = 5;
+    fact.fact_value.lowest = -4;
+    fact.fact_value.low = -2;
+    fact.fact_value.high = 2;
+    fact.fact_value.highest = 4;
+    EXPECT_FALSE(fact.known());
+    for (const auto& [value, level] : {std::pair{-6.0, "lowest"},
+                                       {-4.0, "lowest"},
+                                       {-3.0, "low"},
+                                       {0.0, "normal"},
+                                       {2.0, "high"},
+                                       {4.0, "highest"}}) {
+        fact.assign(value, FULL);
+        EXPECT_STREQ(fact.level(), level) << value;
+        EXPECT_EQ(fact.outside(), value == -6.0);
+    }
+    fact.assign(1, 99);
+    EXPECT_EQ(fact.certainty(), FULL);
+    fact.assign(1, -3);
+    EXPECT_EQ(fact.certainty(), 0);
+    EXPECT_FALSE(fact.known());
+}
+
+TEST(FieldText, TakesUsersTextsAsTheyAreAndCutsLongOnes) {
+    DATAFACT fact;
+    sprintf(fact.description, "100 %s %n");
+    EXPECT_STREQ(fact.description, "100 %s %n");
+    sprintf(fact.fact_value.units, std::string(300, 'u').c_str());
+    EXPECT_EQ(std::string(fact.fact_value.units), std::string(MAXUNITS - 1, 'u'));
+}
+
+TEST(Certainty, HasAWordForEveryNumber) {
+    EXPECT_STREQ(morv::CertaintyWord(0), "NULL");
+    EXPECT_STREQ(morv::CertaintyWord(4.9), "NORMAL");
+    EXPECT_STREQ(morv::CertaintyWord(FULL), "FULL");
+    EXPECT_STREQ(morv::CertaintyWord(1e9), "FULL");
+    EXPECT_STREQ(morv::CertaintyWord(-1), "NULL");
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+// The generated sample compiles without a warning, for Windows by the compiler utility and for the
+// host with a stand-in for the API main. (The golden project of the generators is not compiled: its
+// rules, its opposites, an include and an item of type short are broken on purpose.)
+#include "tests/core/core_test.h"
+#include "tests/morv/generated.h"
+
+#include "shell/files.h"
+
+#include <cstdlib>
+
+namespace {
+
+namespace fs = std::filesystem;
+using zentrik_test::TempFolder;
+
+const std::string kTop = SOURCE_FOLDER;
+
+class Compile : public testing::Test {
+protected:
+    // A Wine prefix that has nothing but drives.
+    void SetUp() override {
+        fs::create_directories(temp_.Path("dosdevices"));
+        fs::create_directories(temp_.Path("c"));
+        fs::create_directory_symlink("../c", temp_.Path("dosdevices/c:"));
+        files::SetDriveRoot(temp_.Path(""));
+        setenv("WINEPREFIX", temp_.Path("").c_str(), 1);
+        setenv("ZKCC_CACHE", temp_.Path("cache").c_str(), 1);
+    }
+    void TearDown() override {
+        unsetenv("WINEPREFIX");
+        unsetenv("ZKCC_CACHE");
+        files::SetDriveRoot("");
+    }
+
+    // Runs a line in the shell; what it says is in the file "said".
+    int Run(const std::string& line) const {
+        return std::system((line + " >'" + temp_.Path("said") + "' 2>&1").c_str());
+    }
+
+    // A command line with its backslashes kept from the shell.
+    static std::string ForShell(const std::string& line) {
+        std::string safe;
+        for (const char c : line)
+            safe += c == '\\' ? std::string("\\\\") : std::string(1, c);
+        return safe;
+    }
+
+    TempFolder temp_;
+};
+
+TEST_F(Compile, TheUtilityMakesTheProgramWithoutAWarning) {
+    const std::string line = morv_test::GenerateSample("C:\\my zentrik", kTop + "/morv/zkcc");
+    EXPECT_EQ(Run(ForShell(line)), 0) << temp_.Content("said");
+    const std::string log = temp_.Content("c/my zentrik/boiler/zkcc.log");
+    EXPECT_EQ(log, "zkcc: made Apiboiler.exe\n");
+    EXPECT_TRUE(fs::exists(temp_.Path("c/my zentrik/boiler/Apiboiler.exe")));
+    EXPECT_FALSE(temp_.Content("c/my zentrik/boiler/boilerR.cpp").empty());
+}
+
+TEST_F(Compile, AnErrorInTheRulesStandsInTheLogWithItsLine) {
+    const std::string line = morv_test::GenerateSample("C:\\zentrik", kTop + "/morv/zkcc");
+    const std::string path = "c/zentrik/boiler/boilerR.cpp";
+    std::string source = temp_.Content(path);
+    const std::string good = "deduce(&LOCKOUT, FULL);";
+    const std::size_t at = source.find(good);
+    ASSERT_NE(at, std::string::npos);
+    const auto row =
+        1 + std::count(source.begin(), source.begin() + static_cast<std::ptrdiff_t>(at), '\n');
+    temp_.Put(path, source.replace(at, good.size(), "deduce(&NOSUCH, FULL);"));
+    EXPECT_NE(Run(ForShell(line)), 0);
+    const std::string log = temp_.Content("c/zentrik/boiler/zkcc.log");
+    EXPECT_NE(log.find("boilerR.cpp:" + std::to_string(row) + ":"), std::string::npos) << log;
+    EXPECT_NE(log.find("NOSUCH"), std::string::npos) << log;
+    EXPECT_TRUE(log.ends_with("zkcc: failed\n")) << log;
+    EXPECT_FALSE(fs::exists(temp_.Path("c/zentrik/boiler/Apiboiler.exe")));
+}
+
+TEST_F(Compile, TheHostCompilesItWithoutAWarningAndTheRulesRun) {
+    morv_test::GenerateSample("C:\\zentrik", "");
+    const std::string project = temp_.Path("c/zentrik/boiler"), morv = temp_.Path("c/zentrik/morv");
+    const std::string compiler = "g++ -std=c++17 -Wall -Werror -I" + project + " -I" + morv +
+                                 " -I" + kTop + "/tests/morv/host ";
+    const std::string translated = temp_.Path("rules.cpp"), program = temp_.Path("program");
+    ASSERT_EQ(Run(std::string(TRANSLATE_RULES) + " " + project + "/boilerR.cpp " + project +
+                  "/boilerR.h " + translated),
+              0)
+        << temp_.Content("said");
+    ASSERT_EQ(Run(compiler + translated + " " + project + "/ddecom.cpp " + morv + "/datafact.cpp " +
+                  morv + "/dfactres.cpp " + morv + "/inf_eng.cpp " + kTop +
+                  "/tests/morv/host/host_main.cpp -o " + program),
+              0)
+        << temp_.Content("said");
+    // Item 0 is the pressure, 1 the level of the drum, 4 the flame and 6 whether the burner burns.
+    ASSERT_EQ(Run(program + " tick 0=11.5 1=50 6=1 tick 4=80 1=10 tick"), 0);
+    const std::string said = temp_.Content("said");
+    EXPECT_NE(said.find("> Steam pressure is high\n"), std::string::npos) << said;
+    EXPECT_NE(said.find("> Flame lost, gas is shut\n"), std::string::npos) << said;
+    EXPECT_NE(said.find("> Purging the furnace\n"), std::string::npos) << said;
+    const std::size_t second = said.find("Tick 2: "), third = said.find("Tick 3: ");
+    ASSERT_NE(third, std::string::npos) << said;
+    EXPECT_EQ(said.substr(0, second).find("HIGH_PRESSURE ("), std::string::npos) << said;
+    EXPECT_NE(said.find("HIGH_PRESSURE (HIGH)", second), std::string::npos) << said;
+    EXPECT_NE(said.find("FLAME_STABLE", third), std::string::npos) << said;
+    EXPECT_EQ(said.find("FLAME_LOST", third), std::string::npos) << said;
+    EXPECT_NE(said.find("LOW_LEVEL (VERYHIGH)", third), std::string::npos) << said;
+}
+
+} // namespace

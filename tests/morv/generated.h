@@ -1,0 +1,39 @@
+// The sample project, generated as the Compile command does it.
+#pragma once
+
+#include "build/build_names.h"
+#include "build/rules_header.h"
+#include "build/rules_source.h"
+#include "build/support_files.h"
+#include "build/tools_file.h"
+#include "examples/sample_writer.h"
+#include "project/project_file.h"
+
+#include <gtest/gtest.h>
+
+namespace morv_test {
+
+// Writes the sample to the work folder `work` and generates its files. Returns the command line of
+// the compiler utility `compiler`.
+inline std::string GenerateSample(const std::string& work, const std::string& compiler) {
+    const std::string folder = std::string(SOURCE_FOLDER) + "/examples/boiler";
+    EXPECT_EQ(sample::WriteSample(folder, work, compiler), "");
+    const std::string path = work + "\\boiler\\boiler.mrv";
+    ProjectFile project;
+    EXPECT_EQ(ReadProject(path.c_str(), project), ReadResult::Ok);
+    const BuildNames names(path.c_str());
+    SystemHead head;
+    ToolsFile tools;
+    EXPECT_TRUE(ReadTools(ToolsFileName(work).c_str(), tools));
+    const SupportInput support{project.head, names, tools.path, work, nullptr};
+    EXPECT_EQ(CrearRulesH(project.head, names.rules_h.c_str(), nullptr), 0);
+    EXPECT_EQ(CrearRulesCpp(project.head, head, names.rules_cpp.c_str(), names.rules_h_name.c_str(),
+                            nullptr),
+              0);
+    EXPECT_EQ(WriteDdecom(support), 0);
+    EXPECT_EQ(WriteConsts(support, head), 0);
+    EXPECT_EQ(WriteMorvApi(support), 0);
+    return CompilerLine(names, tools, work);
+}
+
+} // namespace morv_test

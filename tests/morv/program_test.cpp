@@ -1,0 +1,142 @@
+// The whole way under Wine: the compiler utility is started as Zentrik starts it, the program that
+// it makes is run, and another program pokes an item into it by DDE.
+#include "tests/core/core_test.h"
+#include "tests/morv/generated.h"
+
+#include <functional>
+#include <windows.h>
+
+#include <ddeml.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kWork[] = "C:\\zentrik morv";
+const std::string kProgram = std::string(kWork) + "\\boiler\\Apiboiler";
+
+bool WaitFor(int seconds, const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
+    while (!condition()) {
+        if (GetTickCount64() > end)
+            return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
+        for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);)
+            DispatchMessageA(&message);
+    }
+    return true;
+}
+
+std::string Content(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+PROCESS_INFORMATION Start(std::string line) {
+    STARTUPINFOA start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    EXPECT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS,
+                               nullptr, nullptr, &start, &process))
+        << line << " " << GetLastError();
+    return process;
+}
+
+void Close(const PROCESS_INFORMATION& process) {
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
+// Ends the program when the test does.
+struct Running {
+    explicit Running(const std::string& line) : process(Start(line)) {}
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running() {
+        TerminateProcess(process.hProcess, 1);
+        Close(process);
+    }
+    PROCESS_INFORMATION process;
+};
+
+class Client {
+public:
+    Client() { DdeInitializeA(&instance_, Answer, APPCMD_CLIENTONLY, 0); }
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
+    ~Client() { DdeUninitialize(instance_); }
+
+    bool Connect(const char* service, const char* topic) {
+        const HSZ names[] = {DdeCreateStringHandleA(instance_, service, CP_WINANSI),
+                             DdeCreateStringHandleA(instance_, topic, CP_WINANSI)};
+        conversation_ = DdeConnect(instance_, names[0], names[1], nullptr);
+        return conversation_ != nullptr;
+    }
+
+    bool Poke(const char* item, std::string text) {
+        const HSZ name = DdeCreateStringHandleA(instance_, item, CP_WINANSI);
+        return DdeClientTransaction(reinterpret_cast<BYTE*>(text.data()),
+                                    static_cast<DWORD>(text.size() + 1), conversation_, name,
+                                    CF_TEXT, XTYP_POKE, 10000, nullptr) != nullptr;
+    }
+
+private:
+    static HDDEDATA CALLBACK Answer(UINT, UINT, HCONV, HSZ, HSZ, HDDEDATA, ULONG_PTR, ULONG_PTR) {
+        return nullptr;
+    }
+
+    DWORD instance_ = 0;
+    HCONV conversation_ = nullptr;
+};
+
+TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
+    const std::string line =
+        morv_test::GenerateSample(kWork, std::string(SOURCE_FOLDER) + "/morv/zkcc");
+    Close(Start(line));
+    const std::string log = std::string(kWork) + "\\boiler\\zkcc.log";
+    ASSERT_TRUE(WaitFor(180, [&] { return Content(log).find("zkcc: ") != std::string::npos; }));
+    ASSERT_EQ(Content(log), "zkcc: made Apiboiler.exe\n");
+
+    SetEnvironmentVariableA("MORV_TRACE", "1");
+    SetEnvironmentVariableA("MORV_PERIOD", "200");
+    const Running program('"' + kProgram + ".exe\"");
+    const auto says = [](const std::string& text) {
+        return [text] { return Content(kProgram + ".log").find(text) != std::string::npos; };
+    };
+    ASSERT_TRUE(WaitFor(60, says("Tick 1: ")));
+    EXPECT_FALSE(says("Steam pressure is high")());
+
+    Client client;
+    EXPECT_FALSE(client.Connect("apiboiler", "another"));
+    ASSERT_TRUE(WaitFor(30, [&] { return client.Connect("apiboiler", "boiler"); }));
+    EXPECT_FALSE(client.Poke("NoSuchItem", "1"));
+    EXPECT_TRUE(client.Poke("Pressure", "11.5"));
+    EXPECT_TRUE(client.Poke("DrumLevel", std::string(1000, '9')));
+    EXPECT_TRUE(WaitFor(30, says("> Steam pressure is high"))) << Content(kProgram + ".log");
+    EXPECT_TRUE(says("initial Pressure = 11.5 bar, high (VERYHIGH)")());
+    EXPECT_TRUE(says("Poke: Pressure = 11.5")());
+
+    const HWND window = FindWindowA("MorvProgram", "Apiboiler");
+    ASSERT_NE(window, nullptr);
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 20000), WAIT_OBJECT_0);
+}
+
+TEST(BuiltProgram, EndsByItselfAfterItsTicks) {
+    ASSERT_TRUE(fs::exists(kProgram + ".exe")) << "the test before makes it";
+    SetEnvironmentVariableA("MORV_TRACE", nullptr);
+    SetEnvironmentVariableA("MORV_PERIOD", "50");
+    SetEnvironmentVariableA("MORV_TICKS", "3");
+    const Running program('"' + kProgram + ".exe\"");
+    EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 60000), WAIT_OBJECT_0);
+    DWORD code = 1;
+    EXPECT_TRUE(GetExitCodeProcess(program.process.hProcess, &code));
+    EXPECT_EQ(code, 0u);
+    const std::string log = Content(kProgram + ".log");
+    EXPECT_NE(log.find("Tick 3: "), std::string::npos) << log;
+    EXPECT_EQ(log.find("Tick 4: "), std::string::npos) << log;
+    EXPECT_EQ(log.find("Rule 1 of"), std::string::npos) << log;
+}
+
+} // namespace
