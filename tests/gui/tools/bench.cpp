@@ -82,7 +82,7 @@ void PutProject(const gui::WorkFolder& work, const std::string& base, bool with_
     project.results.resize(static_cast<std::size_t>(results));
     for (int i = 0; i < results; ++i)
         SetText(project.results[static_cast<std::size_t>(i)].name,
-                work.Path("r" + std::to_string(i) + ".rst"));
+                work.Path(std::to_string(i) + ".rst"));
     if (!WriteProject(work.Path(base + ".mrv").c_str(), project))
         gui::Fail("cannot write the project " + base);
 }

@@ -1,0 +1,48 @@
+#include "tests/gui/driver/input.h"
+
+#include <cctype>
+
+namespace gui {
+
+namespace {
+
+void PostClick(HWND hwnd, UINT down, POINT place) {
+    PostMessageA(hwnd, down, MK_LBUTTON, MAKELPARAM(place.x, place.y));
+    PostMessageA(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(place.x, place.y));
+}
+
+void SendKey(WORD code, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = code;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(code, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    SendInput(1, &input, sizeof input);
+}
+
+} // namespace
+
+void MouseClick(HWND hwnd, POINT place) {
+    PostClick(hwnd, WM_LBUTTONDOWN, place);
+}
+
+void MouseDoubleClick(HWND hwnd, POINT place) {
+    PostClick(hwnd, WM_LBUTTONDOWN, place);
+    PostClick(hwnd, WM_LBUTTONDBLCLK, place);
+}
+
+void Key(WORD code, WORD held) {
+    if (held)
+        SendKey(held, 0);
+    SendKey(code, 0);
+    SendKey(code, KEYEVENTF_KEYUP);
+    if (held)
+        SendKey(held, KEYEVENTF_KEYUP);
+}
+
+void Keys(const std::string& text) {
+    for (char c : text)
+        Key(static_cast<WORD>(std::toupper(static_cast<unsigned char>(c))));
+}
+
+} // namespace gui
