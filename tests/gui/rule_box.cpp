@@ -32,13 +32,6 @@ std::string RuleBox::Count() const {
     return dialog_.Text(RULE_COUNT);
 }
 
-HWND RuleBox::TextWindow(const std::string& title) const {
-    for (HWND child : app_.Children(kEditor))
-        if (TextOf(child) == title)
-            return child;
-    Fail("no text window " + title);
-}
-
 std::string RuleBox::Content() const {
     return TextOf(edit_);
 }
