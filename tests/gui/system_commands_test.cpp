@@ -320,6 +320,32 @@ TEST_F(SystemCommandsTest, RulesAndHeaderCarryOverToTheNextSystem) {
     EXPECT_EQ(app.Rows(kSystem).size(), 6u);
 }
 
+TEST_F(SystemCommandsTest, RulesClosesTheTextWindowsFirst) {
+    App& app = RunSample();
+    for (const char* name : {"main.cpp", "help.cpp"})
+        app.CommandWithFile(CM_OPEN_FILE, "Open File", app.Path(name));
+    app.Type("x");
+    app.Activate(app.Child(kSystem));
+    const auto start = [&](Answer answer) {
+        app.Start(CM_RULES);
+        app.ExpectBox("File Has been change. Save before Closing?", "Close notification",
+                      Buttons::YesNoCancel, Icon::None, answer);
+    };
+    start(Answer::Cancel);
+    app.Finish();
+    EXPECT_EQ(app.Children(kEditor).size(), 2u);
+    start(Answer::No);
+    Dialog rules = app.WaitDialog("Rules");
+    ASSERT_EQ(app.Children(kEditor).size(), 1u);
+    EXPECT_EQ(TextOf(app.Child(kEditor)), "untitled.rul");
+    EXPECT_EQ(app.EditorText(), "");
+    EXPECT_TRUE(app.HasChild(kSystem));
+    rules.Close();
+    app.Finish();
+    EXPECT_EQ(FileContent(app.Path("help.cpp")),
+              "#include <math.h>\r\nint twice(int a) { return 2 * a; }\r\n");
+}
+
 TEST_F(SystemCommandsTest, DerivedNamesEndAtTheFirstDotOfThePath) {
     App& app = RunNew();
     MakeFolders(app.Path("a.b"));
