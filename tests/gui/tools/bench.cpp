@@ -208,6 +208,9 @@ void BenchRenumber(int rules, double limit = kAnyTime) {
     box.CommandWithFile(RM_OPEN_RULES, gui::kRulesTitle, app.Path("big.rul"));
     Report("Renumber, rules of 100 bytes", rules, Seconds([&] { box.Click(RULE_END_RULE); }),
            limit);
+    // A rule more at the front gives every rule another number.
+    box.TypeAt(0, "Rule EndRule");
+    Report("Renumber, every number changed", rules, Seconds([&] { box.Click(RULE_END_RULE); }));
 }
 
 void BenchStart() {
