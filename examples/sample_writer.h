@@ -6,10 +6,10 @@
 namespace sample {
 
 // Writes the project whose source stands in `folder` (X\X.txt for a folder named X, with the files
-// it names; the runtime stands two folders up, in "morv") to the work folder `work`, an absolute path
-// without a '.' that need not exist. The tools file there names `compiler`, which may be empty. The
-// same source gives the same bytes. A rules file whose rules are not numbered and closed is
-// refused. Returns an empty text, or what went wrong.
+// it names; the runtime stands two folders up, in "morv") to the work folder `work`, an absolute
+// path without a '.' that need not exist. The tools file there names `compiler`, which may be
+// empty. The same source gives the same bytes. A rules file whose rules are not numbered and closed
+// is refused. Returns an empty text, or what went wrong.
 std::string WriteSample(const std::string& folder, const std::string& work,
                         const std::string& compiler);
 

@@ -9,7 +9,7 @@ std::string WithExtension(std::string_view path, std::string_view extension) {
 }
 
 std::string Stem(std::string_view path, bool keep_backslash) {
-    const std::string cut = CutAtDot(path);
+    std::string cut = CutAtDot(path);
     const std::size_t at = cut.rfind('\\');
     if (at == std::string::npos)
         return cut;
