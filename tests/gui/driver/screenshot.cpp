@@ -40,9 +40,13 @@ BITMAPINFOHEADER Header(int width, int height, WORD bits) {
 } // namespace
 
 bool SaveScreenshot(const std::string& path) {
-    const BITMAPINFOHEADER header =
-        Header(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), 24);
-    const std::vector<char> pixels = Pixels(0, 0, header);
+    return SaveScreenshot(path,
+                          RECT{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+}
+
+bool SaveScreenshot(const std::string& path, const RECT& place) {
+    const BITMAPINFOHEADER header = Header(place.right - place.left, place.bottom - place.top, 24);
+    const std::vector<char> pixels = Pixels(place.left, place.top, header);
 
     BITMAPFILEHEADER file{};
     file.bfType = 0x4D42;

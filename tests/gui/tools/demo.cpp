@@ -1,19 +1,26 @@
 // Shows the program at work on the sample project in C:\zentrik:
 //     demo --open              opens the sample and leaves the program to the user
+//     demo --visit             opens the sample and exits again
 //     demo [--tour <folder>]   opens, debugs, compiles and executes it, with a picture of each step
 //                              in the folder (screenshots\ of the out folder)
 // Exit code 0 only when everything happened.
+#include "shell/files.h"
 #include "shell/ZENTRIK.h"
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/driver/screenshot.h"
 
 #include <cstdio>
+#include <functional>
 #include <string>
 
 namespace {
 
 constexpr char kWorkFolder[] = "C:\\zentrik";
+constexpr char kBuilt[] = "C:\\zentrik\\boiler\\Apiboiler"; // without its extension
+constexpr char kTicks[] = "3";                              // after which the built program ends
+constexpr int kCompileSeconds = 200;
+constexpr int kOutputSeconds = 60;
 constexpr char kProject[] = "C:\\zentrik\\boiler\\boiler.mrv";
 
 void Say(const std::string& what) {
@@ -72,6 +79,20 @@ public:
         }
     }
 
+    // Compile does not wait for the compiler, and Execute not either.
+    void AwaitProgram() {
+        Say("waiting for the compiler to make " + std::string(kBuilt) + ".exe");
+        Await(kCompileSeconds, std::string(kBuilt) + ".exe",
+              [] { return gui::FileExists(std::string(kBuilt) + ".exe"); });
+    }
+
+    void ShowOutput() {
+        const std::string log = std::string(kBuilt) + ".log";
+        const std::string last = "Tick " + std::string(kTicks) + ":";
+        Await(kOutputSeconds, log, [&] { return Content(log).find(last) != std::string::npos; });
+        Say("the built program says:\n" + Content(log));
+    }
+
     void Execute() {
         app_.Start(CM_EXECUTE);
         AnswerDebug();
@@ -91,12 +112,30 @@ public:
     }
 
 private:
+    static std::string Content(const std::string& path) {
+        std::string text;
+        files::ReadWhole(path.c_str(), files::Mode::Read, text);
+        return text;
+    }
+
+    static void Await(int seconds, const std::string& what, const std::function<bool()>& there) {
+        const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
+        for (; !there(); Sleep(50))
+            if (GetTickCount64() > end)
+                gui::Fail("waited in vain for " + what + "\n" +
+                          Content(std::string(kWorkFolder) + "\\boiler\\zkcc.log"));
+    }
+
     gui::Program program_;
     gui::App app_;
 };
 
 void Tour(const std::string& folder) {
     gui::MakeFolders(folder);
+    // The programs that Zentrik starts inherit this.
+    SetEnvironmentVariableA("MORV_TICKS", kTicks);
+    DeleteFileA((std::string(kBuilt) + ".exe").c_str());
+    DeleteFileA((std::string(kBuilt) + ".log").c_str());
     Demo demo(false);
     demo.Open();
     demo.Picture(folder, "1_project");
@@ -104,7 +143,9 @@ void Tour(const std::string& folder) {
     demo.Picture(folder, "2_findings");
     demo.Compile();
     demo.Picture(folder, "3_compiled");
+    demo.AwaitProgram();
     demo.Execute();
+    demo.ShowOutput();
     demo.Picture(folder, "4_executed");
     demo.Exit();
 }
@@ -118,10 +159,14 @@ int main(int count, char** words) {
             Demo demo(true);
             demo.Open();
             demo.AwaitEnd();
+        } else if (mode == "--visit" && count == 2) {
+            Demo demo(false);
+            demo.Open();
+            demo.Exit();
         } else if (count == 1 || (mode == "--tour" && count == 3)) {
             Tour(count == 1 ? gui::OutFolder() + "\\screenshots" : words[2]);
         } else {
-            Say("demo [--open | --tour <folder>]");
+            Say("demo [--open | --visit | --tour <folder>]");
             return 2;
         }
     } catch (const std::exception& failure) {

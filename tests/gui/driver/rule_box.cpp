@@ -1,4 +1,4 @@
-#include "tests/gui/rule_box.h"
+#include "tests/gui/driver/rule_box.h"
 
 #include "tests/gui/driver/failure.h"
 
@@ -30,13 +30,6 @@ std::vector<std::string> RuleBox::Tags() const {
 
 std::string RuleBox::Count() const {
     return dialog_.Text(RULE_COUNT);
-}
-
-HWND RuleBox::TextWindow(const std::string& title) const {
-    for (HWND child : app_.Children(kEditor))
-        if (TextOf(child) == title)
-            return child;
-    Fail("no text window " + title);
 }
 
 std::string RuleBox::Content() const {

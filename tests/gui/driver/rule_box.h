@@ -22,8 +22,7 @@ public:
     std::vector<std::string> Tags() const;
     std::string Count() const;
 
-    // The text window, found by its title: others can be open as well.
-    HWND TextWindow(const std::string& title) const;
+    // The text beside it: of the window that was topmost when the dialog was found.
     HWND Edit() const { return edit_; }
     std::string Content() const;
     bool Modified() const;

@@ -1,0 +1,179 @@
+// Makes the pictures of the user's guide: the sample is built by hand in C:\zentrik, from its
+// sources to the running program, with a picture of each step.
+//     guide <folder> [<compiler utility>]
+// Without a compiler utility it ends before Execute. Exit code 0 only when everything happened.
+#include "examples/sample_source.h"
+#include "examples/sample_writer.h"
+#include "tests/gui/driver/app.h"
+#include "tests/gui/driver/failure.h"
+#include "tests/gui/driver/screenshot.h"
+#include "tests/gui/driver/rule_box.h"
+#include "tests/gui/sample_making.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <set>
+
+namespace {
+
+constexpr char kWork[] = "C:\\zentrik";
+constexpr char kSample[] = "C:\\zentrik\\boiler\\";
+constexpr SIZE kFrame{880, 600};
+constexpr SIZE kReadme{1000, 640};
+constexpr DWORD kCompileTime = 200000; // ms
+constexpr char kProgramClass[] = "MorvProgram";
+
+// The sources, the rules and the templates; no record file.
+void PutSources(const std::string& folder) {
+    const std::string wrong = sample::WriteSample(folder, kWork, "");
+    if (!wrong.empty())
+        gui::Fail(wrong);
+    for (const auto& entry : std::filesystem::directory_iterator(kSample)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension != ".cpp" && extension != ".rul")
+            std::filesystem::remove(entry.path());
+    }
+    std::filesystem::remove(std::string(kWork) + "\\toolfile.tol");
+}
+
+class Guide {
+public:
+    Guide(std::string folder, std::string compiler)
+        : folder_(std::move(folder)), compiler_(std::move(compiler)),
+          program_(gui::BinFolder() + "\\zentrik.exe", kWork), app_(program_) {
+        Resize(kFrame);
+    }
+
+    void Run(const sample::Source& source) {
+        gui::SampleMaking(app_, source, kWork, [this](const std::string& step, HWND window) {
+            Picture(step, window);
+        }).All(compiler_);
+        for (const sample::System& system : source.systems)
+            IndexRules(system, source.tags.front().name);
+        OpenProject();
+        Debug();
+        Overview();
+        app_.Command(CM_COMPILE);
+        if (!compiler_.empty())
+            Execute();
+        if (app_.Exit() != 0)
+            gui::Fail("the program ended with an error");
+    }
+
+private:
+    void Resize(SIZE size) {
+        SetWindowPos(app_.Frame(), nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER);
+    }
+
+    // The first picture of each step is the one that counts.
+    void Picture(const std::string& step, HWND window) {
+        if (!pictured_.insert(step).second)
+            return;
+        for (HWND each : {app_.Frame(), window})
+            RedrawWindow(each, nullptr, nullptr,
+                         RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        program_.Send(window, WM_NULL);
+        RECT place;
+        GetWindowRect(window, &place);
+        const std::string path = folder_ + "\\" + step + ".bmp";
+        if (!gui::SaveScreenshot(path, place))
+            gui::Fail("cannot write " + path);
+        std::puts(path.c_str());
+    }
+
+    // The rules came as texts: numbering and saving them in the rule editor makes their index.
+    void IndexRules(const sample::System& system, const std::string& tags) {
+        app_.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", kSample + system.name + ".lse");
+        app_.StartDoubleClick(gui::kSystem, 3);
+        gui::RuleBox rules(app_);
+        rules.CommandWithFile(RM_OPEN_TAGS, gui::kTagsTitle, kSample + tags + ".tag");
+        rules.Click(RULE_END_RULE);
+        rules.Command(RM_SAVE_FILE);
+        app_.Command(CM_TILE_VERTICAL);
+        SetWindowPos(rules.Window(), nullptr, kFrame.cx / 2 + 60, 300, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER);
+        rules.Select(0);
+        Picture("rules", app_.Frame());
+        rules.Close();
+        app_.Command(CM_CLOSE_SYSTEM);
+    }
+
+    void OpenProject() {
+        app_.CommandWithFile(CM_OPEN_MORV, "Open MORV Project",
+                             std::string(kSample) + "boiler.mrv");
+    }
+
+    void Debug() {
+        app_.Start(CM_DEBUG);
+        AnswerDebug();
+        app_.Finish();
+        Picture("findings", app_.Frame());
+    }
+
+    void AnswerDebug() {
+        gui::Dialog debug = app_.WaitDialog("Debug");
+        Picture("debug", debug.Window());
+        debug.Press(DEBUG_START);
+        app_.ExpectBox("Debug Finalitzat", "Debug");
+        app_.Finish();
+    }
+
+    // The picture that shows Zentrik as a whole: project, system and findings side by side.
+    void Overview() {
+        app_.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System",
+                             std::string(kSample) + "steam.lse");
+        Resize(kReadme);
+        app_.Command(CM_TILE_VERTICAL);
+        Picture("zentrik", app_.Frame());
+        app_.Command(CM_CLOSE_SYSTEM);
+        Resize(kFrame);
+    }
+
+    // Compile does not wait for the compiler, and Execute not for the program.
+    void Execute() {
+        const std::string built = std::string(kSample) + "Apiboiler";
+        program_.WaitFor(
+            "the built program", [&] { return gui::FileExists(built + ".exe"); }, kCompileTime);
+        app_.Start(CM_EXECUTE);
+        AnswerDebug();
+        app_.Finish();
+        HWND window = nullptr;
+        program_.WaitFor("three ticks of the built program", [&] {
+            window = FindWindowA(kProgramClass, nullptr);
+            return window && gui::FileContent(built + ".log").find("Tick 3:") != std::string::npos;
+        });
+        SetWindowPos(window, HWND_TOP, 120, 120, 620, 360, 0);
+        Picture("executed", window);
+        PostMessageA(window, WM_CLOSE, 0, 0);
+        program_.WaitFor("the end of the built program", [&] { return !IsWindow(window); });
+    }
+
+    std::string folder_, compiler_;
+    std::set<std::string> pictured_;
+    gui::Program program_;
+    gui::App app_;
+};
+
+} // namespace
+
+int main(int count, char** words) {
+    if (count < 2 || count > 3) {
+        std::puts("guide <folder> [<compiler utility>]");
+        return 2;
+    }
+    try {
+        gui::MakeFolders(words[1]);
+        const std::string folder = gui::SourceFolder() + "\\examples\\boiler";
+        sample::Source source;
+        const std::string wrong =
+            sample::ReadSource(gui::FileContent(folder + "\\boiler.txt"), source);
+        if (!wrong.empty())
+            gui::Fail(wrong);
+        PutSources(folder);
+        Guide(words[1], count == 3 ? words[2] : "").Run(source);
+    } catch (const std::exception& failure) {
+        std::printf("failed: %s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
