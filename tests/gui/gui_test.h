@@ -14,7 +14,9 @@ namespace gui {
 using TextRows = std::vector<std::string>;
 
 // The row of an item in a document's list: its text behind a TAB.
-inline std::string Item(const std::string& text) { return std::string("\t").append(text); }
+inline std::string Item(const std::string& text) {
+    return std::string("\t").append(text);
+}
 
 class GuiTest : public testing::Test {
 protected:
