@@ -87,6 +87,8 @@ private:
     void Picture(const std::string& step, HWND window) {
         if (!pictured_.insert(step).second)
             return;
+        if (window == app_.Frame())
+            app_.Command(CM_TILE_VERTICAL);
         EnumChildWindows(window, CaretToEnd, 0);
         for (HWND each : {app_.Frame(), window})
             RedrawWindow(each, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
@@ -106,9 +108,9 @@ private:
         rules.CommandWithFile(RM_OPEN_TAGS, gui::kTagsTitle, kSample + tags + ".tag");
         rules.Click(RULE_END_RULE);
         rules.Command(RM_SAVE_FILE);
-        app_.Command(CM_TILE_VERTICAL);
         SetWindowPos(rules.Window(), nullptr, 560, 300, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         rules.Select(0);
+        program_.Send(rules.Edit(), WM_VSCROLL, SB_TOP);
         Picture("rules", app_.Frame());
         rules.Close();
         app_.Command(CM_CLOSE_SYSTEM);
@@ -137,7 +139,6 @@ private:
     void Overview() {
         app_.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System",
                              std::string(kSample) + "steam.lse");
-        app_.Command(CM_TILE_HORIZONTAL);
         Picture("zentrik", app_.Frame());
         app_.Command(CM_CLOSE_SYSTEM);
     }
