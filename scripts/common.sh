@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2154
-# What ./test, ./run and ./bench share; they source it with `top`, the checkout's path, set.
+# What ./test, ./run, ./package and ./bench share; they source it with `top`, the checkout's path, set.
 out=$top/out
 logs=$out/logs
 mkdir -p "$logs"

@@ -62,7 +62,7 @@ TEST_F(AddResourceTest, FactsMoveBetweenTheLists) {
     End(app, add, ADD_OK);
     EXPECT_EQ(app.Rows(kSystem),
               (TextRows{"System Name", "\tuntitled.lse", "Facts Base", "\ta", "\tb"}));
-    EXPECT_FALSE(app.IsGrey(CM_INIT_FACTS));
+    EXPECT_FALSE(app.IsGrey(CM_RESOURCE_REMOVE));
     SaveAs(app, "new.lse");
     const SystemFile stored = Stored(app, "new.lse");
     EXPECT_EQ(Text(stored.head.KnowName), app.Path("base.fac"));

@@ -222,6 +222,21 @@ TEST_F(FactsTest, AReplacementStaysPendingWhileTheTypeIsRefused) {
     Close(app, dialog);
 }
 
+TEST_F(FactsTest, ShowingAFactMovesAPendingReplacementToTheFirst) {
+    App& app = RunBase({Fact("a", 1), Fact("b", 2)});
+    Dialog dialog = Open(app);
+    Dat wrong = Fact("b", 2);
+    SetText(wrong.KnowType, "NONE");
+    AddOverListed(app, dialog, wrong, Answer::Yes);
+    app.ExpectBox("Fats Type not defined", "New Fact", Buttons::Ok, Icon::Exclamation);
+    app.Finish();
+    dialog.DoubleClick(KNOW_FACTS, 1);
+    Add(dialog, Fact("n", 3));
+    EXPECT_EQ(Base(app), Bytes({Fact("n", 3), Fact("b", 2)}));
+    EXPECT_EQ(dialog.Rows(KNOW_FACTS), (TextRows{"n", "b"}));
+    Close(app, dialog);
+}
+
 TEST_F(FactsTest, AnotherFileForgetsAPendingReplacement) {
     App& app = RunBase({Fact("a", 1), Fact("b", 2)});
     Dialog dialog = Open(app);

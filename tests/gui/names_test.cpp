@@ -107,8 +107,8 @@ TEST_F(NamesTest, ResultsKeepTheirOrderWithoutDuplicates) {
 }
 
 TEST_F(NamesTest, ACancelledNameKeepsTheDialogOpen) {
+    App& app = Run();
     for (const Kinds& kind : {kTags, kResults}) {
-        App& app = Run();
         Dialog dialog = New(app, kind);
         Add(dialog, kind, "one");
         Add(dialog, kind, "two");
@@ -193,8 +193,8 @@ TEST_F(NamesTest, OpenedListsAreWrittenOnlyWhenTheyChanged) {
 }
 
 TEST_F(NamesTest, AfterAnOpenANewListLoadsTheUntitledFile) {
+    App& app = Run();
     for (const Kinds& kind : {kTags, kResults}) {
-        App& app = Run();
         const std::string name = std::string("names") + kind.extension;
         const std::string untitled = std::string("untitled") + kind.extension;
         PutFile(app.Path(name), TagBytes({"a"}));
@@ -241,8 +241,8 @@ TEST_F(NamesTest, OtherExtensionsOpenNothing) {
 }
 
 TEST_F(NamesTest, LongNamesAreCut) {
+    App& app = Run();
     for (const Kinds& kind : {kTags, kResults}) {
-        App& app = Run();
         Dialog dialog = New(app, kind);
         Add(dialog, kind, std::string(300, 'n'));
         const std::string name = std::string("made") + kind.extension;

@@ -2,7 +2,7 @@
 #include "system/system_file.h"
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/gui_test.h"
-#include "tests/gui/rule_box.h"
+#include "tests/gui/driver/rule_box.h"
 #include "tests/gui/sample_project.h"
 
 #include <algorithm>

@@ -179,10 +179,6 @@ void App::Maximize(HWND child) {
     program_->Send(client_, WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(child));
 }
 
-void App::Restore(HWND child) {
-    program_->Send(client_, WM_MDIRESTORE, reinterpret_cast<WPARAM>(child));
-}
-
 void App::StartClose(HWND child) {
     program_->Start(child, WM_SYSCOMMAND, SC_CLOSE);
 }

@@ -90,7 +90,6 @@ public:
     void StartDoubleClick(const std::string& class_name, int row);
     void Activate(HWND child);
     void Maximize(HWND child);
-    void Restore(HWND child);
     void StartClose(HWND child); // the child's close box, which shows something
     void CloseChild(HWND child); // which shows nothing
 

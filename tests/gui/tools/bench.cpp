@@ -6,6 +6,7 @@
 #include "system/system_file.h"
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/failure.h"
+#include "tests/gui/driver/rule_box.h"
 
 #include <cstdio>
 #include <functional>
@@ -145,6 +146,73 @@ void BenchOpenProject(int results, double limit = kAnyTime) {
     Report("Open a project, results", results, seconds, limit);
 }
 
+gui::App WithFacts(int facts) {
+    return gui::App(gui::Kind::Nt, [&](const gui::WorkFolder& work) {
+        PutFacts(work, "big", facts);
+        gui::PutFile(work.Path("items.dde"), BytesOf(NameRecord{}));
+    });
+}
+
+// Opening the facts base, and adding and removing one fact in the full list.
+void BenchFactsBase(int facts, double limit = kAnyTime) {
+    gui::App app = WithFacts(facts);
+    app.Start(CM_OPEN_RESOURCE);
+    std::optional<gui::Dialog> dialog;
+    const double open = Seconds([&] {
+        app.ChooseFile("Open Resource", app.Path("big.fac"));
+        dialog.emplace(app.WaitDialog("Facts Base"));
+    });
+    Report("Open a facts base, facts", facts, open, limit);
+    dialog->SetText(KNOW_NAME, "One more");
+    dialog->SetText(KNOW_TYPE, "ACTION");
+    Report("Add a fact to it", facts, Seconds([&] { dialog->Click(IDOK); }));
+    dialog->Select(KNOW_FACTS, 0);
+    Report("Remove its first fact", facts, Seconds([&] { dialog->Click(KNOW_REMOVE); }));
+    dialog->Click(KNOW_CLOSE);
+    app.Finish();
+}
+
+// The system has every fact of its base: all are listed as chosen, and put back by "Ok".
+void BenchAddResource(int facts, double limit = kAnyTime) {
+    gui::App app = WithFacts(facts);
+    OpenSeconds(app, CM_OPEN_SYSTEM, "Open MORV System", "big.lse");
+    app.Start(CM_ADD_FACTS);
+    const double seconds = Seconds([&] {
+        app.ChooseFile("Open MORV Facts", app.Path("big.fac"));
+        gui::Dialog dialog = app.WaitDialog("Add Resource");
+        dialog.Click(ADD_OK);
+        app.Finish();
+    });
+    ExpectRows(app, gui::kSystem, facts + 3);
+    Report("Add Resource, facts", facts, seconds, limit);
+    Report("Save that system", facts, Seconds([&] { app.Command(CM_SAVE_SYSTEM); }), limit);
+}
+
+void BenchInitialFacts(int facts, double limit = kAnyTime) {
+    gui::App app = WithFacts(facts);
+    OpenSeconds(app, CM_OPEN_SYSTEM, "Open MORV System", "big.lse");
+    app.Start(CM_INIT_FACTS);
+    const double seconds = Seconds([&] {
+        app.ChooseFile("Open DDE File", app.Path("items.dde"));
+        gui::Dialog dialog = app.WaitDialog("Init Facts");
+        dialog.Click(INIT_CLOSE);
+        app.Finish();
+    });
+    Report("Initial facts, opened and closed", facts, seconds, limit);
+}
+
+void BenchRenumber(int rules, double limit = kAnyTime) {
+    gui::App app(gui::Kind::Nt, [&](const gui::WorkFolder& work) { PutRules(work, "big", rules); });
+    app.Start(CM_RULES);
+    gui::RuleBox box(app);
+    box.CommandWithFile(RM_OPEN_RULES, gui::kRulesTitle, app.Path("big.rul"));
+    Report("Renumber, rules of 100 bytes", rules, Seconds([&] { box.Click(RULE_END_RULE); }),
+           limit);
+    // A rule more at the front gives every rule another number.
+    box.TypeAt(0, "Rule EndRule");
+    Report("Renumber, every number changed", rules, Seconds([&] { box.Click(RULE_END_RULE); }));
+}
+
 void BenchStart() {
     const double seconds = Seconds([] { gui::App app; });
     Report("Start to the end of the About box", 1, seconds);
@@ -163,6 +231,18 @@ int main() {
         BenchOpenSystem(10000, 1);
         for (int results : {1000, 2000, 4000, 8000})
             BenchOpenProject(results, results == 1000 ? 1 : kAnyTime);
+        for (int facts : {1000, 2000, 4000, 8000})
+            BenchFactsBase(facts);
+        BenchFactsBase(10000, 1);
+        for (int facts : {1000, 2000, 4000, 8000})
+            BenchAddResource(facts);
+        BenchAddResource(10000, 2);
+        for (int facts : {1000, 2000, 4000, 8000})
+            BenchInitialFacts(facts);
+        BenchInitialFacts(10000, 2);
+        for (int rules : {1000, 2000, 4000, 8000})
+            BenchRenumber(rules);
+        BenchRenumber(10000, 1);
     } catch (const std::exception& failure) {
         std::printf("failed: %s\n", failure.what());
         return 1;

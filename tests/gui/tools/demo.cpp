@@ -1,5 +1,6 @@
 // Shows the program at work on the sample project in C:\zentrik:
 //     demo --open              opens the sample and leaves the program to the user
+//     demo --visit             opens the sample and exits again
 //     demo [--tour <folder>]   opens, debugs, compiles and executes it, with a picture of each step
 //                              in the folder (screenshots\ of the out folder)
 // Exit code 0 only when everything happened.
@@ -158,10 +159,14 @@ int main(int count, char** words) {
             Demo demo(true);
             demo.Open();
             demo.AwaitEnd();
+        } else if (mode == "--visit" && count == 2) {
+            Demo demo(false);
+            demo.Open();
+            demo.Exit();
         } else if (count == 1 || (mode == "--tour" && count == 3)) {
             Tour(count == 1 ? gui::OutFolder() + "\\screenshots" : words[2]);
         } else {
-            Say("demo [--open | --tour <folder>]");
+            Say("demo [--open | --visit | --tour <folder>]");
             return 2;
         }
     } catch (const std::exception& failure) {

@@ -7,7 +7,7 @@
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/driver/screenshot.h"
-#include "tests/gui/rule_box.h"
+#include "tests/gui/driver/rule_box.h"
 #include "tests/gui/sample_making.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "tests/gui/rule_box.h"
+#include "tests/gui/driver/rule_box.h"
 
 #include "tests/gui/driver/failure.h"
 
