@@ -30,7 +30,7 @@ void SampleMaking::Names(int command, const std::string& title, int edit,
     for (const std::string& name : names) {
         dialog.SetText(edit, name);
         if (name == names.back())
-            Show(title, dialog.Window());
+            Show(command == CM_NEW_TAGS ? "tags" : "results", dialog.Window());
         dialog.Click(IDOK);
     }
     dialog.Press(TAGS_CLOSE);

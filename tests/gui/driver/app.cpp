@@ -230,8 +230,10 @@ DWORD App::Exit() {
 
 DWORD App::Farewell() {
     Press(WaitBox("Zentrik")); // the ownership notice
+    // The other box comes after the command, maybe before its end is known here.
+    const Box last = WaitBox("Zentrik"); // the research group
     Finish();
-    Press(WaitBox("Zentrik")); // the research group
+    Press(last);
     return program_->ExitCode();
 }
 

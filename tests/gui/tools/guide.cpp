@@ -18,8 +18,6 @@ namespace {
 
 constexpr char kWork[] = "C:\\zentrik";
 constexpr char kSample[] = "C:\\zentrik\\boiler\\";
-constexpr SIZE kFrame{880, 600};
-constexpr SIZE kReadme{1000, 640};
 constexpr DWORD kCompileTime = 200000; // ms
 constexpr char kProgramClass[] = "MorvProgram";
 
@@ -36,13 +34,37 @@ void PutSources(const std::string& folder) {
     std::filesystem::remove(std::string(kWork) + "\\toolfile.tol");
 }
 
+// The caret at the end of a field hides no letter of it.
+BOOL CALLBACK CaretToEnd(HWND hwnd, LPARAM) {
+    if (gui::ClassOf(hwnd) == "Edit" && (GetWindowLongA(hwnd, GWL_STYLE) & ES_MULTILINE) == 0)
+        SendMessageA(hwnd, EM_SETSEL, gui::TextOf(hwnd).size(),
+                     static_cast<LPARAM>(gui::TextOf(hwnd).size()));
+    return TRUE;
+}
+
+BOOL CALLBACK NothingToPaint(HWND hwnd, LPARAM) {
+    return !IsWindowVisible(hwnd) || !GetUpdateRect(hwnd, nullptr, FALSE);
+}
+
+// Whether nothing is left to paint in a window and in all below it.
+bool Painted(HWND window) {
+    return NothingToPaint(window, 0) && EnumChildWindows(window, NothingToPaint, 0);
+}
+
+// The part of a window that is on the screen: the borders of a maximised frame are not.
+RECT OnScreen(HWND window) {
+    const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    RECT place;
+    GetWindowRect(window, &place);
+    IntersectRect(&place, &place, &screen);
+    return place;
+}
+
 class Guide {
 public:
     Guide(std::string folder, std::string compiler)
         : folder_(std::move(folder)), compiler_(std::move(compiler)),
-          program_(gui::BinFolder() + "\\zentrik.exe", kWork), app_(program_) {
-        Resize(kFrame);
-    }
+          program_(gui::BinFolder() + "\\zentrik.exe", kWork), app_(program_) {}
 
     void Run(const sample::Source& source) {
         gui::SampleMaking(app_, source, kWork, [this](const std::string& step, HWND window) {
@@ -61,20 +83,17 @@ public:
     }
 
 private:
-    void Resize(SIZE size) {
-        SetWindowPos(app_.Frame(), nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER);
-    }
-
     // The first picture of each step is the one that counts.
     void Picture(const std::string& step, HWND window) {
         if (!pictured_.insert(step).second)
             return;
+        if (window == app_.Frame())
+            app_.Command(CM_TILE_VERTICAL);
+        EnumChildWindows(window, CaretToEnd, 0);
         for (HWND each : {app_.Frame(), window})
-            RedrawWindow(each, nullptr, nullptr,
-                         RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
-        program_.Send(window, WM_NULL);
-        RECT place;
-        GetWindowRect(window, &place);
+            RedrawWindow(each, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
+        program_.WaitFor("the painting of " + step, [&] { return Painted(window); });
+        const RECT place = OnScreen(window);
         const std::string path = folder_ + "\\" + step + ".bmp";
         if (!gui::SaveScreenshot(path, place))
             gui::Fail("cannot write " + path);
@@ -89,10 +108,9 @@ private:
         rules.CommandWithFile(RM_OPEN_TAGS, gui::kTagsTitle, kSample + tags + ".tag");
         rules.Click(RULE_END_RULE);
         rules.Command(RM_SAVE_FILE);
-        app_.Command(CM_TILE_VERTICAL);
-        SetWindowPos(rules.Window(), nullptr, kFrame.cx / 2 + 60, 300, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER);
+        SetWindowPos(rules.Window(), nullptr, 560, 300, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         rules.Select(0);
+        program_.Send(rules.Edit(), WM_VSCROLL, SB_TOP);
         Picture("rules", app_.Frame());
         rules.Close();
         app_.Command(CM_CLOSE_SYSTEM);
@@ -112,7 +130,6 @@ private:
 
     void AnswerDebug() {
         gui::Dialog debug = app_.WaitDialog("Debug");
-        Picture("debug", debug.Window());
         debug.Press(DEBUG_START);
         app_.ExpectBox("Debug Finalitzat", "Debug");
         app_.Finish();
@@ -122,11 +139,8 @@ private:
     void Overview() {
         app_.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System",
                              std::string(kSample) + "steam.lse");
-        Resize(kReadme);
-        app_.Command(CM_TILE_VERTICAL);
         Picture("zentrik", app_.Frame());
         app_.Command(CM_CLOSE_SYSTEM);
-        Resize(kFrame);
     }
 
     // Compile does not wait for the compiler, and Execute not for the program.
