@@ -6,19 +6,21 @@
 #include "examples/sample_writer.h"
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/failure.h"
-#include "tests/gui/driver/screenshot.h"
 #include "tests/gui/driver/rule_box.h"
+#include "tests/gui/driver/screenshot.h"
 #include "tests/gui/sample_making.h"
 
 #include <cstdio>
 #include <filesystem>
 #include <set>
+#include <vector>
 
 namespace {
 
 constexpr char kWork[] = "C:\\zentrik";
 constexpr char kSample[] = "C:\\zentrik\\boiler\\";
 constexpr DWORD kCompileTime = 200000; // ms
+constexpr DWORD kStill = 300;          // ms, less than a caret stays
 constexpr char kProgramClass[] = "MorvProgram";
 
 // The sources, the rules and the templates; no record file.
@@ -94,10 +96,25 @@ private:
             RedrawWindow(each, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
         program_.WaitFor("the painting of " + step, [&] { return Painted(window); });
         const RECT place = OnScreen(window);
+        AwaitStill(step, place);
         const std::string path = folder_ + "\\" + step + ".bmp";
         if (!gui::SaveScreenshot(path, place))
             gui::Fail("cannot write " + path);
         std::puts(path.c_str());
+    }
+
+    // What is painted reaches the screen some time later, in pieces.
+    void AwaitStill(const std::string& step, const RECT& place) {
+        std::vector<char> last;
+        ULONGLONG since = 0;
+        program_.WaitFor("a still picture of " + step, [&] {
+            std::vector<char> now = gui::ScreenPixels(place);
+            if (now != last) {
+                last = std::move(now);
+                since = GetTickCount64();
+            }
+            return GetTickCount64() - since >= kStill;
+        });
     }
 
     // The rules came as texts: numbering and saving them in the rule editor makes their index.
