@@ -15,6 +15,13 @@ using zentrik_test::TempFolder;
 
 const std::string kTop = SOURCE_FOLDER;
 
+// A path as one word of a command line, also when it holds blanks.
+std::string Quoted(const std::string& path) {
+    return '"' + path + '"';
+}
+
+const std::string kUtility = Quoted(kTop + "/morv/zkcc");
+
 class Compile : public testing::Test {
 protected:
     // A Wine prefix that has nothing but drives.
@@ -49,7 +56,7 @@ protected:
 };
 
 TEST_F(Compile, TheUtilityMakesTheProgramWithoutAWarning) {
-    const std::string line = morv_test::GenerateSample("C:\\my zentrik", kTop + "/morv/zkcc");
+    const std::string line = morv_test::GenerateSample("C:\\my zentrik", kUtility);
     EXPECT_EQ(Run(ForShell(line)), 0) << temp_.Content("said");
     const std::string log = temp_.Content("c/my zentrik/boiler/zkcc.log");
     EXPECT_EQ(log, "zkcc: made Apiboiler.exe\n");
@@ -58,7 +65,7 @@ TEST_F(Compile, TheUtilityMakesTheProgramWithoutAWarning) {
 }
 
 TEST_F(Compile, AnErrorInTheRulesStandsInTheLogWithItsLine) {
-    const std::string line = morv_test::GenerateSample("C:\\zentrik", kTop + "/morv/zkcc");
+    const std::string line = morv_test::GenerateSample("C:\\zentrik", kUtility);
     const std::string path = "c/zentrik/boiler/boilerR.cpp";
     std::string source = temp_.Content(path);
     const std::string good = "deduce(&LOCKOUT, FULL);";
@@ -78,16 +85,17 @@ TEST_F(Compile, AnErrorInTheRulesStandsInTheLogWithItsLine) {
 TEST_F(Compile, TheHostCompilesItWithoutAWarningAndTheRulesRun) {
     morv_test::GenerateSample("C:\\zentrik", "");
     const std::string project = temp_.Path("c/zentrik/boiler"), morv = temp_.Path("c/zentrik/morv");
-    const std::string compiler = "g++ -std=c++17 -Wall -Werror -I" + project + " -I" + morv +
-                                 " -I" + kTop + "/tests/morv/host ";
+    const std::string host = kTop + "/tests/morv/host";
+    const std::string compiler =
+        "g++ -std=c++17 -Wall -Werror -I" + project + " -I" + morv + " -I" + Quoted(host) + " ";
     const std::string translated = temp_.Path("rules.cpp"), program = temp_.Path("program");
-    ASSERT_EQ(Run(std::string(TRANSLATE_RULES) + " " + project + "/boilerR.cpp " + project +
+    ASSERT_EQ(Run(Quoted(TRANSLATE_RULES) + " " + project + "/boilerR.cpp " + project +
                   "/boilerR.h " + translated),
               0)
         << temp_.Content("said");
     ASSERT_EQ(Run(compiler + translated + " " + project + "/ddecom.cpp " + morv + "/datafact.cpp " +
-                  morv + "/dfactres.cpp " + morv + "/inf_eng.cpp " + kTop +
-                  "/tests/morv/host/host_main.cpp -o " + program),
+                  morv + "/dfactres.cpp " + morv + "/inf_eng.cpp " +
+                  Quoted(host + "/host_main.cpp") + " -o " + program),
               0)
         << temp_.Content("said");
     // Item 0 is the pressure, 1 the level of the drum, 4 the flame and 6 whether the burner burns.

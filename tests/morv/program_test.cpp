@@ -92,7 +92,7 @@ private:
 
 TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     const std::string line =
-        morv_test::GenerateSample(kWork, std::string(SOURCE_FOLDER) + "/morv/zkcc");
+        morv_test::GenerateSample(kWork, '"' + std::string(SOURCE_FOLDER) + "/morv/zkcc\"");
     Close(Start(line));
     const std::string log = std::string(kWork) + "\\boiler\\zkcc.log";
     ASSERT_TRUE(WaitFor(180, [&] { return Content(log).find("zkcc: ") != std::string::npos; }));
