@@ -213,7 +213,7 @@ TEST(InitialValues, AreLookedUpInLinearTime) {
     for (int i = kMany; i-- > 0;)
         size += values.Row("fact" + std::to_string(i)).size();
     EXPECT_GT(size, 20u * kMany / 2);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 TEST(DdeRow, PartsNameAndTypeWithATab) {

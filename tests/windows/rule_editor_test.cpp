@@ -200,7 +200,7 @@ TEST_F(RuleEditorTest, SavesALargeTextQuickly) {
     StartWith(text);
     const DWORD start = GetTickCount();
     ReNumRules(box_->Window(), 0);
-    EXPECT_LT(GetTickCount() - start, 5000u);
+    EXPECT_LT(GetTickCount() - start, 20000u);
     EXPECT_EQ(Rules().size(), 10000u);
     EXPECT_EQ(Rules().back(), "Rule 10000");
 }
