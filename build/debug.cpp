@@ -20,8 +20,8 @@ Lexical Anul = Lexical::Code;
 
 constexpr ULONGLONG kRepaintEvery = 40; // milliseconds; quicker than that nobody can see
 
-// Shows the check in the dialog and its findings in the messages window. A field has its new text
-// at once, but is painted only at the pace a person can follow.
+// Shows the check in the dialog and its findings in the messages window. The fields that change
+// with every rule are set and painted only at the pace a person can follow, and at the end.
 class DebugView : public CheckView {
 public:
     DebugView(HWND dialog, HWND list) : dialog_(dialog), list_(list) {}
@@ -39,11 +39,10 @@ public:
         Paint();
     }
 
-    void RuleName(const std::string& name) override { Set(DEBUG_RULE, name.c_str()); }
+    void RuleName(const std::string& name) override { rule_ = name; }
 
     void Progress(char c, bool) override {
-        const char text[] = {c, '\0'};
-        Set(DEBUG_PROGRESS, text);
+        character_[0] = c;
         if (GetTickCount64() - painted_ >= kRepaintEvery)
             Paint();
     }
@@ -72,6 +71,8 @@ private:
     }
 
     void Paint() {
+        Set(DEBUG_RULE, rule_.c_str());
+        Set(DEBUG_PROGRESS, character_);
         for (int id : {DEBUG_RULE, DEBUG_SYSTEM, DEBUG_RULES_FILE, DEBUG_PROGRESS}) {
             const HWND field = GetDlgItem(dialog_, id);
             InvalidateRect(field, nullptr, TRUE);
@@ -83,6 +84,8 @@ private:
     HWND dialog_;
     HWND list_;
     std::optional<ListFill> fill_;
+    std::string rule_;
+    char character_[2] = "";
     ULONGLONG painted_ = 0;
 };
 
