@@ -112,9 +112,16 @@ TEST_F(ToolbarTest, ItsNewFileLeavesTheMenuAlone) {
 TEST(Process, RunsTheLineWithoutWaiting) {
     TempFolder temp;
     const std::string file = temp.Path("out.txt");
+    const HANDLE changed = FindFirstChangeNotificationA(
+        temp.Path("").c_str(), FALSE, FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_SIZE);
+    ASSERT_NE(changed, INVALID_HANDLE_VALUE);
     StartProcess("", "cmd /c echo done>" + file);
-    for (int i = 0; i < 200 && temp.Content("out.txt").empty(); ++i)
-        Sleep(50);
+    // A change may be told before the text can be read, so each wait is short and looked at again.
+    for (int tries = 0; tries < 100 && temp.Content("out.txt") != "done\r\n"; ++tries) {
+        WaitForSingleObject(changed, 100);
+        FindNextChangeNotification(changed);
+    }
+    FindCloseChangeNotification(changed);
     EXPECT_EQ(temp.Content("out.txt"), "done\r\n");
 }
 

@@ -118,12 +118,15 @@ private:
         return text;
     }
 
-    static void Await(int seconds, const std::string& what, const std::function<bool()>& there) {
-        const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
-        for (; !there(); Sleep(50))
-            if (GetTickCount64() > end)
-                gui::Fail("waited in vain for " + what + "\n" +
-                          Content(std::string(kWorkFolder) + "\\boiler\\zkcc.log"));
+    // Waits for what a program does that Zentrik has started; a failure tells what the compiler
+    // said.
+    void Await(int seconds, const std::string& what, const std::function<bool()>& there) const {
+        try {
+            program_.WaitFor(what, there, static_cast<DWORD>(seconds) * 1000);
+        } catch (const std::exception& failure) {
+            gui::Fail(failure.what() + std::string("\n") +
+                      Content(std::string(kWorkFolder) + "\\boiler\\zkcc.log"));
+        }
     }
 
     gui::Program program_;
