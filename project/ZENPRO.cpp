@@ -1,17 +1,12 @@
 #include "project/ZENPRO.h"
 
 #include "project/results_file.h"
+#include "shell/file_helpers.h"
 #include "shell/mdi.h"
 #include "shell/record_text.h"
 #include "shell/section_rows.h"
 
 namespace {
-
-// GetPos and RePos number the sections differently: the main section is always at its place.
-enum Placed { kSystems = 1, kExterns, kDde, kResults };                           // GetPos
-enum Changed { kMainSection = 1, kSystemsSection, kExternsSection, kDdeSection }; // RePos
-
-constexpr int kFirstSection = 3; // row of the first item when nothing stands before it
 
 // A name as a field holds it.
 std::string Cut(const char* name) {
@@ -19,14 +14,12 @@ std::string Cut(const char* name) {
 }
 
 // Takes the first of rows 1..count that reads `name` out of a list of names, closing the gap.
-template <std::size_t N>
-void RemoveName(char (&names)[N][kNameSize], std::int32_t& count, const std::string& name) {
+void RemoveName(char (*names)[kNameSize], int count, const std::string& name) {
     int t = 0;
     while (t <= count && Text(names[t]) != name)
         ++t;
     for (; t < count; ++t)
         std::memcpy(names[t], names[t + 1], kNameSize);
-    count -= 1;
 }
 
 } // namespace
@@ -94,7 +87,7 @@ int ZKPROJECT::DestroyMdi() {
 }
 
 int ZKPROJECT::GetPos(int Nvar) {
-    int row = MainState == 1 ? kFirstSection + 2 : kFirstSection;
+    int row = MainState == 1 ? kFirstItem + 2 : kFirstItem;
     if (Nvar >= kResults && Pdde != -1)
         row = Pdde + 2;
     else if (Nvar >= kDde && PExt != -1)
@@ -135,7 +128,7 @@ int ZKPROJECT::RePos(int Nvar, int Nlin) {
 }
 
 int ZKPROJECT::NameMain(const char* name) {
-    PMain = kFirstSection;
+    PMain = kFirstItem;
     SetText(MainName, name);
     ListRows rows(List());
     rows.Insert(PMain - 1, "Main");
@@ -145,36 +138,36 @@ int ZKPROJECT::NameMain(const char* name) {
     return RePos(kMainSection, 2);
 }
 
-int ZKPROJECT::NameSys(char* name) {
-    if (EngNum >= kMaxSystems)
+ZKPROJECT::Names ZKPROJECT::Systems() {
+    return {kSystems, kSystemsSection, PEng, EngNum, EngineNames, kMaxSystems, "System"};
+}
+
+ZKPROJECT::Names ZKPROJECT::Externs() {
+    return {kExterns, kExternsSection, PExt, ExtNum, ExternFiles, kMaxExterns, "Extern"};
+}
+
+int ZKPROJECT::AddTo(const Names& section, char* name) {
+    if (section.count >= section.most)
         return -1;
-    GetPos(kSystems);
-    const int n = EngNum;
+    GetPos(section.placed);
+    const int n = section.count;
     ListRows rows(List());
     if (n == 0)
-        rows.Insert(PEng - 1, "System");
-    EngNum += 1;
-    SetText(EngineNames[EngNum], name);
+        rows.Insert(section.first - 1, section.heading);
+    section.count += 1;
+    SetText(section.names[n + 1], name);
     AddTab(name);
-    rows.Insert(PEng + n, ItemRow(Text(EngineNames[EngNum])));
+    rows.Insert(section.first + n, ItemRow(Text(section.names[n + 1])));
     MORVmod = 1;
-    return RePos(kSystemsSection, n > 0 ? 1 : 2);
+    return RePos(section.changed, n > 0 ? 1 : 2);
+}
+
+int ZKPROJECT::NameSys(char* name) {
+    return AddTo(Systems(), name);
 }
 
 int ZKPROJECT::NameExt(char* name) {
-    if (ExtNum >= kMaxExterns)
-        return -1;
-    GetPos(kExterns);
-    const int n = ExtNum;
-    ListRows rows(List());
-    if (n == 0)
-        rows.Insert(PExt - 1, "Extern");
-    ExtNum += 1;
-    SetText(ExternFiles[ExtNum], name);
-    AddTab(name);
-    rows.Insert(PExt + n, ItemRow(Text(ExternFiles[ExtNum])));
-    MORVmod = 1;
-    return RePos(kExternsSection, n > 0 ? 1 : 2);
+    return AddTo(Externs(), name);
 }
 
 int ZKPROJECT::NameDde(char* name) {
@@ -190,8 +183,14 @@ int ZKPROJECT::NameDde(char* name) {
     return 0;
 }
 
-int ZKPROJECT::NameRes(const char* name, int a) {
+void ZKPROJECT::CountResults() {
     GetPos(kResults);
+    // The results editor counts each name it adds to a results file as a result of the project.
+    ResNum = std::clamp(ResNum, 0, std::max(0, ListRows(List()).Count() - PRes));
+}
+
+int ZKPROJECT::NameRes(const char* name, int a) {
+    CountResults();
     MORVmod = 1;
     ListRows rows(List());
     const std::string wanted = Cut(name);
@@ -270,66 +269,66 @@ int ZKPROJECT::DeleteDde() {
     return RePos(kDdeSection, -2);
 }
 
+void ZKPROJECT::DeleteFrom(const Names& section, int index) {
+    const WindowHandle list = List();
+    const bool all = index == -1 && section.first != -1;
+    if (!all && PartOf(index, section.first, section.count) != 2)
+        return;
+    ListRows rows(list);
+    if (!all)
+        RemoveName(section.names, section.count, ItemText(rows, index));
+    if (all || section.count == 1) {
+        RePos(section.changed, -(section.count + 1));
+        DeleteSection(list, section.first, section.count);
+        section.count = 0;
+        section.first = -1;
+    } else {
+        rows.Delete(index);
+        section.count -= 1;
+        RePos(section.changed, -1);
+    }
+}
+
 int ZKPROJECT::DeleteSys(int index) {
-    ListRows rows(List());
-    if (index == -1 && PEng != -1) {
-        RePos(kSystemsSection, -(EngNum + 1));
-        DeleteSection(hwndList, PEng, EngNum);
+    if (index == -1 && PEng != -1)
         for (int t = 0; t <= EngNum; ++t)
             SetText(EngineNames[t], "");
-        EngNum = 0;
-        PEng = -1;
-    } else if (IsSys(index) == 2) {
-        RemoveName(EngineNames, EngNum, ItemText(rows, index));
-        rows.Delete(index);
-        if (EngNum == 0) {
-            rows.Delete(index - 1);
-            PEng = -1;
-            RePos(kSystemsSection, -1);
-        }
-        RePos(kSystemsSection, -1);
-    }
+    DeleteFrom(Systems(), index);
     return 0;
 }
 
 int ZKPROJECT::DeleteExt(int index) {
-    ListRows rows(List());
-    if (index == -1 && PExt != -1) {
-        RePos(kExternsSection, -(ExtNum + 1));
-        DeleteSection(hwndList, PExt, ExtNum);
-        // The earlier names stay in memory and in the saved file; the count of 0 hides them.
+    // The count of 0 hides the names before the last one; they are saved with the project.
+    if (index == -1 && PExt != -1)
         SetText(ExternFiles[ExtNum], "");
-        ExtNum = 0;
-        PExt = -1;
-    } else if (IsExt(index) == 2) {
-        RemoveName(ExternFiles, ExtNum, ItemText(rows, index));
-        rows.Delete(index);
-        if (ExtNum == 0) {
-            rows.Delete(PExt - 1);
-            PExt = -1;
-            RePos(kExternsSection, -1);
-        }
-        RePos(kExternsSection, -1);
-    }
+    DeleteFrom(Externs(), index);
     return 0;
 }
 
 int ZKPROJECT::DeleteRes(int index) {
-    ListRows rows(List());
-    const char* auxiliary = ResName[0] != '\0' ? ResName : ResAux;
-    if (index == -1 && PRes != -1) {
-        DeleteSection(hwndList, PRes, ResNum);
-        PRes = -1;
+    if (PRes == -1)
+        return 0;
+    CountResults();
+    const bool all = index == -1;
+    if (!all && IsRes(index) != 2)
+        return 0;
+    const WindowHandle list = List();
+    ListRows rows(list);
+    // A working file that was never written has no names to take out.
+    const char* auxiliary = files::Exists(ResName) ? ResName : ResAux;
+    const bool written =
+        all ? EmptyResults(auxiliary) : PruneResults(auxiliary, ItemText(rows, index).c_str());
+    if (!written) {
+        SaveErr();
+        return -1;
+    }
+    if (all || ResNum == 1) {
+        DeleteSection(list, PRes, ResNum);
         ResNum = 0;
-        EmptyResults(auxiliary);
-    } else if (IsRes(index) == 2) {
-        ResNum -= 1;
-        PruneResults(auxiliary, ItemText(rows, index).c_str());
+        PRes = -1;
+    } else {
         rows.Delete(index);
-        if (ResNum == 0) {
-            rows.Delete(PRes - 1);
-            PRes = -1;
-        }
+        ResNum -= 1;
     }
     return 0;
 }

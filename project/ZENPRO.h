@@ -1,5 +1,5 @@
-// The project document: the one open project, shown as a list in its MDI child. The rows of that
-// list are the only link between what is shown and what is stored; results are kept nowhere else.
+// The project document with its list in an MDI child. Only the positions below tell which rows of
+// the list are what, and the paths of the results files stand in those rows alone.
 #pragma once
 
 #include "project/project_file.h"
@@ -7,6 +7,13 @@
 
 class ZKPROJECT {
 public:
+    // The row of the first item in the list, behind the name and a heading.
+    static constexpr int kFirstItem = 3;
+
+    // GetPos and RePos number the sections differently: the main section is always at its place.
+    enum Placed { kSystems = 1, kExterns, kDde, kResults };                           // GetPos
+    enum Changed { kMainSection = 1, kSystemsSection, kExternsSection, kDdeSection }; // RePos
+
     WindowHandle hwndPro;  // the project child
     WindowHandle hwndList; // the list box in it
     std::int32_t PMain;    // row of the main file, -1 when absent; its header is one above
@@ -22,10 +29,10 @@ public:
     char MainName[kNameSize];  // stays after the entry is removed; MainState says what holds
     char DDEName[kNameSize];   // likewise
     char ResAux[kNameSize];    // the saved auxiliary results file
-    char OldResAux[kNameSize]; // the one in force before the current results edit
+    char OldResAux[kNameSize]; // what a cancelled results edit goes back to
     char EngineNames[kMaxSystems + 1][kNameSize];
     char ExternFiles[kMaxExterns + 1][kNameSize];
-    char ResName[kNameSize]; // the working auxiliary results file, empty when there is none
+    char ResName[kNameSize]; // its working copy, named before it is written; else empty
     std::int32_t EngNum;
     std::int32_t ExtNum;
     std::int32_t ResNum;
@@ -40,8 +47,8 @@ public:
     int DestroyPro();
     int DestroyMdi();
 
-    // Add an entry and its rows. NameSys, NameExt and NameDde put a TAB in front of the caller's
-    // own text, whose buffer must have room for one more character.
+    // Add an entry and its rows. The three that take a changeable text leave it as the row shows
+    // it, so the buffer needs a byte more than the name.
     int NameMain(const char* name);
     int NameSys(char* name);
     int NameExt(char* name);
@@ -58,14 +65,15 @@ public:
     int IsExt(int index) const;
     int IsRes(int index) const;
 
-    // Remove an entry; -1 removes the whole section.
+    // Remove an entry; -1 removes the whole section. DeleteRes gives -1, with everything as it was,
+    // when the auxiliary file could not be written (shown).
     int DeleteMain();
     int DeleteDde();
     int DeleteSys(int index);
     int DeleteExt(int index);
     int DeleteRes(int index);
 
-    int SavePro();                // 0, or -1 when the file could not be written (shown)
+    int SavePro();                // 0, or -1 without a list or when a write failed (shown)
     int OpenPro(const char* nom); // shows "Open Error" when it cannot be read or is damaged
     int IsDup(const char* name);  // the row that shows `name`, -1 when absent
     int ChName(const char* name); // renames the project and its rows
@@ -81,5 +89,21 @@ public:
     ProjectRecord Record() const; // the part of the project the project file and the build use
 
 private:
+    // Systems or externs: their place, rows and names.
+    struct Names {
+        Placed placed;
+        Changed changed;
+        std::int32_t& first;
+        std::int32_t& count;
+        char (*names)[kNameSize];
+        int most;
+        const char* heading;
+    };
+    Names Systems();
+    Names Externs();
+    int AddTo(const Names& section, char* name);
+    void DeleteFrom(const Names& section, int index);
+
     WindowHandle List(); // fetches hwndList again
+    void CountResults(); // places the results and makes their number that of the rows
 };

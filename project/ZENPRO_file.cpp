@@ -6,6 +6,7 @@
 #include "shell/paths.h"
 #include "shell/record_text.h"
 #include "shell/section_rows.h"
+#include "shell/working_copy.h"
 
 namespace {
 
@@ -24,49 +25,49 @@ void TakeRecord(ZKPROJECT& project, const ProjectRecord& record) {
     project.DatHisLen = record.DatHisLen;
 }
 
+WorkingCopy Auxiliary(const ZKPROJECT& project, const char* path) {
+    return {Text(project.ResName), Text(project.ResAux), WithExtension(path, ".aux")};
+}
+
 // The auxiliary file that will be the saved one once the project is saved as `path`.
 std::string SavedAuxiliary(const ZKPROJECT& project, const char* path) {
-    if (project.ResName[0] == '\0')
-        return Text(project.ResAux);
-    // When the results dialog was left without writing, the saved names stay in force.
-    if (!files::Exists(project.ResName) && files::Exists(project.ResAux))
-        return Text(project.ResAux);
-    return WithExtension(path, ".aux");
+    return project.ResName[0] == '\0' ? Text(project.ResAux)
+                                      : NameAfterMove(Auxiliary(project, path));
 }
 
 // Fills the list of a project that was just read, section by section.
-void AppendRows(ZKPROJECT& project, const std::vector<NameRecord>& results) {
-    ListRows rows(project.hwndList);
-    ListFill fill(project.hwndList);
+void AppendRows(ZKPROJECT& project, WindowHandle list, const std::vector<NameRecord>& results) {
+    ListRows rows(list);
+    ListFill fill(list);
     auto append = [&rows](const char(&name)[kNameSize]) { rows.Add(ItemRow(Text(name))); };
     rows.Add("MORVName");
     append(project.MORVName);
     if (project.MainName[0] != '\0') {
-        project.PMain = 3;
+        project.PMain = ZKPROJECT::kFirstItem;
         rows.Add("Main");
         append(project.MainName);
         project.MainState = 1;
     }
     if (project.EngNum != 0) {
-        project.GetPos(1);
+        project.GetPos(ZKPROJECT::kSystems);
         rows.Add("Systems");
         for (int i = 1; i <= project.EngNum; ++i)
             append(project.EngineNames[i]);
     }
     if (project.ExtNum != 0) {
-        project.GetPos(2);
+        project.GetPos(ZKPROJECT::kExterns);
         rows.Add("Extern");
         for (int i = 1; i <= project.ExtNum; ++i)
             append(project.ExternFiles[i]);
     }
     if (project.DDEName[0] != '\0') {
-        project.GetPos(3);
+        project.GetPos(ZKPROJECT::kDde);
         rows.Add("DDE");
         append(project.DDEName);
         project.DDEState = 1;
     }
     if (project.ResNum > 0) {
-        project.GetPos(4);
+        project.GetPos(ZKPROJECT::kResults);
         rows.Add("Results");
         for (const NameRecord& record : results)
             append(record.name);
@@ -98,11 +99,8 @@ int ZKPROJECT::GetResName(const char* WPath) {
 }
 
 int ZKPROJECT::ChangeName(const char* New) {
-    const std::string target = WithExtension(New, ".aux");
-    const std::string working = Text(ResName);
     const std::string saved = SavedAuxiliary(*this, New);
-    if (!working.empty() && working != target && files::Exists(working.c_str()) &&
-        !files::RenameOver(working.c_str(), target.c_str()))
+    if (ResName[0] != '\0' && !MoveToPlace(Auxiliary(*this, New)))
         return -1;
     SetText(ResAux, saved);
     SetText(ResName, "");
@@ -110,14 +108,17 @@ int ZKPROJECT::ChangeName(const char* New) {
 }
 
 int ZKPROJECT::SavePro() {
+    // The rows hold the results: a file written without them would lose those it has.
+    if (!List())
+        return -1;
+    if (ResNum > 0)
+        CountResults();
     // The project file goes first: when it cannot be written, the working auxiliary file and the
     // one that belongs to the old project file are both still where they were.
     ProjectFile project;
     project.head = Record();
     SetText(project.head.ResAux, SavedAuxiliary(*this, MORVName));
-    ListRows rows(List());
-    if (ResNum > 0)
-        GetPos(4);
+    const ListRows rows(List());
     for (int i = 0; i < ResNum; ++i)
         SetText(project.results.emplace_back().name, ItemText(rows, PRes + i));
     if (!WriteProject(MORVName, project) || ChangeName(MORVName) != 0) {
@@ -133,14 +134,15 @@ int ZKPROJECT::OpenPro(const char* nom) {
     SetText(MORVName, path);
     ProjectFile project;
     const ReadResult result = ReadProject(MORVName, project);
+    const bool readable = result == ReadResult::Ok || result == ReadResult::Damaged;
+    if (readable) {
+        TakeRecord(*this, project.head);
+        hwndPro = CrearMdiCh("Projec", "MORV Project");
+        MORState = 1;
+        AppendRows(*this, List(), project.results);
+    }
+    // Last: the box leaves the menus usable.
     if (result != ReadResult::Ok)
         ShowMessage(GetDesktopWindow(), "Open Error", "Open Project");
-    if (result == ReadResult::Missing || result == ReadResult::Useless)
-        return -1;
-    TakeRecord(*this, project.head);
-    hwndPro = CrearMdiCh("Projec", "MORV Project");
-    MORState = 1;
-    List();
-    AppendRows(*this, project.results);
-    return 0;
+    return readable ? 0 : -1;
 }

@@ -24,7 +24,7 @@ INT_PTR CALLBACK HistoryDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
         return TRUE;
     }
     if (message == WM_COMMAND && LOWORD(wParam) == IDOK) {
-        // Not a change of the project: it reaches the file with the next save for another reason.
+        // A new length alone does not make the project ask to be saved.
         Project.DatHisLen = Number(ControlText(hwnd, HL_LENGTH, kLongest));
         EndDialog(hwnd, IDOK);
         return TRUE;

@@ -1,6 +1,7 @@
 #include "project/project_commands.h"
 
 #include "shell/dialog.h"
+#include "shell/document_save.h"
 #include "shell/editor.h"
 #include "shell/file_dialogs.h"
 #include "shell/menu.h"
@@ -12,6 +13,20 @@
 namespace {
 
 constexpr char kProjectFilter[] = "MORV Project Files (*.mrv)\0*.mrv\0 All Files (*.*)\0*.*\0";
+
+const SavedDocument kDocument{
+    Project.MORState,
+    Project.MORVmod,
+    Project.hwndPro,
+    Project.MORVName,
+    [] { return Project.IsUntitled() != 0; },
+    [](const char* name) { Project.ChName(name); },
+    [] { return Project.SavePro(); },
+    kProjectFilter,
+    "Save MORV Project As...",
+    ".mrv",
+    false,
+};
 
 // A chosen path; the document puts a TAB in front of some.
 using ChosenName = char[kNameSize + 1];
@@ -37,54 +52,26 @@ void EnableProjectMenus(HWND hwnd) {
         EnableMenu(hwnd, group);
 }
 
-enum class Saved { Done, Cancelled, Failed };
-
-Saved SaveAs() {
-    char name[kNameSize];
-    if (SaveDlg(kProjectFilter, "Save MORV Project As...", ".mrv", name, OFN_OVERWRITEPROMPT) != 0)
-        return Saved::Cancelled;
-    const std::string before = Text(Project.MORVName);
-    Project.NamePro(name);
-    Project.ChName(name);
-    if (Project.SavePro() != 0) {
-        Project.ChName(before.c_str());
-        return Saved::Failed;
-    }
-    Project.MORVmod = 0;
-    return Saved::Done;
+// Shows that the project has such an item already, if it has.
+bool Refused(HWND hwnd, bool refused, const char* text, const char* caption) {
+    if (refused)
+        ShowMessage(hwnd, text, caption);
+    return refused;
 }
 
-Saved Save() {
-    if (Project.IsUntitled())
-        return SaveAs();
-    if (Project.SavePro() != 0)
-        return Saved::Failed;
-    Project.MORVmod = 0;
-    return Saved::Done;
+// Asks for a file to add. `may_add`, which shows why not, is asked again afterwards: another of
+// these dialogs may have been used meanwhile.
+template <class MayAdd>
+bool ChooseItem(MayAdd may_add, const char* filter, const char* title, const char* extension,
+                char* name) {
+    const auto still_open = StillOpen(kDocument);
+    return may_add() && OpenDlg(filter, title, extension, name, 0) == 0 && still_open() &&
+           may_add();
 }
 
-// Asks whether to save a changed project. False when the project must stay open: the user
-// cancelled, or what was to be saved could not be. A cancelled file dialog gives the changes up.
 bool MayClose(HWND hwnd) {
-    if (Project.MORVmod != 1)
-        return true;
-    const Answer answer = ShowMessage(hwnd, "MORV Project has been changed. Save before Close?",
-                                      "Close MORV Project", Buttons::YesNoCancel);
-    if (answer == Answer::Yes)
-        return Save() != Saved::Failed;
-    return answer != Answer::Cancel;
-}
-
-// The same for a changed system at the program's end.
-bool MayCloseSystem(HWND hwnd) {
-    if (System.Engmod != 1)
-        return true;
-    const Answer answer =
-        ShowMessage(hwnd, "Save Current MORV System", "Close MORV Project", Buttons::YesNoCancel);
-    if (answer != Answer::Yes)
-        return answer != Answer::Cancel;
-    SaveEngine(hwnd);
-    return System.Engmod == 0; // stays set when the system could not be written
+    return MayCloseDocument(kDocument, hwnd, "MORV Project has been changed. Save before Close?",
+                            "Close MORV Project");
 }
 
 bool AnyItems() {
@@ -105,10 +92,10 @@ void NewMORV(HWND hwnd) {
 }
 
 void OpenMORV(HWND hwnd) {
-    if (AlreadyOpened(hwnd, "Open MORV Project"))
-        return;
+    constexpr char kCaption[] = "Open MORV Project";
     char name[kNameSize];
-    if (OpenDlg(kProjectFilter, "Open MORV Project", ".mrv", name, 0) != 0)
+    if (AlreadyOpened(hwnd, kCaption) || OpenDlg(kProjectFilter, kCaption, ".mrv", name, 0) != 0 ||
+        AlreadyOpened(hwnd, kCaption)) // the dialog leaves New usable
         return;
     Project.OpenPro(name);
     if (AnyItems())
@@ -118,12 +105,12 @@ void OpenMORV(HWND hwnd) {
 
 void SaveMORV(HWND hwnd) {
     if (Opened(hwnd, "Save MORV Project"))
-        Save();
+        SaveDocument(kDocument);
 }
 
 void SaveAsMORV(HWND hwnd) {
     if (Opened(hwnd, "Save MORV Project As..."))
-        SaveAs();
+        SaveDocumentAs(kDocument);
 }
 
 int CloseMORV(HWND hwnd) {
@@ -138,28 +125,26 @@ int CloseMORV(HWND hwnd) {
 }
 
 void AddMain(HWND hwnd) {
-    if (!Opened(hwnd, "Add MORV Main"))
-        return;
-    if (Project.MainState != 0) {
-        ShowMessage(hwnd, "There is Opened MORV Main", "Add MORV Main");
-        return;
-    }
+    auto may_add = [hwnd] {
+        return Opened(hwnd, "Add MORV Main") &&
+               !Refused(hwnd, Project.MainState != 0, "There is Opened MORV Main", "Add MORV Main");
+    };
     char name[kNameSize];
-    if (OpenDlg("MORV Main Files (*.cpp)\0*.cpp\0", "Add MORV Main", ".cpp", name, 0) != 0)
+    if (!ChooseItem(may_add, "MORV Main Files (*.cpp)\0*.cpp\0", "Add MORV Main", ".cpp", name))
         return;
     Project.NameMain(name);
     EnableMenu(hwnd, 1);
 }
 
 void AddEngine(HWND hwnd) {
-    if (!Opened(hwnd, "Add MORV Main"))
-        return;
-    if (Project.EngNum >= kMaxSystems) {
-        ShowMessage(hwnd, "There is too much Systems", "Add MORV System");
-        return;
-    }
+    auto may_add = [hwnd] {
+        return Opened(hwnd, "Add MORV Main") &&
+               !Refused(hwnd, Project.EngNum >= kMaxSystems, "There is too much Systems",
+                        "Add MORV System");
+    };
     ChosenName name;
-    if (OpenDlg("MORV System Files (*.lse)\0*.lse\0", "Add MORV System", ".lse", name, 0) != 0 ||
+    if (!ChooseItem(may_add, "MORV System Files (*.lse)\0*.lse\0", "Add MORV System", ".lse",
+                    name) ||
         Project.IsDup(name) != -1)
         return;
     Project.NameSys(name);
@@ -167,32 +152,27 @@ void AddEngine(HWND hwnd) {
 }
 
 void AddExtern(HWND hwnd) {
-    if (!Opened(hwnd, "Add MORV Main"))
-        return;
-    if (Project.ExtNum >= kMaxExterns) {
-        ShowMessage(hwnd, "There is too much Extern Files", "Add MORV Externs");
-        return;
-    }
+    auto may_add = [hwnd] {
+        return Opened(hwnd, "Add MORV Main") &&
+               !Refused(hwnd, Project.ExtNum >= kMaxExterns, "There is too much Extern Files",
+                        "Add MORV Externs");
+    };
     ChosenName name;
-    if (OpenDlg("MORV Extern Files (*.cpp)\0*.cpp\0", "Add MORV Extern", "*.cpp", name, 0) != 0)
+    if (!ChooseItem(may_add, "MORV Extern Files (*.cpp)\0*.cpp\0", "Add MORV Extern", "*.cpp",
+                    name) ||
+        Refused(hwnd, Project.IsDup(name) != -1, "Duplicate Extern", "Add Externs"))
         return;
-    if (Project.IsDup(name) != -1) {
-        ShowMessage(hwnd, "Duplicate Extern", "Add Externs");
-        return;
-    }
     Project.NameExt(name);
     EnableMenu(hwnd, 1);
 }
 
 void AddDDE(HWND hwnd) {
-    if (!Opened(hwnd, "Add MORV Main"))
-        return;
-    if (Project.DDEState != 0) {
-        ShowMessage(hwnd, "There is Opened DDE", "Add MORV Main");
-        return;
-    }
+    auto may_add = [hwnd] {
+        return Opened(hwnd, "Add MORV Main") &&
+               !Refused(hwnd, Project.DDEState != 0, "There is Opened DDE", "Add MORV Main");
+    };
     ChosenName name;
-    if (OpenDlg("MORV DDE Files (*.dde)\0*.dde\0", "Add MORV DDE", ".dde", name, 0) != 0)
+    if (!ChooseItem(may_add, "MORV DDE Files (*.dde)\0*.dde\0", "Add MORV DDE", ".dde", name))
         return;
     Project.NameDde(name);
     EnableMenu(hwnd, 1);
@@ -202,8 +182,14 @@ void AddResult(HWND hwnd) {
     SetText(ResulFile, "");
     if (!Opened(hwnd, "Add Result"))
         return;
-    if (OpenDlg("MORV Result Files (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0", "Open MORV Result",
-                ".rst", ResulFile, 0) == 0) {
+    const auto still_open = StillOpen(kDocument);
+    char name[kNameSize];
+    const bool chosen = OpenDlg("MORV Result Files (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
+                                "Open MORV Result", ".rst", name, 0) == 0;
+    if (!still_open())
+        return;
+    if (chosen) {
+        SetText(ResulFile, name);
         Project.GetResName(WorkPath);
         AddType = kAddResults;
         RunDialog(hwnd, "Add_Box", SystemAdd);
@@ -264,7 +250,7 @@ void ExitZentrik(HWND hwnd) {
         DestroyMdiP();
     }
     if (System.EngineState == 1) {
-        if (!MayCloseSystem(hwnd))
+        if (!MayCloseEngine(hwnd, "Save Current MORV System", "Close MORV Project"))
             return;
         System.DestroySys();
         DestroyMdiS();

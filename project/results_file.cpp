@@ -4,25 +4,22 @@
 
 #include <unordered_set>
 
-void PruneResults(const char* auxiliary, const char* results) {
+bool PruneResults(const char* auxiliary, const char* results) {
     std::vector<TagRecord> kept;
     std::vector<TagRecord> gone;
     if (!ReadRecords(auxiliary, files::Mode::Update, kept) ||
         !ReadRecords(results, files::Mode::Update, gone))
-        return;
+        return true;
     std::unordered_set<std::string> names;
     for (const TagRecord& record : gone)
         names.insert(Text(record.name));
     const std::size_t before = kept.size();
     std::erase_if(kept, [&](const TagRecord& record) { return names.contains(Text(record.name)); });
-    if (kept.size() != before)
-        files::ReplaceWhole(auxiliary, BytesOf(kept));
+    return kept.size() == before || files::ReplaceWhole(auxiliary, BytesOf(kept));
 }
 
-void EmptyResults(const char* auxiliary) {
-    int han = files::Open(auxiliary, files::Mode::Update);
-    if (han == -1)
-        return;
-    files::ChangeSize(han, 0);
-    files::Close(han);
+bool EmptyResults(const char* auxiliary) {
+    std::string bytes;
+    return !files::ReadWhole(auxiliary, files::Mode::Update, bytes) || bytes.empty() ||
+           files::ReplaceWhole(auxiliary, "");
 }

@@ -3,6 +3,7 @@
 #include "shell/messages.h"
 #include "shell/record_text.h"
 
+#include <utility>
 #include <windows.h>
 
 #include <commdlg.h>
@@ -11,10 +12,14 @@ int DialogError;
 
 namespace {
 
-using FileDialog = BOOL(WINAPI*)(LPOPENFILENAMEA);
+bool ShowSystemDialog(OPENFILENAMEA& record, bool save) {
+    return (save ? GetSaveFileNameA : GetOpenFileNameA)(&record) != FALSE;
+}
 
-int RunFileDialog(FileDialog run, const char* Filter, const char* Title, const char* Ext,
-                  char* name, DWORD flags) {
+FileDialogShower g_shower = ShowSystemDialog;
+
+int RunFileDialog(bool save, const char* Filter, const char* Title, const char* Ext, char* name,
+                  DWORD flags) {
     name[0] = '\0';
     OPENFILENAMEA ofnTemp{};
     ofnTemp.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
@@ -24,7 +29,7 @@ int RunFileDialog(FileDialog run, const char* Filter, const char* Title, const c
     ofnTemp.lpstrTitle = Title;
     ofnTemp.lpstrDefExt = Ext;
     ofnTemp.Flags = flags;
-    if (run(&ofnTemp))
+    if (g_shower(ofnTemp, save))
         return 0;
     name[0] = '\0'; // for a path too long the dialog leaves the size it needs here
     DialogError = static_cast<int>(CommDlgExtendedError());
@@ -36,10 +41,14 @@ int RunFileDialog(FileDialog run, const char* Filter, const char* Title, const c
 } // namespace
 
 int OpenDlg(const char* Filter, const char* Title, const char* Ext, char* name, unsigned Flags) {
-    return RunFileDialog(GetOpenFileNameA, Filter, Title, Ext, name,
+    return RunFileDialog(false, Filter, Title, Ext, name,
                          Flags | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY);
 }
 
 int SaveDlg(const char* Filter, const char* Title, const char* Ext, char* name, unsigned Flags) {
-    return RunFileDialog(GetSaveFileNameA, Filter, Title, Ext, name, Flags | OFN_HIDEREADONLY);
+    return RunFileDialog(true, Filter, Title, Ext, name, Flags | OFN_HIDEREADONLY);
+}
+
+FileDialogShower SetFileDialogShower(FileDialogShower shower) {
+    return std::exchange(g_shower, std::move(shower));
 }

@@ -1,6 +1,8 @@
 // The open and save file dialogs.
 #pragma once
 
+#include <functional>
+
 extern int DialogError; // why the last dialog gave no name; 0 after a plain Cancel
 
 // Both ask for a file name. `Filter` is pairs of NUL-terminated strings that end with an empty
@@ -9,3 +11,10 @@ extern int DialogError; // why the last dialog gave no name; 0 after a plain Can
 // failed, which is shown.
 int OpenDlg(const char* Filter, const char* Title, const char* Ext, char* name, unsigned Flags);
 int SaveDlg(const char* Filter, const char* Title, const char* Ext, char* name, unsigned Flags);
+
+// Shows the system's dialog, to save or to open, for a filled record. True when a file was chosen.
+struct tagOFNA;
+using FileDialogShower = std::function<bool(tagOFNA& record, bool save)>;
+
+// For tests: sets what shows file dialogs from now on and returns what did before.
+FileDialogShower SetFileDialogShower(FileDialogShower shower);

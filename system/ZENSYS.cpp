@@ -5,15 +5,6 @@
 #include "shell/record_text.h"
 #include "shell/section_rows.h"
 
-namespace {
-
-// The sections as GetPos and RePos number them.
-enum Section { kFacts = 1, kOpposites, kHeader, kVariables };
-
-constexpr int kFirstSection = 3; // row of the first item when nothing stands before it
-
-} // namespace
-
 ZKSYSTEMS::ZKSYSTEMS() : hwndSys(nullptr), hwndList(nullptr) {
     Init();
 }
@@ -69,7 +60,7 @@ int ZKSYSTEMS::DestroySys() {
     if (List())
         DestroyWindow(hwndList);
     hwndList = nullptr;
-    EngineState = 0; // names, counts and flags carry over until a new system is started
+    EngineState = 0; // the rest stays: the next system that is opened goes on from it
     return 0;
 }
 
@@ -96,7 +87,7 @@ int ZKSYSTEMS::ResTab(char* text) const {
 }
 
 int ZKSYSTEMS::GetPos(int section) {
-    int row = section >= kFacts && RuleState == 1 ? kFirstSection + 2 : kFirstSection;
+    int row = section >= kFacts && RuleState == 1 ? kFirstItem + 2 : kFirstItem;
     if (section >= kOpposites && PKnw != -1)
         row = PKnw + DatNum + 1;
     if (section >= kHeader && POpp != -1)
@@ -137,7 +128,7 @@ int ZKSYSTEMS::RePos(int section, int delta) {
 }
 
 int ZKSYSTEMS::NameRule(const char* name) {
-    PRul = kFirstSection;
+    PRul = kFirstItem;
     SetText(RuleName, name);
     SetText(RuleSizeName, WithExtension(Text(RuleName), ".siz"));
     ListRows rows(List());
@@ -148,63 +139,89 @@ int ZKSYSTEMS::NameRule(const char* name) {
     return RePos(kFacts, 2);
 }
 
-int ZKSYSTEMS::NameKnw(char* name) {
-    GetPos(kFacts);
+ZKSYSTEMS::ItemSection ZKSYSTEMS::Facts() {
+    return {kFacts, PKnw, DatNum};
+}
+
+ZKSYSTEMS::ItemSection ZKSYSTEMS::Opposites() {
+    return {kOpposites, POpp, OppNum};
+}
+
+int ZKSYSTEMS::AddRow(const ItemSection& items, char* name) {
+    GetPos(items.section);
     AddTab(name);
     // The heading comes last, so until then the items stand one row higher.
-    ListRows(List()).Insert(PKnw - 1 + DatNum, name);
-    return RePos(kOpposites, 1);
+    ListRows(List()).Insert(items.first - 1 + items.count, name);
+    return RePos(items.section + 1, 1);
+}
+
+int ZKSYSTEMS::AddHeading(const ItemSection& items, const char* heading) {
+    GetPos(items.section);
+    ListRows(List()).Insert(items.first - 1, heading);
+    return RePos(items.section + 1, 1);
+}
+
+std::string ZKSYSTEMS::ItemAt(const ItemSection& items, int index) {
+    GetPos(items.section);
+    return ItemText(ListRows(List()), items.first + index);
+}
+
+int ZKSYSTEMS::DeleteAll(const ItemSection& items) {
+    if (items.first != -1 && items.count > 0) {
+        RePos(items.section + 1, -(items.count + 1));
+        DeleteSection(List(), items.first, items.count);
+    }
+    items.count = 0;
+    items.first = -1;
+    return 0;
+}
+
+bool ZKSYSTEMS::DeleteRows(const ItemSection& items, int index) {
+    const bool item = PartOf(index, items.first, items.count) == 2;
+    if (index == -1 || (item && items.count == 1)) {
+        DeleteAll(items);
+        return true;
+    }
+    if (item) {
+        ListRows(List()).Delete(index);
+        items.count -= 1;
+        RePos(items.section + 1, -1);
+    }
+    return false;
+}
+
+int ZKSYSTEMS::NameKnw(char* name) {
+    return AddRow(Facts(), name);
 }
 
 int ZKSYSTEMS::TitleKnw() {
-    GetPos(kFacts);
-    ListRows(List()).Insert(PKnw - 1, "Facts Base");
-    return RePos(kOpposites, 1);
+    return AddHeading(Facts(), "Facts Base");
 }
 
 int ZKSYSTEMS::GetKnw(int index, char* name) {
-    GetPos(kFacts);
-    const std::string text = ItemText(ListRows(List()), PKnw + index).substr(0, kNameSize - 1);
+    const std::string text = ItemAt(Facts(), index).substr(0, kNameSize - 1);
     std::memcpy(name, text.c_str(), text.size() + 1);
     return 0;
 }
 
 int ZKSYSTEMS::DelKnw() {
-    if (PKnw != -1 && DatNum > 0) {
-        RePos(kOpposites, -(DatNum + 1));
-        DeleteSection(List(), PKnw, DatNum);
-    }
-    DatNum = 0;
-    PKnw = -1;
-    return 0;
+    return DeleteAll(Facts());
 }
 
 int ZKSYSTEMS::NameOpp(char* name) {
-    GetPos(kOpposites);
-    AddTab(name);
-    ListRows(List()).Insert(POpp - 1 + OppNum, name);
-    return RePos(kHeader, 1);
+    return AddRow(Opposites(), name);
 }
 
 int ZKSYSTEMS::TitleOpp() {
-    GetPos(kOpposites);
-    ListRows(List()).Insert(POpp - 1, "Opossites");
-    return RePos(kHeader, 1);
+    return AddHeading(Opposites(), "Opossites");
 }
 
 std::string ZKSYSTEMS::GetOpp(int index) {
-    GetPos(kOpposites);
-    return ItemText(ListRows(List()), POpp + index);
+    return ItemAt(Opposites(), index);
 }
 
 int ZKSYSTEMS::DelOpp() {
-    if (POpp != -1 && OppNum > 0) {
-        RePos(kHeader, -(OppNum + 1));
-        DeleteSection(List(), POpp, OppNum);
-    }
-    OppNum = 0;
-    POpp = -1;
-    return 0;
+    return DeleteAll(Opposites());
 }
 
 int ZKSYSTEMS::NameHeader(const char* name) {
@@ -287,38 +304,13 @@ int ZKSYSTEMS::DeleteVar() {
 }
 
 int ZKSYSTEMS::DeleteKnw(int index) {
-    if (index == -1) {
-        DelKnw();
+    if (DeleteRows(Facts(), index))
         KnowState = 0;
-    } else if (IsKnw(index) == 2) {
-        ListRows rows(List());
-        DatNum -= 1;
-        rows.Delete(index);
-        RePos(kOpposites, -1);
-        if (DatNum == 0) {
-            rows.Delete(PKnw - 1);
-            PKnw = -1;
-            KnowState = 0;
-            RePos(kOpposites, -1);
-        }
-    }
     return 0;
 }
 
 int ZKSYSTEMS::DeleteOpp(int index) {
-    if (index == -1) {
-        DelOpp();
-    } else if (IsOpp(index) == 2) {
-        ListRows rows(List());
-        OppNum -= 1;
-        rows.Delete(index);
-        RePos(kHeader, -1);
-        if (OppNum == 0) {
-            rows.Delete(POpp - 1);
-            POpp = -1;
-            RePos(kHeader, -1);
-        }
-    }
+    DeleteRows(Opposites(), index);
     return 0;
 }
 

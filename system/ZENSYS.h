@@ -1,5 +1,5 @@
-// The system document: the one open expert system, shown as a list in its MDI child. Fact and
-// opposite names are held only as rows of that list while the system is open.
+// The system document with its list in an MDI child. An open system's facts and opposites have no
+// other place than the rows of that list.
 #pragma once
 
 #include "shell/window_handle.h"
@@ -7,6 +7,12 @@
 
 class ZKSYSTEMS {
 public:
+    // The row of the first item in the list, behind the name and a heading.
+    static constexpr int kFirstItem = 3;
+
+    // The sections as GetPos and RePos number them.
+    enum Section { kFacts = 1, kOpposites, kHeader, kVariables };
+
     WindowHandle hwndSys;  // the system child
     WindowHandle hwndList; // the list box in it
     std::int32_t PRul;     // row of the rules file, -1: no section
@@ -50,13 +56,15 @@ public:
     int GetIndex();
     int AddTab(char* text) const; // in place
     int ResTab(char* text) const; // in place
-    int GetPos(int section);      // sections: 1 facts, 2 opposites, 3 header, 4 local variables
+    int GetPos(int section);
     int RePos(int section, int delta);
 
     int NameRule(const char* name);
-    int NameKnw(char* name); // puts a TAB in front of the caller's text; the caller counts DatNum
-    int TitleKnw();          // the heading, after the facts were added
-    int GetKnw(int index, char* name);
+    // Adds the row of a fact, which the caller then counts in DatNum. The row's TAB is put into
+    // `name`, so the buffer needs a byte more than the name.
+    int NameKnw(char* name);
+    int TitleKnw();                    // the heading, after the facts were added
+    int GetKnw(int index, char* name); // into a buffer of 255 bytes
     int DelKnw();
     int NameOpp(char* name); // as NameKnw; the caller counts OppNum
     int TitleOpp();
@@ -80,7 +88,7 @@ public:
     int DeleteOpp(int index);
     int EditItem(char* text); // the selected row (256 bytes) and its kind 1..5, 0 for none
 
-    int SaveSys();                 // 0, or -1 when the file could not be written (shown)
+    int SaveSys();                 // 0, or -1 without a list or when a write failed (shown)
     int OpenSys(const char* name); // shows "Open Error" when it cannot be read or is damaged
     int ChName(const char* name);  // moves the working copies beside the system file
 
@@ -89,5 +97,21 @@ public:
     void TakeHead(const SystemHead& head);
 
 private:
+    // Facts or opposites: their number for GetPos and their rows.
+    struct ItemSection {
+        Section section;
+        std::int32_t& first;
+        std::int32_t& count;
+    };
+    ItemSection Facts();
+    ItemSection Opposites();
+    int AddRow(const ItemSection& items, char* name);
+    int AddHeading(const ItemSection& items, const char* heading);
+    int DeleteAll(const ItemSection& items);
+    bool DeleteRows(const ItemSection& items, int index); // true when the whole section went
+    std::string ItemAt(const ItemSection& items, int index);
+    void Take(const char* name, const SystemFile& file);
+    void AppendRows(const SystemFile& file);
+
     WindowHandle List(); // fetches hwndList again
 };

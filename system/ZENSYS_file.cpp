@@ -5,40 +5,12 @@
 #include "shell/messages.h"
 #include "shell/paths.h"
 #include "shell/section_rows.h"
+#include "shell/working_copy.h"
 #include "system/ZENSYS.h"
 
 #include <unordered_map>
 
 namespace {
-
-// A file that is edited as a working copy: the copy, the saved file in force before, and where it
-// belongs beside the system file.
-struct WorkingCopy {
-    std::string working;
-    std::string saved;
-    std::string target;
-};
-
-// The saved file's name after the move. Without a copy that was really written, the file in force
-// stays so.
-std::string NameAfterMove(const WorkingCopy& copy) {
-    const bool keep = !copy.working.empty() && !files::Exists(copy.working.c_str()) &&
-                      files::Exists(copy.saved.c_str());
-    return keep ? copy.saved : copy.target;
-}
-
-// Moves a working copy to its place. Returns false when that fails; both files are then as before.
-bool Move(const WorkingCopy& copy) {
-    if (copy.working == copy.target || !files::Exists(copy.working.c_str()))
-        return true;
-    if (copy.working != copy.saved)
-        return files::RenameOver(copy.working.c_str(), copy.target.c_str());
-    // A cancelled edit leaves the saved file as the working copy; it still belongs to the system
-    // file that was saved before under another name.
-    std::string bytes;
-    return files::ReadWhole(copy.working.c_str(), files::Mode::Read, bytes) &&
-           files::ReplaceWhole(copy.target.c_str(), bytes);
-}
 
 WorkingCopy Variables(const ZKSYSTEMS& system, const char* name) {
     return {Text(system.VarFile), Text(system.VarName), WithExtension(name, ".var")};
@@ -130,7 +102,8 @@ int ZKSYSTEMS::GetVarName(const char* WPath) {
 
 int ZKSYSTEMS::GetInitName(const char* WPath) {
     SetText(OldInitName, IKWFile[0] != '\0' ? Text(IKWFile) : Text(InitName));
-    // No separator of its own: an untitled system's copy stands beside the folder "temp".
+    // "temp" has no separator behind it here, so an untitled system's copy gets into the work
+    // folder.
     SetText(IKWFile, std::string(WPath) + "\\temp" + Stem(EngineName, true) + ".ikw");
     return 0;
 }
@@ -139,11 +112,11 @@ int ZKSYSTEMS::ChName(const char* name) {
     const WorkingCopy variables = Variables(*this, name);
     if (MovesVariables(*this, variables)) {
         const std::string moved = NameAfterMove(variables);
-        // Saving a reopened system whose local variables were not edited drops the file beside it:
-        // without a working copy there is nothing to put in its place.
+        // A system that is opened and saved with no edit of its variables in between has always
+        // lost the file: there is no copy to put in its place.
         if (variables.working.empty())
             files::Remove(variables.target.c_str());
-        else if (!Move(variables))
+        else if (!MoveToPlace(variables))
             return -1;
         SetText(VarName, moved);
         SetText(VarFile, "");
@@ -156,7 +129,7 @@ int ZKSYSTEMS::ChName(const char* name) {
     const WorkingCopy facts = InitialFacts(*this, name);
     if (MovesInitialFacts(*this)) {
         const std::string moved = NameAfterMove(facts);
-        if (!Move(facts))
+        if (!MoveToPlace(facts))
             return -1;
         SetText(InitName, moved);
         SetText(IKWFile, "");
@@ -165,18 +138,22 @@ int ZKSYSTEMS::ChName(const char* name) {
 }
 
 int ZKSYSTEMS::SaveSys() {
+    // The rows hold the facts: a file written without them would lose those it has.
+    const WindowHandle list = List();
+    if (!list)
+        return -1;
     // The system file goes first: when it cannot be written, the working copies and the files they
     // replace are all still where they were.
     SystemFile file;
     file.head = HeadAfterMoves(*this, EngineName);
-    ListRows rows(List());
+    const ListRows rows(list);
     bool ok = true;
     if (DatNum > 0) {
-        GetPos(1);
+        GetPos(kFacts);
         ok = FindFacts(KnowName, Items(rows, PKnw, DatNum), file.facts);
     }
     if (OppNum > 0) {
-        GetPos(2);
+        GetPos(kOpposites);
         for (const std::string& name : Items(rows, POpp, OppNum))
             SetText(file.opposites.emplace_back().name, name);
     }
@@ -190,54 +167,64 @@ int ZKSYSTEMS::SaveSys() {
 int ZKSYSTEMS::OpenSys(const char* name) {
     SystemFile file;
     const ReadResult result = ReadSystem(name, file);
+    const bool readable = result == ReadResult::Ok || result == ReadResult::Damaged;
+    if (readable)
+        Take(name, file);
+    // Last: the box has no owner, so it leaves the menus usable.
     if (result != ReadResult::Ok)
         ShowMessage(nullptr, "Open Error", "Open Engine");
-    if (result == ReadResult::Missing || result == ReadResult::Useless)
-        return -1;
+    return readable ? 0 : -1;
+}
+
+// Makes what a file holds the open system.
+void ZKSYSTEMS::Take(const char* name, const SystemFile& file) {
     TakeHead(file.head);
     ChangeName(name);
     PRul = PKnw = POpp = PHead = PVar = -1;
     EngineState = 1;
     // RuleState, HeadState and KnowState carry over from the system that was open before.
-    VarState = InitNew = 0;
+    VarState = 0;
+    InitNew = InitName[0] != '\0';
+    Engmod = 0;
     SetText(OldVarName, Text(VarName));
     SetText(OldInitName, Text(InitName));
     SetText(IKWFile, "");
     SetText(VarFile, "");
+    AppendRows(file);
+}
 
-    ListRows rows(List());
-    ListFill fill(hwndList, DatNum + OppNum);
+void ZKSYSTEMS::AppendRows(const SystemFile& file) {
+    const WindowHandle list = List();
+    ListRows rows(list);
+    ListFill fill(list, DatNum + OppNum);
     if (RuleName[0] != '\0') {
         RuleState = 1;
-        PRul = 3;
+        PRul = kFirstItem;
         rows.Add("Rules");
         rows.Add(ItemRow(Text(RuleName)));
     }
     if (DatNum > 0) {
-        GetPos(1);
+        GetPos(kFacts);
         rows.Add("Facts Base");
         for (const Dat& fact : file.facts)
             rows.Add(ItemRow(Text(fact.Name)));
     }
     if (OppNum > 0) {
-        GetPos(2);
+        GetPos(kOpposites);
         rows.Add("Opposites");
         for (const NameRecord& opposite : file.opposites)
             rows.Add(ItemRow(Text(opposite.name)));
     }
     if (HeaderName[0] != '\0') {
-        GetPos(3);
+        GetPos(kHeader);
         HeadState = 1;
         rows.Add("System Header");
         rows.Add(ItemRow(Text(HeaderName)));
     }
     if (VarName[0] != '\0') {
-        GetPos(4);
+        GetPos(kVariables);
         VarState = 1;
         rows.Add("System Local Var");
         rows.Add(ItemRow(Text(VarName)));
     }
-    InitNew = InitName[0] != '\0';
-    Engmod = 0;
-    return 0;
 }

@@ -62,7 +62,7 @@ void EditRules(const std::string& name) {
 
 } // namespace
 
-// Both read the selection again from the document's own list, which also knows its kind.
+// Neither needs what it is given: the document says which row is selected, and of what kind it is.
 
 void EditItem(int, const char*) {
     std::string name;

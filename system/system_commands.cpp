@@ -4,6 +4,7 @@
 #include "resources/local_variables.h"
 #include "resources/opposites.h"
 #include "shell/dialog.h"
+#include "shell/document_save.h"
 #include "shell/editor.h"
 #include "shell/file_dialogs.h"
 #include "shell/mdi.h"
@@ -16,6 +17,20 @@
 
 namespace {
 
+const SavedDocument kDocument{
+    System.EngineState,
+    System.Engmod,
+    System.hwndSys,
+    System.EngineName,
+    [] { return System.IsUntitled(); },
+    [](const char* name) { System.ChangeName(name); },
+    [] { return System.SaveSys(); },
+    "MORV System Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0",
+    "Save MORV System As...",
+    ".lse",
+    true,
+};
+
 // Shows that no system is open, unless one is.
 bool Opened(HWND hwnd, const char* caption) {
     if (System.EngineState == 1)
@@ -24,12 +39,11 @@ bool Opened(HWND hwnd, const char* caption) {
     return false;
 }
 
-// Shows a refusal when the system has such a resource already.
-bool Has(HWND hwnd, std::int32_t state, const char* text, const char* caption) {
-    if (state == 0)
-        return false;
-    ShowMessage(hwnd, text, caption);
-    return true;
+// Shows a refusal when the reason for it is there.
+bool Refused(HWND hwnd, bool reason, const char* text, const char* caption) {
+    if (reason)
+        ShowMessage(hwnd, text, caption);
+    return reason;
 }
 
 bool HasResources() {
@@ -37,43 +51,20 @@ bool HasResources() {
            System.HeadState != 0 || System.VarState != 0;
 }
 
-enum class Saved { Done, Cancelled, Failed };
-
-Saved SaveAs() {
-    char name[kNameSize];
-    if (SaveDlg("MORV System Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0",
-                "Save MORV System As...", ".lse", name, OFN_OVERWRITEPROMPT) != 0)
-        return Saved::Cancelled;
-    const std::string before = Text(System.EngineName);
-    System.NameSys(name);
-    System.ChangeName(name);
-    if (System.SaveSys() != 0) {
-        System.ChangeName(before.c_str());
-        return Saved::Failed;
-    }
-    System.Engmod = 0;
-    return Saved::Done;
-}
-
-// Saves under the system's name. A cancelled file dialog gives the changes up, a failed write does
-// not.
-Saved Save() {
-    if (System.IsUntitled()) {
-        const Saved saved = SaveAs();
-        if (saved == Saved::Cancelled)
-            System.Engmod = 0;
-        return saved;
-    }
-    if (System.SaveSys() != 0)
-        return Saved::Failed;
-    System.Engmod = 0;
-    return Saved::Done;
+// Asks for a resource file. `may_add`, which shows why not, is asked again afterwards: another of
+// these dialogs may have been used meanwhile.
+template <class MayAdd>
+bool ChooseResource(MayAdd may_add, const char* filter, const char* title, const char* extension,
+                    char* name, unsigned flags = 0) {
+    const auto still_open = StillOpen(kDocument);
+    return may_add() && OpenDlg(filter, title, extension, name, flags) == 0 && still_open() &&
+           may_add();
 }
 
 } // namespace
 
 void NewEngine(HWND hwnd) {
-    if (Has(hwnd, System.EngineState, "There is a Opened MORV System", "New MORV System"))
+    if (Refused(hwnd, System.EngineState != 0, "There is a Opened MORV System", "New MORV System"))
         return;
     System.Init();
     System.NameSys("untitled.lse");
@@ -91,11 +82,15 @@ void EnableSystemMenus(HWND hwnd) {
 }
 
 void OpenEngine(HWND hwnd) {
-    if (Has(hwnd, System.EngineState, "There is Opened MORV System", "Open MORV System"))
-        return;
+    auto refused = [hwnd] {
+        return Refused(hwnd, System.EngineState != 0, "There is Opened MORV System",
+                       "Open MORV System");
+    };
     char name[kNameSize];
-    if (OpenDlg("MORV Systems Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0", "Open MORV System",
-                ".lse", name, 0) != 0)
+    if (refused() ||
+        OpenDlg("MORV Systems Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0", "Open MORV System",
+                ".lse", name, 0) != 0 ||
+        refused()) // the dialog leaves New usable
         return;
     System.NameSys(name);
     System.CreateSys();
@@ -105,23 +100,23 @@ void OpenEngine(HWND hwnd) {
 
 void SaveEngine(HWND hwnd) {
     if (Opened(hwnd, "Save MORV System"))
-        Save();
+        SaveDocument(kDocument);
 }
 
 void SaveAsEngine(HWND hwnd) {
     if (Opened(hwnd, "Save MORV System As..."))
-        SaveAs();
+        SaveDocumentAs(kDocument);
+}
+
+bool MayCloseEngine(HWND owner, const char* text, const char* caption) {
+    return MayCloseDocument(kDocument, owner, text, caption);
 }
 
 int CloseEngine(HWND hwnd) {
     if (!Opened(hwnd, "Close MORV System As..."))
         return 0;
-    if (System.Engmod == 1) {
-        const Answer answer = ShowMessage(nullptr, "   Save Current MORV System",
-                                          "Close MORV System", Buttons::YesNoCancel);
-        if (answer == Answer::Cancel || (answer == Answer::Yes && Save() == Saved::Failed))
-            return 1;
-    }
+    if (!MayCloseEngine(nullptr, "   Save Current MORV System", "Close MORV System"))
+        return 1;
     System.DestroySys();
     GrayMenu(hwnd, 5);
     GrayMenu(hwnd, 6);
@@ -172,23 +167,26 @@ void AddLocalVar(HWND hwnd) {
 }
 
 void AddHeader(HWND hwnd) {
-    if (!Opened(hwnd, "Add Header") ||
-        Has(hwnd, System.HeadState, "There is An System Header", "Add Header"))
-        return;
+    auto may_add = [hwnd] {
+        return Opened(hwnd, "Add Header") &&
+               !Refused(hwnd, System.HeadState != 0, "There is An System Header", "Add Header");
+    };
     char name[kNameSize];
-    if (OpenDlg("Files (*.cpp)\0*.cpp\0 All Files (*.*)\0*.*\0", "Add System Header", ".cpp", name,
-                0) != 0)
+    if (!ChooseResource(may_add, "Files (*.cpp)\0*.cpp\0 All Files (*.*)\0*.*\0",
+                        "Add System Header", ".cpp", name))
         return;
     System.NameHeader(name);
     EnableMenu(hwnd, 6);
 }
 
 void AddOpposite(HWND hwnd) {
-    if (!Opened(hwnd, "Add Opposite"))
-        return;
-    SetText(ResultFileName, "");
-    if (OpenDlg("MORV Result Files (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0", "Add Opposites",
-                ".rst", ResultFileName, 0) != 0)
+    auto may_add = [hwnd] { return Opened(hwnd, "Add Opposite"); };
+    char name[kNameSize] = "";
+    const bool chosen =
+        ChooseResource(may_add, "MORV Result Files (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
+                       "Add Opposites", ".rst", name);
+    SetText(ResultFileName, name);
+    if (!chosen)
         return;
     AddType = kAddResults;
     RunDialog(hwnd, "Result_Box", OppAdd);
@@ -196,12 +194,14 @@ void AddOpposite(HWND hwnd) {
 }
 
 void AddKnow(HWND hwnd) {
-    if (!Opened(hwnd, "Add Facts Base") ||
-        Has(hwnd, System.KnowState, "There is an Opened Facts Base", "Add Facts Base"))
-        return;
+    auto may_add = [hwnd] {
+        return Opened(hwnd, "Add Facts Base") &&
+               !Refused(hwnd, System.KnowState != 0, "There is an Opened Facts Base",
+                        "Add Facts Base");
+    };
     char name[kNameSize];
-    if (OpenDlg("MORV Know Files (*.fac)\0*.fac\0 All Files (*.*)\0*.*\0", "Open MORV Facts",
-                ".fac", name, 0) != 0)
+    if (!ChooseResource(may_add, "MORV Know Files (*.fac)\0*.fac\0 All Files (*.*)\0*.*\0",
+                        "Open MORV Facts", ".fac", name))
         return;
     // Both stay so when the dialog is cancelled.
     SetText(System.KnowName, name);
@@ -214,12 +214,13 @@ void AddKnow(HWND hwnd) {
 }
 
 void AddRules(HWND hwnd) {
-    if (!Opened(hwnd, "Add Rules") ||
-        Has(hwnd, System.RuleState, "There is An Opened Rule File", "Add Rules"))
-        return;
+    auto may_add = [hwnd] {
+        return Opened(hwnd, "Add Rules") &&
+               !Refused(hwnd, System.RuleState != 0, "There is An Opened Rule File", "Add Rules");
+    };
     char name[kNameSize];
-    if (OpenDlg("MORV Rule Files (*.rul)\0*.rul\0 All Files (*.*)\0*.*\0", "Open MORV Rules",
-                ".rul", name, 0) != 0)
+    if (!ChooseResource(may_add, "MORV Rule Files (*.rul)\0*.rul\0 All Files (*.*)\0*.*\0",
+                        "Open MORV Rules", ".rul", name))
         return;
     System.NameRule(name);
     EnableMenu(hwnd, 6);
@@ -258,14 +259,16 @@ void ResRemove(HWND hwnd) {
 }
 
 void KnowValue(HWND hwnd) {
-    if (!Opened(hwnd, "Init Knowledge Base"))
-        return;
-    if (!System.KnwBool()) {
-        ShowMessage(hwnd, "There is not Facts", "Init Knowledge Base");
-        return;
-    }
-    if (OpenDlg(" DDE Files (*.dde)\0*.dde\0All Files (*.*)\0*.*\0", "Open DDE File", ".dde",
-                DDEIKnw, OFN_CREATEPROMPT) != 0)
+    auto may_set = [hwnd] {
+        constexpr char kCaption[] = "Init Knowledge Base";
+        return Opened(hwnd, kCaption) &&
+               !Refused(hwnd, !System.KnwBool(), "There is not Facts", kCaption);
+    };
+    char name[kNameSize] = "";
+    const bool chosen = ChooseResource(may_set, " DDE Files (*.dde)\0*.dde\0All Files (*.*)\0*.*\0",
+                                       "Open DDE File", ".dde", name, OFN_CREATEPROMPT);
+    SetText(DDEIKnw, name);
+    if (!chosen)
         return;
     System.GetInitName(WorkPath);
     RunDialog(hwnd, "Init_Box", InitKnw);

@@ -8,6 +8,8 @@ void OpenEngine(HWND hwnd);
 void SaveEngine(HWND hwnd);
 void SaveAsEngine(HWND hwnd);
 int CloseEngine(HWND hwnd); // 1 when the user cancelled; the caller destroys the window otherwise
+// Asks whether to save a changed system. False when it must not be closed now.
+bool MayCloseEngine(HWND owner, const char* text, const char* caption);
 void Rules(HWND hwnd);
 void AddLocalVar(HWND hwnd);
 void AddHeader(HWND hwnd);

@@ -29,7 +29,7 @@ struct SystemFile {
 };
 
 // Reads a system file, which must be writable as well. Of a damaged file the counts are set to
-// the whole records it has.
+// the whole records it has; one that only lacks records of facts keeps its opposites.
 ReadResult ReadSystem(const char* path, SystemFile& system);
 
 // The bytes of a system file. The counts of the head are written as they are, also when fewer

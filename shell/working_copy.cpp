@@ -1,0 +1,34 @@
+#include "shell/working_copy.h"
+
+#include "shell/files.h"
+
+namespace {
+
+// An editor left without writing its copy changes nothing: the file in force stays so.
+bool KeepsSaved(const WorkingCopy& copy) {
+    return !copy.working.empty() && !files::Exists(copy.working.c_str()) &&
+           files::Exists(copy.saved.c_str());
+}
+
+} // namespace
+
+std::string NameAfterMove(const WorkingCopy& copy) {
+    return KeepsSaved(copy) ? copy.saved : copy.target;
+}
+
+bool MoveToPlace(const WorkingCopy& copy) {
+    const char* target = copy.target.c_str();
+    if (copy.working == copy.target || KeepsSaved(copy))
+        return true;
+    // With nothing to put there, a file that somebody else left at the place must not be taken for
+    // this document's.
+    if (!files::Exists(copy.working.c_str()))
+        return !files::Exists(target) || files::Remove(target);
+    if (copy.working != copy.saved)
+        return files::RenameOver(copy.working.c_str(), target);
+    // A cancelled edit leaves the saved file as the working copy; it still belongs to the document
+    // that was saved before under another name.
+    std::string bytes;
+    return files::ReadWhole(copy.working.c_str(), files::Mode::Read, bytes) &&
+           files::ReplaceWhole(target, bytes);
+}
