@@ -10,6 +10,15 @@ bool KeepsSaved(const WorkingCopy& copy) {
            files::Exists(copy.saved.c_str());
 }
 
+// A rename would also replace a file that is marked read-only, so ask for write access first.
+bool MayReplace(const char* path) {
+    if (!files::Exists(path))
+        return true;
+    const int han = files::Open(path, files::Mode::Update);
+    files::Close(han);
+    return han != -1;
+}
+
 } // namespace
 
 std::string NameAfterMove(const WorkingCopy& copy) {
@@ -20,6 +29,8 @@ bool MoveToPlace(const WorkingCopy& copy) {
     const char* target = copy.target.c_str();
     if (copy.working == copy.target || KeepsSaved(copy))
         return true;
+    if (!MayReplace(target))
+        return false;
     // With nothing to put there, a file that somebody else left at the place must not be taken for
     // this document's.
     if (!files::Exists(copy.working.c_str()))

@@ -24,8 +24,23 @@ TEST(Results, PruneTakesOutEveryNameOfTheOtherFile) {
     TempFolder temp;
     temp.Put("p.aux", Names({"fire", "smoke", "water", "fire", "Fire"}));
     temp.Put("r.rst", Names({"fire", "water", "ice"}, 'x'));
-    PruneResults(temp.Path("p.aux").c_str(), temp.Path("r.rst").c_str());
+    EXPECT_TRUE(PruneResults(temp.Path("p.aux").c_str(), temp.Path("r.rst").c_str()));
     EXPECT_EQ(temp.Content("p.aux"), Names({"smoke", "Fire"}));
+}
+
+TEST(Results, ThatCannotBeWrittenStayAsTheyWere) {
+    TempFolder temp;
+    const std::string before = Names({"fire", "smoke", "water"}, 'x');
+    temp.Put("p.aux", before);
+    temp.Put("r.rst", Names({"fire"}));
+    files::FailWritesAfter(60); // in the second record
+    EXPECT_FALSE(PruneResults(temp.Path("p.aux").c_str(), temp.Path("r.rst").c_str()));
+    files::FailWritesAfter(-1);
+    EXPECT_EQ(temp.Content("p.aux"), before);
+    // Nothing can be written beside the file either.
+    std::filesystem::create_directory(temp.Path("p.aux.tmp~"));
+    EXPECT_FALSE(EmptyResults(temp.Path("p.aux").c_str()));
+    EXPECT_EQ(temp.Content("p.aux"), before);
 }
 
 TEST(Results, PruneCanEmptyTheFileAndBearsAnEmptyOne) {
@@ -44,9 +59,9 @@ TEST(Results, PruneCanEmptyTheFileAndBearsAnEmptyOne) {
 TEST(Results, PruneDoesNothingWhenEitherFileIsMissing) {
     TempFolder temp;
     temp.Put("p.aux", Names({"fire"}));
-    PruneResults(temp.Path("p.aux").c_str(), temp.Path("none.rst").c_str());
+    EXPECT_TRUE(PruneResults(temp.Path("p.aux").c_str(), temp.Path("none.rst").c_str()));
     EXPECT_EQ(temp.Content("p.aux"), Names({"fire"}));
-    PruneResults(temp.Path("none.aux").c_str(), temp.Path("p.aux").c_str());
+    EXPECT_TRUE(PruneResults(temp.Path("none.aux").c_str(), temp.Path("p.aux").c_str()));
     EXPECT_FALSE(files::Exists(temp.Path("none.aux").c_str()));
 }
 
@@ -66,9 +81,9 @@ TEST(Results, PruneIsQuickForManyNames) {
 TEST(Results, EmptyCutsTheFileAndCreatesNone) {
     TempFolder temp;
     temp.Put("p.aux", Names({"fire", "smoke"}));
-    EmptyResults(temp.Path("p.aux").c_str());
+    EXPECT_TRUE(EmptyResults(temp.Path("p.aux").c_str()));
     EXPECT_EQ(temp.Content("p.aux"), "");
-    EmptyResults(temp.Path("none.aux").c_str());
+    EXPECT_TRUE(EmptyResults(temp.Path("none.aux").c_str()));
     EXPECT_FALSE(files::Exists(temp.Path("none.aux").c_str()));
 }
 

@@ -94,6 +94,28 @@ TEST(SystemFile, CountsOnlyTheWholeRecordsItHas) {
     EXPECT_EQ(Opposites(system), static_cast<int>(system.opposites.size()));
 }
 
+// A fact that was gone from its base is counted and has no record.
+TEST(SystemFile, ThatLacksFactsKeepsItsOpposites) {
+    TempFolder temp;
+    for (std::size_t there : {1, 0}) {
+        SystemFile saved = Sample();
+        SetText(saved.opposites.emplace_back().name, "up\tdown");
+        saved.head.OppNum = 2;
+        saved.facts.resize(there);
+        temp.Put("a.lse", SystemBytes(saved));
+        SystemFile system;
+        EXPECT_EQ(ReadSystem(temp.Path("a.lse").c_str(), system), ReadResult::Damaged);
+        EXPECT_EQ(Facts(system), static_cast<int>(there));
+        EXPECT_EQ(system.facts.size(), there);
+        ASSERT_EQ(Opposites(system), 2);
+        EXPECT_EQ(Text(system.opposites[0].name), "hot\tcold");
+        EXPECT_EQ(Text(system.opposites[1].name), "up\tdown");
+        if (there > 0) {
+            EXPECT_EQ(Text(system.facts[0].Name), "fever");
+        }
+    }
+}
+
 // Any bytes at all: bounded, and never more records than there are bytes for.
 TEST(SystemFile, BearsAnyBytes) {
     TempFolder temp;

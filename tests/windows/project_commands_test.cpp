@@ -2,6 +2,7 @@
 
 #include "dialog_test.h"
 #include "document_test.h"
+#include "file_choices.h"
 #include "shell/editor.h"
 #include "shell/menu.h"
 #include "shell/ZENTRIK.h"
@@ -22,27 +23,24 @@ protected:
 
     static RowTexts Rows() { return RowsOf(Project.hwndPro); }
 
-    // Chooses a file in the dialog `title` that `command` shows.
-    template <class Command>
-    void Choose(const std::string& title, const std::string& name, Command command) {
+    // Chooses a file in the dialog that `command` shows.
+    template <class Command> void Choose(const std::string& name, Command command) {
         if (!files::Exists(Path(name).c_str()))
             temp_.Put(name, "");
-        DialogSteps steps;
-        steps.ChooseFile(title, Path(name));
+        FileChoices choices;
+        choices.Choose(Path(name));
         command(hFrame);
     }
-    template <class Command> static void Cancel(const std::string& title, Command command) {
-        DialogSteps steps;
-        steps.CancelFile(title);
+    template <class Command> static void Cancel(Command command) {
+        FileChoices choices;
+        choices.Cancel();
         command(hFrame);
     }
 
     // Opens a saved project of this name.
     void OpenSaved(const std::string& name) {
-        Project.Init();
-        Project.NamePro(Path(name).c_str());
-        Project.SavePro();
-        Choose("Open MORV Project", name, OpenMORV);
+        ASSERT_TRUE(WriteProject(Path(name).c_str(), ProjectFile()));
+        Choose(name, OpenMORV);
         ASSERT_EQ(Project.MORState, 1);
     }
 
@@ -88,16 +86,16 @@ TEST_F(ProjectCommands, AreRefusedWithoutAProject) {
 TEST_F(ProjectCommands, AddWhatIsChosen) {
     NewMORV(hFrame);
     Boxes boxes;
-    Choose("Add MORV Main", "m.cpp", AddMain);
+    Choose("m.cpp", AddMain);
     EXPECT_FALSE(FrameWindow::IsGray(CM_REMOVE_ITEM));
-    Choose("Add MORV System", "s.lse", AddEngine);
-    Choose("Add MORV System", "s.lse", AddEngine); // dropped without a word
-    Choose("Add MORV System", "m.cpp", AddEngine); // listed in another role
-    Choose("Add MORV Extern", "e.cpp", AddExtern);
+    Choose("s.lse", AddEngine);
+    Choose("s.lse", AddEngine); // dropped without a word
+    Choose("m.cpp", AddEngine); // listed in another role
+    Choose("e.cpp", AddExtern);
     EXPECT_TRUE(boxes.shown.empty());
-    Choose("Add MORV Extern", "s.lse", AddExtern);
-    Choose("Add MORV DDE", "d.dde", AddDDE);
-    Cancel("Add MORV System", AddEngine);
+    Choose("s.lse", AddExtern);
+    Choose("d.dde", AddDDE);
+    Cancel(AddEngine);
     AddMain(hFrame);
     AddDDE(hFrame);
     EXPECT_EQ(boxes.shown,
@@ -106,6 +104,145 @@ TEST_F(ProjectCommands, AddWhatIsChosen) {
     EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\tuntitled.mrv", "Main", ItemRow(Path("m.cpp")),
                                 "System", ItemRow(Path("s.lse")), "Extern", ItemRow(Path("e.cpp")),
                                 "DDE", ItemRow(Path("d.dde"))}));
+}
+
+TEST_F(ProjectCommands, AskForFilesOfTheirKind) {
+    NewMORV(hFrame);
+    FileChoices choices;
+    for (auto command : {SaveMORV, SaveAsMORV, AddMain, AddEngine, AddExtern, AddDDE, AddResult}) {
+        choices.Cancel();
+        command(hFrame);
+    }
+    Project.DestroyPro();
+    choices.Cancel();
+    OpenMORV(hFrame);
+    const std::string projects = "MORV Project Files (*.mrv)|*.mrv| All Files (*.*)|*.*";
+    const std::string save = "save|Save MORV Project As...|.mrv|2|" + projects;
+    EXPECT_EQ(choices.asked,
+              (RowTexts{save, save, "open|Add MORV Main|.cpp|4096|MORV Main Files (*.cpp)|*.cpp",
+                        "open|Add MORV System|.lse|4096|MORV System Files (*.lse)|*.lse",
+                        "open|Add MORV Extern|*.cpp|4096|MORV Extern Files (*.cpp)|*.cpp",
+                        "open|Add MORV DDE|.dde|4096|MORV DDE Files (*.dde)|*.dde",
+                        "open|Open MORV Result|.rst|4096|MORV Result Files (*.rst)|*.rst"
+                        "| All Files (*.*)|*.*",
+                        "open|Open MORV Project|.mrv|4096|" + projects}));
+}
+
+TEST_F(ProjectCommands, EachItemEnablesRemove) {
+    NewMORV(hFrame);
+    for (auto command : {AddMain, AddEngine, AddExtern, AddDDE}) {
+        GrayMenu(hFrame, 1);
+        Cancel(command);
+        EXPECT_TRUE(FrameWindow::IsGray(CM_REMOVE_ITEM));
+        const std::size_t rows = Rows().size();
+        Choose(Numbered("f", static_cast<int>(rows)), command);
+        EXPECT_GT(Rows().size(), rows);
+        EXPECT_FALSE(FrameWindow::IsGray(CM_REMOVE_ITEM)) << Rows().back();
+    }
+}
+
+TEST_F(ProjectCommands, OpenEnablesRemoveForAnyItem) {
+    const std::function<void(ProjectFile&)> items[] = {
+        [](ProjectFile&) {},
+        [](ProjectFile& file) { SetText(file.head.MainName, "m"); },
+        [](ProjectFile& file) { file.head.EngNum = 1; },
+        [](ProjectFile& file) { file.head.ExtNum = 1; },
+        [](ProjectFile& file) { SetText(file.head.DDEName, "d"); },
+        [](ProjectFile& file) {
+            file.head.ResNum = 1;
+            file.results.resize(1);
+        },
+    };
+    bool empty = true;
+    for (const auto& add : items) {
+        ProjectFile file;
+        add(file);
+        ASSERT_TRUE(WriteProject(Path("p.mrv").c_str(), file));
+        Choose("p.mrv", OpenMORV);
+        EXPECT_EQ(FrameWindow::IsGray(CM_REMOVE_ITEM), empty) << Rows().back();
+        empty = false;
+        CloseMORV(hFrame);
+        DestroyMdiP();
+    }
+}
+
+TEST_F(ProjectCommands, ADroppedDuplicateIsNoChange) {
+    NewMORV(hFrame);
+    Choose("s.lse", AddEngine);
+    Project.MORVmod = 0;
+    Choose("s.lse", AddEngine);
+    EXPECT_EQ(Project.MORVmod, 0);
+    EXPECT_EQ(Project.EngNum, 1);
+}
+
+// The file dialogs have no owner, so the menu stays usable behind them.
+TEST_F(ProjectCommands, LeaveAProjectAloneThatCameMeanwhile) {
+    const std::function<void()> replace = [] {
+        Boxes boxes(Answer::No);
+        CloseMORV(hFrame);
+        DestroyMdiP();
+        NewMORV(hFrame);
+    };
+    temp_.Put("f", "");
+    for (auto command : {SaveMORV, SaveAsMORV, AddMain, AddEngine, AddExtern, AddDDE, AddResult})
+        for (const std::string& path : {Path("f"), std::string()}) {
+            NewMORV(hFrame);
+            Project.MORVmod = 1;
+            FileChoices choices;
+            choices.Meanwhile(replace, path);
+            command(hFrame);
+            EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\tuntitled.mrv"}));
+            EXPECT_EQ(Project.MORVmod, 0);
+            EXPECT_EQ(temp_.Content("f"), "");
+            CloseMORV(hFrame);
+            DestroyMdiP();
+        }
+}
+
+TEST_F(ProjectCommands, OpenIsRefusedWhenAProjectCameMeanwhile) {
+    ASSERT_TRUE(WriteProject(Path("p.mrv").c_str(), ProjectFile()));
+    Boxes boxes;
+    FileChoices choices;
+    choices.Meanwhile([] { NewMORV(hFrame); }, Path("p.mrv"));
+    OpenMORV(hFrame);
+    EXPECT_EQ(boxes.shown, RowTexts{"Open MORV Project: There is Opened MORV Project"});
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\tuntitled.mrv"}));
+}
+
+TEST_F(ProjectCommands, AddMainIsRefusedWhenAMainCameMeanwhile) {
+    NewMORV(hFrame);
+    Boxes boxes;
+    FileChoices choices;
+    choices.Meanwhile([] { Project.NameMain("first"); }, Path("m.cpp"));
+    AddMain(hFrame);
+    EXPECT_EQ(boxes.shown, RowTexts{"Add MORV Main: There is Opened MORV Main"});
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\tuntitled.mrv", "Main", "\tfirst"}));
+}
+
+TEST_F(ProjectCommands, CloseAndExitStopWhenTheProjectIsGone) {
+    auto close = [](HWND frame) { EXPECT_EQ(CloseMORV(frame), 1); };
+    for (const std::function<void(HWND)>& command :
+         {std::function<void(HWND)>(close), std::function<void(HWND)>(ExitZentrik)}) {
+        NewMORV(hFrame);
+        Project.MORVmod = 1;
+        Boxes boxes(Answer::Yes);
+        FileChoices choices;
+        choices.Meanwhile(
+            [] {
+                Project.MORVmod = 0;
+                CloseMORV(hFrame);
+                DestroyMdiP();
+                NewMORV(hFrame);
+            },
+            Path("p.mrv"));
+        command(hFrame);
+        EXPECT_FALSE(files::Exists(Path("p.mrv").c_str()));
+        EXPECT_TRUE(IsWindow(hFrame));
+        EXPECT_EQ(Project.MORState, 1);
+        EXPECT_EQ(Rows().size(), 2u);
+        CloseMORV(hFrame);
+        DestroyMdiP();
+    }
 }
 
 TEST_F(ProjectCommands, RefuseTheNinthSystemAndTheFourthExtern) {
@@ -124,12 +261,12 @@ TEST_F(ProjectCommands, RefuseTheNinthSystemAndTheFourthExtern) {
 TEST_F(ProjectCommands, SaveAsksForANameWhileUntitled) {
     NewMORV(hFrame);
     Project.MORVmod = 1;
-    Cancel("Save MORV Project As...", SaveMORV);
+    Cancel(SaveMORV);
     EXPECT_EQ(Project.IsUntitled(), 1);
     EXPECT_EQ(Project.MORVmod, 1);
     {
-        DialogSteps steps;
-        steps.ChooseFile("Save MORV Project As...", Path("p.mrv"));
+        FileChoices choices;
+        choices.Choose(Path("p.mrv"));
         SaveMORV(hFrame);
     }
     EXPECT_EQ(Project.MORVmod, 0);
@@ -146,8 +283,8 @@ TEST_F(ProjectCommands, AFailedSaveKeepsNameAndChanges) {
     Boxes boxes(Answer::Yes);
     files::FailWritesAfter(0);
     {
-        DialogSteps steps;
-        steps.ChooseFile("Save MORV Project As...", Path("p.mrv"));
+        FileChoices choices;
+        choices.Choose(Path("p.mrv"));
         SaveAsMORV(hFrame);
     }
     EXPECT_EQ(Project.IsUntitled(), 1);
@@ -171,6 +308,7 @@ TEST_F(ProjectCommands, CloseAsksForAChangedProject) {
         EXPECT_EQ(CloseMORV(hFrame), 1);
         EXPECT_EQ(boxes.shown, RowTexts{kChanged});
         EXPECT_EQ(boxes.messages[0].buttons, Buttons::YesNoCancel);
+        EXPECT_EQ(boxes.messages[0].owner, hFrame);
         EXPECT_EQ(Project.MORState, 1);
     }
     Boxes boxes(Answer::Yes);
@@ -181,7 +319,7 @@ TEST_F(ProjectCommands, CloseAsksForAChangedProject) {
     for (int id : {CM_SAVE_MORV, CM_CLOSE_MORV, CM_COMPILE, CM_REMOVE_ITEM})
         EXPECT_TRUE(FrameWindow::IsGray(id)) << id;
     // An unchanged one closes without a question.
-    Choose("Open MORV Project", "p.mrv", OpenMORV);
+    Choose("p.mrv", OpenMORV);
     EXPECT_FALSE(FrameWindow::IsGray(CM_REMOVE_ITEM)); // it has a main file
     EXPECT_EQ(CloseMORV(hFrame), 0);
     EXPECT_EQ(boxes.shown.size(), 1u);
@@ -191,21 +329,21 @@ TEST_F(ProjectCommands, CloseGivesUpAnUntitledProjectWhoseNameWasCancelled) {
     NewMORV(hFrame);
     Project.MORVmod = 1;
     Boxes boxes(Answer::Yes);
-    DialogSteps steps;
-    steps.CancelFile("Save MORV Project As...");
+    FileChoices choices;
+    choices.Cancel();
     EXPECT_EQ(CloseMORV(hFrame), 0);
     EXPECT_EQ(Project.MORState, 0);
 }
 
 TEST_F(ProjectCommands, OpenEnablesTheMenusEvenWhenItFails) {
     Boxes boxes;
-    Choose("Open MORV Project", "short.mrv", OpenMORV);
+    Choose("short.mrv", OpenMORV);
     EXPECT_EQ(boxes.shown, RowTexts{"Open Project: Open Error"});
     EXPECT_FALSE(FrameWindow::IsGray(CM_SAVE_MORV));
     EXPECT_TRUE(FrameWindow::IsGray(CM_REMOVE_ITEM));
     EXPECT_EQ(Project.MORState, 0);
     GrayMenu(hFrame, 3);
-    Cancel("Open MORV Project", OpenMORV);
+    Cancel(OpenMORV);
     EXPECT_TRUE(FrameWindow::IsGray(CM_SAVE_MORV));
 }
 
@@ -261,14 +399,15 @@ TEST_F(ProjectCommands, RemoveWithoutASelectionOnlyMarksTheProject) {
 TEST_F(ProjectCommands, AddResultsMarksTheProjectEvenWhenCancelled) {
     NewMORV(hFrame);
     SetText(ResulFile, "before");
-    Cancel("Open MORV Result", AddResult);
+    Cancel(AddResult);
     EXPECT_STREQ(ResulFile, "");
     EXPECT_EQ(Project.MORVmod, 1);
     EXPECT_STREQ(Project.ResName, "");
     // Chosen, the results dialog comes with its working file named.
     temp_.Put("r.rst", "");
+    FileChoices choices;
+    choices.Choose(Path("r.rst"));
     DialogSteps steps;
-    steps.ChooseFile("Open MORV Result", Path("r.rst"));
     steps.When("Add Resource", [](const DialogHandle& dialog) { dialog.CloseBox(); });
     AddResult(hFrame);
     EXPECT_EQ(ResulFile, Path("r.rst"));
@@ -323,6 +462,7 @@ TEST_F(ProjectCommands, ExitAsksForProjectAndSystemInTurn) {
         Boxes boxes(Answer::Cancel);
         ExitZentrik(hFrame);
         EXPECT_EQ(boxes.shown, RowTexts{kChanged});
+        EXPECT_EQ(boxes.messages[0].owner, hFrame);
         EXPECT_EQ(Project.MORState, 1);
         EXPECT_EQ(System.EngineState, 1);
     }
@@ -332,6 +472,7 @@ TEST_F(ProjectCommands, ExitAsksForProjectAndSystemInTurn) {
         Boxes boxes(Answer::Cancel);
         ExitZentrik(hFrame);
         EXPECT_EQ(boxes.shown, RowTexts{"Close MORV Project: Save Current MORV System"});
+        EXPECT_EQ(boxes.messages[0].owner, hFrame);
         // The project is closed by then, the system is not.
         EXPECT_EQ(Project.MORState, 0);
         EXPECT_EQ(System.EngineState, 1);

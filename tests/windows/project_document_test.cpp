@@ -18,29 +18,19 @@ protected:
     static void AddExt(const std::string& name) { Project.NameExt(NameBuffer(name)); }
     static void AddDde(const std::string& name) { Project.NameDde(NameBuffer(name)); }
 
-    // Every section is where its position says.
+    // Every position is where the section's heading stands, and says when there is none.
     static void ExpectPositions() {
         const RowTexts rows = Rows();
-        auto heading = [&rows](int first) {
-            return first >= 1 && first <= static_cast<int>(rows.size())
-                       ? rows[static_cast<std::size_t>(first - 1)]
-                       : "none";
+        auto first = [&rows](const char* heading) {
+            const auto at = std::ranges::find(rows, heading);
+            return at == rows.end() ? -1 : static_cast<int>(at - rows.begin()) + 1;
         };
-        if (Project.PMain != -1) {
-            EXPECT_EQ(heading(Project.PMain), "Main");
-        }
-        if (Project.PEng != -1) {
-            EXPECT_EQ(heading(Project.PEng).substr(0, 6), "System");
-        }
-        if (Project.PExt != -1) {
-            EXPECT_EQ(heading(Project.PExt), "Extern");
-        }
-        if (Project.Pdde != -1) {
-            EXPECT_EQ(heading(Project.Pdde), "DDE");
-        }
-        if (Project.PRes != -1 && Project.ResNum > 0) {
-            EXPECT_EQ(heading(Project.PRes), "Results");
-        }
+        EXPECT_EQ(Project.PMain, first("Main"));
+        EXPECT_EQ(Project.PEng, first("System"));
+        EXPECT_EQ(Project.PExt, first("Extern"));
+        EXPECT_EQ(Project.Pdde, first("DDE"));
+        // The position of results may stay when the last one was taken out by its name.
+        EXPECT_EQ(Project.ResNum > 0 ? Project.PRes : -1, first("Results"));
     }
 };
 
@@ -88,6 +78,17 @@ TEST_F(ProjectDocument, ShowsEverySectionInItsPlaceWhateverTheOrder) {
                                 "\td.dde", "Results", "\tr1.rst", "\tr2.rst"}));
     ExpectPositions();
     EXPECT_EQ(Project.MORVmod, 1);
+}
+
+TEST_F(ProjectDocument, EachNewItemIsAChange) {
+    const std::function<void()> adds[] = {[] { Project.NameMain("m"); }, [] { AddSys("s"); },
+                                          [] { AddExt("e"); }, [] { AddDde("d"); },
+                                          [] { Project.NameRes("r", 1); }};
+    for (const auto& add : adds) {
+        Project.MORVmod = 0;
+        add();
+        EXPECT_EQ(Project.MORVmod, 1) << Rows().back();
+    }
 }
 
 TEST_F(ProjectDocument, MainMovesTheSystemsDown) {

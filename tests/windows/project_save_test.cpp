@@ -36,11 +36,32 @@ protected:
 
     static RowTexts Rows() { return RowsOf(Project.hwndPro); }
 
-    // A working auxiliary file as the results dialog leaves it, below a work folder of its own.
-    void PutWorking(const std::string& content) {
+    // The name alone, as the results dialog leaves it when its close box is used.
+    void NameWorking() {
         std::filesystem::create_directory(Path("temp"));
         Project.GetResName(Path("").substr(0, Path("").size() - 1).c_str());
+    }
+
+    // A working auxiliary file as the results dialog leaves it, below a work folder of its own.
+    void PutWorking(const std::string& content) {
+        NameWorking();
         std::ofstream(Project.ResName, std::ios::binary) << content;
+    }
+
+    // The saved file as the working one, as the check and a cancelled results dialog leave it.
+    void CancelWorking() {
+        NameWorking();
+        SetText(Project.ResName, Text(Project.OldResAux));
+    }
+
+    // Two results files of the project and their names in its auxiliary file.
+    void AddTwoResults() {
+        temp_.Put("p.aux", Tags({"fire", "smoke"}));
+        temp_.Put("r1.rst", Tags({"fire"}));
+        temp_.Put("r2.rst", Tags({"smoke"}));
+        SetText(Project.ResAux, Path("p.aux"));
+        Project.NameRes(Path("r1.rst").c_str(), 1);
+        Project.NameRes(Path("r2.rst").c_str(), 1);
     }
 };
 
@@ -234,18 +255,156 @@ TEST_F(ProjectSave, CutsTheAuxiliaryNameAtTheFirstDot) {
 TEST_F(ProjectSave, KeepsTheSavedNamesWhenTheDialogWroteNothing) {
     temp_.Put("p.aux", Tags({"old"}));
     SetText(Project.ResAux, Path("p.aux"));
-    PutWorking("");
-    files::Remove(Project.ResName);
+    NameWorking();
     EXPECT_EQ(Project.SavePro(), 0);
     EXPECT_EQ(temp_.Content("p.aux"), Tags({"old"}));
     EXPECT_EQ(Project.ResAux, Path("p.aux"));
     // Under another name too.
-    PutWorking("");
-    files::Remove(Project.ResName);
+    NameWorking();
     Project.ChName(Path("q.mrv").c_str());
     EXPECT_EQ(Project.SavePro(), 0);
     EXPECT_EQ(temp_.Content("q.mrv").substr(3825, 255), Field(Path("p.aux")));
     EXPECT_STREQ(Project.ResName, "");
+}
+
+// Names that the results editor adds to a results file are counted with the results files.
+TEST_F(ProjectSave, CountsTheResultsThatHaveRows) {
+    const std::string name = ItemRow(Path("p.mrv"));
+    for (const char* result : {"a.rst", "b.rst"}) {
+        Project.ResNum += 2;
+        Project.NameRes(result, 1);
+    }
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", name, "Results", "\ta.rst", "\tb.rst"}));
+    Project.ResNum += 2;
+    EXPECT_EQ(Project.SavePro(), 0);
+    EXPECT_EQ(temp_.Content("p.mrv").substr(4088, 4), Number(2));
+    EXPECT_EQ(temp_.Content("p.mrv").substr(4096), Field("a.rst") + Field("b.rst"));
+    Boxes boxes;
+    Reopen("p.mrv");
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", name, "Results", "\ta.rst", "\tb.rst"}));
+    Project.ResNum += 2;
+    Project.DeleteRes(3);
+    EXPECT_EQ(Project.ResNum, 1);
+    Project.ResNum += 2;
+    Project.DeleteRes(3);
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", name}));
+    EXPECT_EQ(Project.PRes, -1);
+    Project.ResNum += 2; // none has a row
+    EXPECT_EQ(Project.SavePro(), 0);
+    EXPECT_EQ(temp_.Content("p.mrv").size(), 4096u);
+    EXPECT_EQ(Project.ResNum, 0);
+}
+
+TEST_F(ProjectSave, WritesNothingWithoutItsRows) {
+    Project.NameRes("a.rst", 1);
+    Project.SavePro();
+    const std::string before = temp_.Content("p.mrv");
+    Project.DestroyPro();
+    EXPECT_EQ(Project.SavePro(), -1);
+    EXPECT_EQ(temp_.Content("p.mrv"), before);
+}
+
+TEST_F(ProjectSave, LeavesAnotherProjectItsAuxiliaryFile) {
+    temp_.Put("p.aux", Tags({"old"}));
+    SetText(Project.ResAux, Path("p.aux"));
+    CancelWorking();
+    Project.ChName(Path("q.mrv").c_str());
+    EXPECT_EQ(Project.SavePro(), 0);
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"old"}));
+    EXPECT_EQ(temp_.Content("q.aux"), Tags({"old"}));
+    EXPECT_EQ(temp_.Content("q.mrv").substr(3825, 255), Field(Path("q.aux")));
+    // A project that took over the file of another one, saved under its own name.
+    New("r.mrv");
+    SetText(Project.ResAux, Path("p.aux"));
+    CancelWorking();
+    EXPECT_EQ(Project.SavePro(), 0);
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"old"}));
+    EXPECT_EQ(temp_.Content("r.aux"), Tags({"old"}));
+}
+
+TEST_F(ProjectSave, AdoptsNoForeignNamesWhenNoneWereWritten) {
+    temp_.Put("p.aux", Tags({"foreign"}));
+    NameWorking();
+    EXPECT_EQ(Project.SavePro(), 0);
+    EXPECT_FALSE(files::Exists(Path("p.aux").c_str()));
+    EXPECT_EQ(Project.ResAux, Path("p.aux"));
+}
+
+TEST_F(ProjectSave, ThatCannotMoveTheAuxiliaryFileIsShownAndLosesNothing) {
+    PutWorking(Tags({"new"}));
+    const std::string working = Project.ResName;
+    Project.NameMain("main.cpp");
+    Boxes boxes;
+    std::filesystem::create_directory(Path("p.aux"));
+    EXPECT_EQ(Project.SavePro(), -1);
+    std::filesystem::remove(Path("p.aux"));
+    temp_.Put("p.aux", Tags({"old"}));
+    SetFileAttributesA(Path("p.aux").c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(Project.SavePro(), -1);
+    SetFileAttributesA(Path("p.aux").c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(boxes.shown, RowTexts(2, "WARNING: Permison denied"));
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"old"}));
+    EXPECT_EQ(Project.ResName, working);
+    EXPECT_EQ(Project.MORVmod, 1);
+    EXPECT_EQ(Project.SavePro(), 0);
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"new"}));
+    EXPECT_EQ(boxes.shown.size(), 2u);
+}
+
+TEST_F(ProjectSave, BearsAPathOf254Characters) {
+    const std::string folder = Path("");
+    const std::string name = std::string(254 - folder.size() - 4, 'n') + ".mrv";
+    ASSERT_EQ(Path(name).size(), 254u);
+    Project.ChName(Path(name).c_str());
+    Project.NameMain("main.cpp");
+    EXPECT_EQ(Project.SavePro(), 0);
+    Reopen(name);
+    EXPECT_EQ(Rows(), (RowTexts{"MORVName", ItemRow(Path(name)), "Main", "\tmain.cpp"}));
+}
+
+TEST_F(ProjectSave, DeletingAResultPrunesTheSavedNamesWhileNoneAreWritten) {
+    AddTwoResults();
+    NameWorking();
+    Project.DeleteRes(3);
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"smoke"}));
+    Project.DeleteRes(-1);
+    EXPECT_EQ(temp_.Content("p.aux"), "");
+    EXPECT_FALSE(files::Exists(Project.ResName));
+}
+
+TEST_F(ProjectSave, AResultStaysWhenItsNamesCannotBeTakenOut) {
+    AddTwoResults();
+    const RowTexts rows = Rows();
+    Boxes boxes;
+    files::FailWritesAfter(10);
+    EXPECT_EQ(Project.DeleteRes(3), -1);
+    files::FailWritesAfter(-1);
+    std::filesystem::create_directory(Path("p.aux.tmp~"));
+    EXPECT_EQ(Project.DeleteRes(-1), -1);
+    EXPECT_EQ(boxes.shown,
+              (RowTexts{"WARNING: No space left on the disk", "WARNING: Permison denied"}));
+    EXPECT_EQ(Rows(), rows);
+    EXPECT_EQ(Project.ResNum, 2);
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"fire", "smoke"}));
+    std::filesystem::remove(Path("p.aux.tmp~"));
+    EXPECT_EQ(Project.DeleteRes(3), 0);
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"smoke"}));
+}
+
+TEST_F(ProjectSave, DeletingAResultPrunesNothingWhenAFileIsReadOnly) {
+    for (const char* name : {"p.aux", "r1.rst"}) {
+        New("p.mrv");
+        AddTwoResults();
+        Boxes boxes;
+        SetFileAttributesA(Path(name).c_str(), FILE_ATTRIBUTE_READONLY);
+        EXPECT_EQ(Project.DeleteRes(3), 0);
+        SetFileAttributesA(Path(name).c_str(), FILE_ATTRIBUTE_NORMAL);
+        EXPECT_TRUE(boxes.shown.empty());
+        EXPECT_EQ(temp_.Content("p.aux"), Tags({"fire", "smoke"})) << name;
+        EXPECT_EQ(Rows().back(), ItemRow(Path("r2.rst")));
+        EXPECT_EQ(Project.ResNum, 1);
+    }
 }
 
 TEST_F(ProjectSave, DeletingAResultPrunesTheAuxiliaryFile) {

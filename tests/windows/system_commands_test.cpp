@@ -2,6 +2,7 @@
 
 #include "dialog_test.h"
 #include "document_test.h"
+#include "file_choices.h"
 #include "shell/editor.h"
 #include "shell/menu.h"
 #include "shell/ZENTRIK.h"
@@ -22,17 +23,17 @@ protected:
 
     static RowTexts Rows() { return RowsOf(System.hwndSys); }
 
-    template <class Command>
-    void Choose(const std::string& title, const std::string& name, Command command) {
+    // Chooses a file in the dialog that `command` shows.
+    template <class Command> void Choose(const std::string& name, Command command) {
         if (!files::Exists(Path(name).c_str()))
             temp_.Put(name, "");
-        DialogSteps steps;
-        steps.ChooseFile(title, Path(name));
+        FileChoices choices;
+        choices.Choose(Path(name));
         command(hFrame);
     }
-    template <class Command> static void Cancel(const std::string& title, Command command) {
-        DialogSteps steps;
-        steps.CancelFile(title);
+    template <class Command> static void Cancel(Command command) {
+        FileChoices choices;
+        choices.Cancel();
         command(hFrame);
     }
 
@@ -88,14 +89,14 @@ TEST_F(SystemCommands, AreRefusedWithoutASystem) {
 TEST_F(SystemCommands, SaveOfAnUntitledSystemForgetsTheChangesWhenCancelled) {
     NewEngine(hFrame);
     System.Engmod = 1;
-    Cancel("Save MORV System As...", SaveAsEngine);
+    Cancel(SaveAsEngine);
     EXPECT_EQ(System.Engmod, 1);
-    Cancel("Save MORV System As...", SaveEngine);
+    Cancel(SaveEngine);
     EXPECT_EQ(System.Engmod, 0);
     EXPECT_TRUE(System.IsUntitled());
     System.Engmod = 1;
-    DialogSteps steps;
-    steps.ChooseFile("Save MORV System As...", Path("a.lse"));
+    FileChoices choices;
+    choices.Choose(Path("a.lse"));
     SaveEngine(hFrame);
     EXPECT_EQ(System.Engmod, 0);
     EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("a.lse"))}));
@@ -108,8 +109,8 @@ TEST_F(SystemCommands, AFailedSaveKeepsNameAndChanges) {
     Boxes boxes(Answer::Yes);
     files::FailWritesAfter(0);
     {
-        DialogSteps steps;
-        steps.ChooseFile("Save MORV System As...", Path("a.lse"));
+        FileChoices choices;
+        choices.Choose(Path("a.lse"));
         SaveEngine(hFrame);
     }
     EXPECT_EQ(System.Engmod, 1);
@@ -155,7 +156,7 @@ TEST_F(SystemCommands, OpenEnablesTheMenusOfWhatItFinds) {
     SaveEngine(hFrame);
     CloseEngine(hFrame);
     DestroyMdiS();
-    Choose("Open MORV System", "a.lse", OpenEngine);
+    Choose("a.lse", OpenEngine);
     EXPECT_EQ(Rows(),
               (RowTexts{"System Name", ItemRow(Path("a.lse")), "System Header", "\th.cpp"}));
     EXPECT_FALSE(FrameWindow::IsGray(CM_SAVE_SYSTEM));
@@ -164,7 +165,7 @@ TEST_F(SystemCommands, OpenEnablesTheMenusOfWhatItFinds) {
 
 TEST_F(SystemCommands, AFailedOpenLeavesAWindowThatCanBeClosed) {
     Boxes boxes;
-    Choose("Open MORV System", "short.lse", OpenEngine);
+    Choose("short.lse", OpenEngine);
     EXPECT_EQ(boxes.shown, RowTexts{"Open Engine: Open Error"});
     EXPECT_EQ(System.EngineState, 0);
     EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("short.lse"))}));
@@ -173,13 +174,194 @@ TEST_F(SystemCommands, AFailedOpenLeavesAWindowThatCanBeClosed) {
     EXPECT_EQ(GetMdi(), nullptr);
 }
 
+TEST_F(SystemCommands, AskForFilesOfTheirKind) {
+    NewEngine(hFrame);
+    SetFacts({"fever"});
+    FileChoices choices;
+    for (auto command :
+         {SaveEngine, SaveAsEngine, AddHeader, AddOpposite, AddKnow, AddRules, KnowValue}) {
+        choices.Cancel();
+        command(hFrame);
+    }
+    System.DestroySys();
+    choices.Cancel();
+    OpenEngine(hFrame);
+    const std::string all = "| All Files (*.*)|*.*";
+    const std::string save =
+        "save|Save MORV System As...|.lse|2|MORV System Files (*.lse)|*.lse" + all;
+    EXPECT_EQ(choices.asked,
+              (RowTexts{save, save, "open|Add System Header|.cpp|4096|Files (*.cpp)|*.cpp" + all,
+                        "open|Add Opposites|.rst|4096|MORV Result Files (*.rst)|*.rst" + all,
+                        "open|Open MORV Facts|.fac|4096|MORV Know Files (*.fac)|*.fac" + all,
+                        "open|Open MORV Rules|.rul|4096|MORV Rule Files (*.rul)|*.rul" + all,
+                        "open|Open DDE File|.dde|12288| DDE Files (*.dde)|*.dde"
+                        "|All Files (*.*)|*.*",
+                        "open|Open MORV System|.lse|4096|MORV Systems Files (*.lse)|*.lse" + all}));
+}
+
+TEST_F(SystemCommands, EachResourceEnablesRemove) {
+    NewEngine(hFrame);
+    auto enables = [](auto add) {
+        GrayMenu(hFrame, 6);
+        add();
+        return !FrameWindow::IsGray(CM_RESOURCE_REMOVE);
+    };
+    EXPECT_FALSE(enables([] { Cancel(AddRules); }));
+    EXPECT_TRUE(enables([this] { Choose("r.rul", AddRules); }));
+    EXPECT_FALSE(enables([] { Cancel(AddHeader); }));
+    EXPECT_TRUE(enables([this] { Choose("h.cpp", AddHeader); }));
+    EXPECT_FALSE(enables([] { Cancel(AddOpposite); }));
+    EXPECT_TRUE(enables([this] {
+        DialogSteps steps;
+        steps.When("Result/Opposite ", [](const DialogHandle& dialog) { dialog.Press(IDCANCEL); });
+        Choose("o.rst", AddOpposite);
+    }));
+    EXPECT_TRUE(enables([] {
+        DialogSteps steps;
+        steps.When("Local Vars", [](const DialogHandle& dialog) { dialog.Press(IDCANCEL); });
+        AddLocalVar(hFrame);
+    }));
+}
+
+// Neither the close question nor the file dialogs have an owner, so the menu stays usable behind
+// them.
+TEST_F(SystemCommands, LeaveASystemAloneThatCameMeanwhile) {
+    const std::function<void()> replace = [] {
+        Boxes boxes(Answer::No);
+        CloseEngine(hFrame);
+        DestroyMdiS();
+        NewEngine(hFrame);
+    };
+    temp_.Put("f", "");
+    for (auto command :
+         {SaveEngine, SaveAsEngine, AddHeader, AddOpposite, AddKnow, AddRules, KnowValue})
+        for (const std::string& path : {Path("f"), std::string()}) {
+            NewEngine(hFrame);
+            SetFacts({"fever"});
+            System.Engmod = 1;
+            FileChoices choices;
+            choices.Meanwhile(replace, path);
+            command(hFrame);
+            EXPECT_EQ(Rows(), (RowTexts{"System Name", "\tuntitled.lse"}));
+            EXPECT_EQ(System.Engmod, 0);
+            EXPECT_STREQ(System.KnowName, "");
+            EXPECT_EQ(temp_.Content("f"), "");
+            CloseEngine(hFrame);
+            DestroyMdiS();
+        }
+}
+
+TEST_F(SystemCommands, ACancelledSaveForgetsNoChangesOfAnotherSystem) {
+    NewEngine(hFrame);
+    System.Engmod = 1;
+    FileChoices choices;
+    choices.Meanwhile(
+        [] {
+            System.Engmod = 0;
+            CloseEngine(hFrame);
+            DestroyMdiS();
+            NewEngine(hFrame);
+            System.NameHeader("h.cpp");
+        },
+        "");
+    SaveEngine(hFrame);
+    EXPECT_EQ(System.Engmod, 1);
+}
+
+TEST_F(SystemCommands, OpenIsRefusedWhenASystemCameMeanwhile) {
+    temp_.Put("a.lse", std::string(1797, '\0'));
+    Boxes boxes;
+    FileChoices choices;
+    choices.Meanwhile([] { NewEngine(hFrame); }, Path("a.lse"));
+    OpenEngine(hFrame);
+    EXPECT_EQ(boxes.shown, RowTexts{"Open MORV System: There is Opened MORV System"});
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\tuntitled.lse"}));
+}
+
+TEST_F(SystemCommands, AddRulesIsRefusedWhenRulesCameMeanwhile) {
+    NewEngine(hFrame);
+    Boxes boxes;
+    FileChoices choices;
+    choices.Meanwhile([] { System.NameRule("first.rul"); }, Path("r.rul"));
+    AddRules(hFrame);
+    EXPECT_EQ(boxes.shown, RowTexts{"Add Rules: There is An Opened Rule File"});
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\tuntitled.lse", "Rules", "\tfirst.rul"}));
+}
+
+TEST_F(SystemCommands, ACloseAnsweredBehindAnotherOneSavesNothing) {
+    OpenNamed("a.lse");
+    System.NameHeader("h.cpp");
+    SaveEngine(hFrame);
+    const std::string before = temp_.Content("a.lse");
+    System.DeleteHead();
+    for (bool replaced : {false, true}) {
+        System.Engmod = 1;
+        const HWND window = System.hwndSys;
+        int questions = 0;
+        const MessageShower shower = SetMessageShower([&](const Message&) {
+            if (++questions == 2)
+                return Answer::No;
+            EXPECT_EQ(CloseEngine(hFrame), 0); // the second one
+            DestroyMdiS();
+            if (replaced)
+                NewEngine(hFrame);
+            return Answer::Yes;
+        });
+        EXPECT_EQ(CloseEngine(hFrame), 1);
+        SetMessageShower(shower);
+        EXPECT_EQ(questions, 2);
+        EXPECT_EQ(temp_.Content("a.lse"), before);
+        EXPECT_FALSE(IsWindow(window));
+        EXPECT_EQ(System.EngineState, replaced ? 1 : 0);
+        if (!replaced)
+            OpenNamed("a.lse");
+    }
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\tuntitled.lse"}));
+}
+
+// The message of a failed save has no owner either.
+TEST_F(SystemCommands, AFailedSaveRenamesNoOtherSystem) {
+    OpenNamed("a.lse");
+    const MessageShower shower = SetMessageShower([](const Message&) {
+        System.Engmod = 0;
+        CloseEngine(hFrame);
+        DestroyMdiS();
+        NewEngine(hFrame);
+        return Answer::Ok;
+    });
+    FileChoices choices;
+    choices.Choose(Path("b.lse"));
+    files::FailWritesAfter(0);
+    SaveAsEngine(hFrame);
+    files::FailWritesAfter(-1);
+    SetMessageShower(shower);
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", "\tuntitled.lse"}));
+    EXPECT_STREQ(System.EngineName, "untitled.lse");
+}
+
+// The message of a damaged file comes when everything is in place.
+TEST_F(SystemCommands, ADamagedSystemIsWholeWhenItsMessageComes) {
+    SystemFile file;
+    file.head.DatNum = 5;
+    SetText(file.head.HeaderName, "h.cpp");
+    temp_.Put("a.lse", SystemBytes(file));
+    RowTexts rows;
+    const MessageShower shower = SetMessageShower([&rows](const Message&) {
+        rows = Rows();
+        return Answer::Ok;
+    });
+    Choose("a.lse", OpenEngine);
+    SetMessageShower(shower);
+    EXPECT_EQ(rows, (RowTexts{"System Name", ItemRow(Path("a.lse")), "System Header", "\th.cpp"}));
+}
+
 TEST_F(SystemCommands, AddHeaderAndRulesOnce) {
     NewEngine(hFrame);
-    Cancel("Add System Header", AddHeader);
+    Cancel(AddHeader);
     EXPECT_EQ(Rows().size(), 2u);
-    Choose("Add System Header", "h.cpp", AddHeader);
+    Choose("h.cpp", AddHeader);
     EXPECT_FALSE(FrameWindow::IsGray(CM_RESOURCE_REMOVE));
-    Choose("Open MORV Rules", "r.rul", AddRules);
+    Choose("r.rul", AddRules);
     Boxes boxes;
     AddHeader(hFrame);
     AddRules(hFrame);
@@ -196,8 +378,9 @@ TEST_F(SystemCommands, AddHeaderAndRulesOnce) {
 TEST_F(SystemCommands, AddFactsKeepsTheNamesOfACancelledDialog) {
     NewEngine(hFrame);
     temp_.Put("a.fac", "");
+    FileChoices choices;
+    choices.Choose(Path("a.fac"));
     DialogSteps steps;
-    steps.ChooseFile("Open MORV Facts", Path("a.fac"));
     steps.When("Add Resource", [](const DialogHandle& dialog) { dialog.Press(ADD_CANCEL); });
     AddKnow(hFrame);
     EXPECT_EQ(System.KnowName, Path("a.fac"));
@@ -222,11 +405,12 @@ TEST_F(SystemCommands, InitFactsNeedsFacts) {
     KnowValue(hFrame);
     EXPECT_EQ(boxes.shown, RowTexts{"Init Knowledge Base: There is not Facts"});
     SetFacts({"fever"});
-    Cancel("Open DDE File", KnowValue);
+    Cancel(KnowValue);
     EXPECT_STREQ(System.IKWFile, "");
     temp_.Put("d.dde", "");
+    FileChoices choices;
+    choices.Choose(Path("d.dde"));
     DialogSteps steps;
-    steps.ChooseFile("Open DDE File", Path("d.dde"));
     steps.When("Init Facts", [](const DialogHandle& dialog) { dialog.Press(INIT_CLOSE); });
     KnowValue(hFrame);
     EXPECT_EQ(DDEIKnw, Path("d.dde"));

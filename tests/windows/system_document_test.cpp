@@ -38,28 +38,18 @@ protected:
             System.TitleOpp();
     }
 
+    // Every position is where the section's heading stands, and says when there is none.
     static void ExpectPositions() {
         const RowTexts rows = Rows();
-        auto heading = [&rows](int first) {
-            return first >= 1 && first <= static_cast<int>(rows.size())
-                       ? rows[static_cast<std::size_t>(first - 1)]
-                       : "none";
+        auto first = [&rows](const char* heading) {
+            const auto at = std::ranges::find(rows, heading);
+            return at == rows.end() ? -1 : static_cast<int>(at - rows.begin()) + 1;
         };
-        if (System.PRul != -1) {
-            EXPECT_EQ(heading(System.PRul), "Rules");
-        }
-        if (System.PKnw != -1) {
-            EXPECT_EQ(heading(System.PKnw), "Facts Base");
-        }
-        if (System.POpp != -1) {
-            EXPECT_EQ(heading(System.POpp), "Opossites");
-        }
-        if (System.PHead != -1) {
-            EXPECT_EQ(heading(System.PHead), "System Header");
-        }
-        if (System.PVar != -1) {
-            EXPECT_EQ(heading(System.PVar), "System Locar Var");
-        }
+        EXPECT_EQ(System.PRul, first("Rules"));
+        EXPECT_EQ(System.PKnw, first("Facts Base"));
+        EXPECT_EQ(System.POpp, first("Opossites"));
+        EXPECT_EQ(System.PHead, first("System Header"));
+        EXPECT_EQ(System.PVar, first("System Locar Var"));
     }
 };
 

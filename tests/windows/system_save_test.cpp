@@ -155,6 +155,78 @@ TEST_F(SystemSave, AFactGoneFromTheBaseIsCountedButNotWritten) {
     EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("a.lse")), "Facts Base", "\tfever"}));
 }
 
+TEST_F(SystemSave, AFactGoneFromTheBaseTakesNoOppositeAlong) {
+    temp_.Put("a.fac", FactBytes({Fact("fever")}));
+    AddFacts({"fever", "gone"});
+    AddOpposites({"hot\tcold", "up\tdown"});
+    EXPECT_EQ(System.SaveSys(), 0);
+    const RowTexts whole{"System Name", ItemRow(Path("a.lse")), "Facts Base", "\tfever",
+                         "Opposites",   "\thot\tcold",          "\tup\tdown"};
+    Boxes boxes;
+    EXPECT_EQ(Reopen("a.lse"), 0);
+    EXPECT_EQ(boxes.shown, RowTexts{"Open Engine: Open Error"});
+    EXPECT_EQ(Rows(), whole);
+    EXPECT_EQ(System.SaveSys(), 0);
+    EXPECT_EQ(Reopen("a.lse"), 0);
+    EXPECT_EQ(boxes.shown.size(), 1u); // whole again
+    EXPECT_EQ(Rows(), whole);
+}
+
+TEST_F(SystemSave, WritesNothingWithoutItsRows) {
+    temp_.Put("a.fac", FactBytes({Fact("fever")}));
+    AddFacts({"fever"});
+    System.SaveSys();
+    const std::string before = temp_.Content("a.lse");
+    System.DestroySys();
+    EXPECT_EQ(System.SaveSys(), -1);
+    EXPECT_EQ(temp_.Content("a.lse"), before);
+}
+
+TEST_F(SystemSave, ThatCannotMoveAWorkingCopyIsShownAndLosesNothing) {
+    EditVariables("new variables");
+    EditInitialFacts("new facts");
+    const std::string variables = System.VarFile;
+    const std::string facts = System.IKWFile;
+    Boxes boxes;
+    std::filesystem::create_directory(Path("a.var"));
+    EXPECT_EQ(System.SaveSys(), -1);
+    std::filesystem::remove(Path("a.var"));
+    temp_.Put("a.var", "old variables");
+    SetFileAttributesA(Path("a.var").c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(System.SaveSys(), -1);
+    SetFileAttributesA(Path("a.var").c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(boxes.shown, RowTexts(2, "WARNING: Permison denied"));
+    EXPECT_EQ(temp_.Content("a.var"), "old variables");
+    EXPECT_EQ(System.VarFile, variables);
+    EXPECT_EQ(System.IKWFile, facts);
+    EXPECT_EQ(System.Engmod, 1);
+    EXPECT_EQ(System.SaveSys(), 0);
+    EXPECT_EQ(temp_.Content("a.var"), "new variables");
+    EXPECT_EQ(temp_.Content("a.ikw"), "new facts");
+    EXPECT_EQ(boxes.shown.size(), 2u);
+}
+
+TEST_F(SystemSave, CutsTheNamesOfTheCopiesAtTheFirstDot) {
+    std::filesystem::create_directory(Path("my.dir"));
+    System.ChangeName(Path("my.dir\\a.lse").c_str());
+    EditInitialFacts("facts");
+    EXPECT_EQ(System.IKWFile, Work() + "\\temp\\my.ikw");
+    EXPECT_EQ(System.SaveSys(), 0);
+    EXPECT_EQ(temp_.Content("my.ikw"), "facts");
+    EXPECT_EQ(temp_.Content("my.dir\\a.lse").substr(1275, 255), Field(Path("my.ikw")));
+}
+
+TEST_F(SystemSave, BearsAPathOf254Characters) {
+    const std::string folder = Path("");
+    const std::string name = std::string(254 - folder.size() - 4, 'n') + ".lse";
+    ASSERT_EQ(Path(name).size(), 254u);
+    System.ChangeName(Path(name).c_str());
+    System.NameHeader("h.cpp");
+    EXPECT_EQ(System.SaveSys(), 0);
+    EXPECT_EQ(Reopen(name), 0);
+    EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path(name)), "System Header", "\th.cpp"}));
+}
+
 TEST_F(SystemSave, CreatesAMissingFactsBase) {
     AddFacts({"fever"});
     EXPECT_EQ(System.SaveSys(), 0);
@@ -294,6 +366,37 @@ TEST_F(SystemSave, FlagsCarryOverIntoTheNextSystem) {
     EXPECT_EQ(System.PRul, -1);
     EXPECT_EQ(System.PKnw, 5);
     EXPECT_EQ(Rows()[2], "Facts Base");
+}
+
+// A system without rules that is opened after one with rules: its positions are two rows off.
+TEST_F(SystemSave, ACarriedOverRuleFlagMovesThePositions) {
+    temp_.Put("a.fac", FactBytes({Fact("fever"), Fact("cough")}));
+    AddFacts({"fever", "cough"});
+    System.NameHeader("h.cpp");
+    System.SaveSys();
+    const RowTexts rows = Rows(); // 2 the facts, 5 the header
+    auto carry_over = [this] {
+        System.RuleState = 1;
+        EXPECT_EQ(Reopen("a.lse"), 0);
+        EXPECT_EQ(System.PKnw, 5);
+        EXPECT_EQ(System.PHead, 8);
+    };
+    carry_over();
+    EXPECT_EQ(Rows(), rows);
+    // Facts are read from row 5 on: its text is no fact, that of row 6 is the header's.
+    EXPECT_EQ(System.SaveSys(), 0);
+    const std::string saved = temp_.Content("a.lse");
+    EXPECT_EQ(saved.size(), 1797u);
+    EXPECT_EQ(saved.substr(1789, 4), Number(2));
+    EXPECT_EQ(Rows(), rows);
+    System.DeleteKnw(-1); // what stands at the positions goes
+    EXPECT_EQ(Rows(), (RowTexts{rows[0], rows[1], rows[2], rows[3]}));
+    EXPECT_EQ(System.DatNum, 0);
+    EXPECT_EQ(System.PHead, 5);
+    System.NameVar("C:\\run"); // no row can be put behind those that are there
+    EXPECT_EQ(System.PVar, 7);
+    EXPECT_EQ(System.VarState, 1);
+    EXPECT_EQ(Rows().size(), 4u);
 }
 
 TEST_F(SystemSave, AFileThatCannotBeOpenedChangesNothing) {
