@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-// Finds `name` in the first `len` bytes of `text` from index `ini` on; returns where it starts, or
-// -1. One forward pass: after a partial match fails, the scan goes on behind the character that
-// broke it, so "ab" is not found in "aab".
+// Where `name` begins in the first `len` bytes of `text`, looked for from index `ini` on; -1 when
+// it is not there (nothing is found for an empty name either). Each character is read once: the one
+// that ends a half match cannot begin the next, so "ab" is missed in "aab".
 int FindStr(const char* name, const char* text, int len, int ini);
 
 // The same in a whole text of any length.

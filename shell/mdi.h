@@ -2,6 +2,7 @@
 // topmost child window of its MDI child; topmost means first in Z order.
 #pragma once
 
+#include <string>
 #include <windows.h>
 
 constexpr int MdiChFirstIdent = 500; // identifier of the first MDI child
@@ -11,13 +12,14 @@ extern int EDC_ID; // identifier of the next text editor's edit control
 // Creates an MDI child of class `typ` with title `nom`; returns 0 when the client refuses.
 HWND CrearMdiCh(const char* typ, const char* nom);
 
-// Destroys an MDI child and activates the next one. Returns the client's answer.
+// Destroys an MDI child and activates the next one. Returns the client's answer; for a child that
+// is gone already, 0.
 LRESULT DestroyMdiCh(HWND hwnd);
 
 // Activates a child and restores it from maximised or minimised.
 void RestoreMdiCh(HWND hwnd);
 
-// The modified flag of the active editor's edit control, which is put into `edit`.
+// Puts the control of the topmost child into `edit`; 1 when the user has changed its text.
 int TextState(HWND& edit);
 
 HWND TextHwnd();         // the topmost child's topmost control
@@ -27,6 +29,8 @@ HWND GetFrame();         // the client's parent
 
 // The topmost child window of `hwnd`, 0 when there is none.
 HWND TopChild(HWND hwnd);
+
+std::string ChildTitle(HWND child); // of an editor the path of its file
 
 // True when `hwnd` is a text editor child.
 bool IsEditor(HWND hwnd);
