@@ -345,14 +345,15 @@ TEST_F(SystemCommands, ADamagedSystemIsWholeWhenItsMessageComes) {
     file.head.DatNum = 5;
     SetText(file.head.HeaderName, "h.cpp");
     temp_.Put("a.lse", SystemBytes(file));
-    RowTexts rows;
+    std::vector<RowTexts> rows;
     const MessageShower shower = SetMessageShower([&rows](const Message&) {
-        rows = Rows();
+        rows.push_back(Rows());
         return Answer::Ok;
     });
     Choose("a.lse", OpenEngine);
     SetMessageShower(shower);
-    EXPECT_EQ(rows, (RowTexts{"System Name", ItemRow(Path("a.lse")), "System Header", "\th.cpp"}));
+    EXPECT_EQ(rows, (std::vector<RowTexts>{
+                        {"System Name", ItemRow(Path("a.lse")), "System Header", "\th.cpp"}}));
 }
 
 TEST_F(SystemCommands, AddHeaderAndRulesOnce) {
