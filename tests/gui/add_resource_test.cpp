@@ -136,6 +136,7 @@ TEST_F(AddResourceTest, AtMostTwentyRowsMoveAtOnce) {
     EXPECT_EQ(add.Rows(ADD_OFFERED), TextRows(names.begin(), names.begin() + 20));
     EXPECT_EQ(add.Rows(ADD_CHOSEN), TextRows(names.begin() + 20, names.end()));
     End(app, add, ADD_CANCEL);
+    EXPECT_FALSE(CloseAsks(app));
 }
 
 TEST_F(AddResourceTest, OnlyWholeFactsOfABaseAreOffered) {

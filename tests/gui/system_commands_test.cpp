@@ -170,10 +170,18 @@ TEST_F(SystemCommandsTest, RemovingTheFactsOneByOneRemovesTheHeading) {
     RemoveRow(app, 6);
     RemoveRow(app, 5);
     EXPECT_EQ(app.Rows(kSystem), Without(SampleRows(app), 4, 3));
+    RemoveRow(app, 7); // what comes behind has moved with its rows
+    EXPECT_EQ(app.Rows(kSystem), Without(Without(SampleRows(app), 9, 2), 4, 3));
     app.Command(CM_SAVE_SYSTEM);
     const SystemFile stored = Stored(app, "tank.lse");
     EXPECT_EQ(stored.head.DatNum, 0);
     EXPECT_EQ(Opposites(stored), TextRows{"HIGH\tLOW"});
+    while (app.Rows(kSystem).size() > 2)
+        RemoveRow(app, 2);
+    EXPECT_EQ(app.Rows(kSystem), (TextRows{"System Name", Item(app.Path("tank.lse"))}));
+    EXPECT_TRUE(app.IsGrey(CM_RESOURCE_REMOVE));
+    app.Command(CM_SAVE_SYSTEM);
+    EXPECT_EQ(FileContent(app.Path("tank.lse")).size(), 1797u);
 }
 
 TEST_F(SystemCommandsTest, SavingAnOpenedSystemGivesTheSameBytes) {
@@ -207,6 +215,27 @@ TEST_F(SystemCommandsTest, ACancelledNameGivesTheChangesUp) {
     EXPECT_FALSE(FileExists(app.Path("untitled.lse")));
 }
 
+TEST_F(SystemCommandsTest, SavingAnUntitledSystemAsksForItsName) {
+    App& app = RunNew();
+    AddHeader(app, "head.cpp");
+    app.CommandWithFile(CM_SAVE_SYSTEM, "Save MORV System As...", app.Path("new.lse"));
+    EXPECT_EQ(app.Rows(kSystem).at(1), Item(app.Path("new.lse")));
+    EXPECT_EQ(FileContent(app.Path("new.lse")).size(), 1797u);
+    EXPECT_EQ(Text(Stored(app, "new.lse").head.HeaderName), app.Path("head.cpp"));
+    EXPECT_FALSE(CloseAsks(app));
+}
+
+TEST_F(SystemCommandsTest, ExitSavesAnUntitledSystemThroughADialog) {
+    App& app = RunNew();
+    AddHeader(app, "head.cpp");
+    app.Start(CM_EXIT);
+    app.ExpectBox("Save Current MORV System", "Close MORV Project", Buttons::YesNoCancel,
+                  Icon::None, Answer::Yes);
+    app.ChooseFile("Save MORV System As...", app.Path("new.lse"));
+    EXPECT_EQ(app.Farewell(), 0u);
+    EXPECT_EQ(Text(Stored(app, "new.lse").head.HeaderName), app.Path("head.cpp"));
+}
+
 TEST_F(SystemCommandsTest, ClosingAsksForAChangedSystem) {
     App& app = RunSample();
     RemoveRow(app, 9);
@@ -214,14 +243,21 @@ TEST_F(SystemCommandsTest, ClosingAsksForAChangedSystem) {
     ExpectSaveQuestion(app, Answer::Cancel);
     app.Finish();
     EXPECT_EQ(app.Rows(kSystem), Without(SampleRows(app), 9, 2));
-    app.StartClose(app.Child(kSystem));
-    ExpectSaveQuestion(app, Answer::Cancel);
-    app.Finish();
-    EXPECT_TRUE(app.HasChild(kSystem));
+    EXPECT_FALSE(app.IsGrey(CM_CLOSE_SYSTEM));
+    for (const Answer answer : {Answer::Cancel, Answer::No}) {
+        app.StartClose(app.Child(kSystem));
+        ExpectSaveQuestion(app, answer);
+        app.Finish();
+        EXPECT_EQ(app.HasChild(kSystem), answer == Answer::Cancel);
+    }
+    Open(app, "tank.lse");
+    EXPECT_EQ(app.Rows(kSystem), SampleRows(app));
+    RemoveRow(app, 9);
     app.Start(CM_CLOSE_SYSTEM);
     ExpectSaveQuestion(app, Answer::Yes);
     app.Finish();
     EXPECT_FALSE(app.HasChild(kSystem));
+    EXPECT_TRUE(app.IsGrey(CM_CLOSE_SYSTEM));
     EXPECT_EQ(Text(Stored(app, "tank.lse").head.HeaderName), "");
 }
 
@@ -259,6 +295,13 @@ TEST_F(SystemCommandsTest, AFailedSaveKeepsTheSystemChanged) {
     }
     EXPECT_TRUE(app.HasChild(kSystem));
     EXPECT_EQ(FileContent(app.Path("tank.lse")), before);
+    {
+        const LockedFile lock(app.Path("tank.lse"));
+        app.Start(CM_SAVE_SYSTEM);
+        app.ExpectError("Permison denied");
+        app.Finish();
+    }
+    EXPECT_EQ(FileContent(app.Path("tank.lse")), before);
     PutFolder(app.Path("tank.lse"));
     app.Start(CM_SAVE_SYSTEM);
     app.ExpectError("Permison denied");
@@ -269,8 +312,10 @@ TEST_F(SystemCommandsTest, AFailedSaveKeepsTheSystemChanged) {
 TEST_F(SystemCommandsTest, AFileThatDoesNotOpenLeavesAWindowWithItsName) {
     App& app = Run(Kind::Nt, PutSampleProject);
     PutFile(app.Path("short.lse"), std::string(1796, 'x'));
+    PutEmptySystem(app.Path("locked.lse"));
     const ReadOnlyFile mark(app.Path("tank.lse"));
-    for (const char* name : {"tank.lse", "short.lse"}) {
+    const LockedFile lock(app.Path("locked.lse"));
+    for (const char* name : {"tank.lse", "locked.lse", "short.lse"}) {
         app.Start(CM_OPEN_SYSTEM);
         app.ChooseFile("Open MORV System", app.Path(name));
         EXPECT_EQ(app.ExpectBox("Open Error", "Open Engine").owner, nullptr);
@@ -336,6 +381,7 @@ TEST_F(SystemCommandsTest, RulesClosesTheTextWindowsFirst) {
     EXPECT_EQ(app.Children(kEditor).size(), 2u);
     start(Answer::No);
     Dialog rules = app.WaitDialog("Rules");
+    EXPECT_TRUE(IsWindowEnabled(app.Frame()));
     ASSERT_EQ(app.Children(kEditor).size(), 1u);
     EXPECT_EQ(TextOf(app.Child(kEditor)), "untitled.rul");
     EXPECT_EQ(app.EditorText(), "");
