@@ -55,7 +55,7 @@ void EditResults(const std::string& name) {
 
 } // namespace
 
-// Both read the selection again from the document's own list, which also knows its kind.
+// What the window passes is not needed: the document knows its selected row and the row's kind.
 
 void EditItem(int, const char*) {
     std::string name;
