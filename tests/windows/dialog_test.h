@@ -105,7 +105,7 @@ public:
         steps_.push_back({title, std::move(step), false});
         return *this;
     }
-    // Fails when the dialog comes up, and ends it. Comes last.
+    // Fails each time the dialog comes up, and ends it. Comes last.
     DialogSteps& Never(const std::string& title) {
         steps_.push_back({title,
                           [](const DialogHandle& dialog) {
@@ -151,8 +151,9 @@ private:
         const HWND dialog = FindWindowA("#32770", steps_.front().title.c_str());
         if (dialog && IsWindowVisible(dialog) && dialog != answered_) {
             answered_ = dialog;
-            const Step step = std::move(steps_.front().step);
-            steps_.pop_front();
+            const Step step = steps_.front().step;
+            if (!steps_.front().unwanted)
+                steps_.pop_front();
             since_ = Clock::now();
             step(DialogHandle(dialog));
         } else if (Clock::now() - since_ > std::chrono::seconds(10)) {

@@ -103,7 +103,7 @@ TEST_F(ListRowsTest, ScrollsToTheEndOfRowsThatAVerticalScrollBarCovers) {
     RECT inside;
     GetClientRect(list_, &inside);
     std::string row = "i";
-    while (WidthOf(row) < inside.right - 2)
+    while (WidthOf(row) < inside.right - GetSystemMetrics(SM_CXVSCROLL))
         row += 'i';
     rows_.Add(row);
     EXPECT_GE(Extent(), WidthOf(row));
