@@ -129,7 +129,8 @@ TEST_F(KnowledgeTypes, ThatCanNotBeReadAreNotEdited) {
     // Neither are those that no file can be made for.
     SetText(KTypeFileName, temp.Path("none\\base.typ"));
     EXPECT_EQ(RunDialog(nullptr, "KnowType_Box", TypeKnowledge), 0);
-    EXPECT_EQ(boxes.shown.back(), "WARNING: No such file or directory");
+    EXPECT_EQ(boxes.shown,
+              (Texts{"WARNING: Permison denied", "WARNING: No such file or directory"}));
 }
 
 TEST_F(KnowledgeTypes, GoToTheFileTheyCameFrom) {
