@@ -1,5 +1,6 @@
 #include "resources/dde_items.h"
 
+#include "resources/list_texts.h"
 #include "resources/value_controls.h"
 #include "resources/value_entries.h"
 #include "shell/dialog.h"
@@ -21,30 +22,39 @@ constexpr const char* kUntitled = "untitled.dde";
 // be opened beside it: each keeps its own file.
 struct Editing {
     std::string file;
-    int DDEmod; // 1 = changed since opening
+    int DDEmod = 0; // 1 = changed since opening
 };
-
-Editing& Edited(HWND dialog) {
-    return *reinterpret_cast<Editing*>(GetWindowLongPtrA(dialog, DWLP_USER));
-}
+using State = DialogState<Editing>;
 
 HWND Items(HWND dialog) {
     return GetDlgItem(dialog, DDE_ITEMS);
 }
 
+// Lists the items of the file. One that is there and cannot be read is not edited: Close would put
+// the items of an empty list in the place of its own.
+void Load(HWND dialog) {
+    DdeFile dde;
+    if (!ReadDde(DDEFileName, files::Mode::Read, dde)) {
+        if (files::Exists(DDEFileName)) {
+            GetErr();
+            LeaveDialog(dialog);
+        }
+        return;
+    }
+    SetDlgItemTextA(dialog, DDE_NAME, dde.name.c_str());
+    std::vector<std::string> rows(dde.items.size());
+    std::transform(dde.items.begin(), dde.items.end(), rows.begin(), DdeRow);
+    const ColumnFill fill(Items(dialog));
+    AddRows(Items(dialog), rows);
+}
+
 void Open(HWND dialog) {
-    SetWindowLongPtrA(dialog, DWLP_USER,
-                      reinterpret_cast<LONG_PTR>(new Editing{Text(DDEFileName), 0}));
+    State::Make(dialog, {Text(DDEFileName)});
     LimitText(dialog, DDE_NAME, kNameSize);
     LimitText(dialog, DDE_ITEM_NAME, sizeof(DDE_ITEM::DName));
-    DdeFile dde;
-    if (DDEType == 1 && ReadDde(DDEFileName, files::Mode::Read, dde)) {
-        SetDlgItemTextA(dialog, DDE_NAME, dde.name.c_str());
-        std::vector<std::string> rows(dde.items.size());
-        std::transform(dde.items.begin(), dde.items.end(), rows.begin(), DdeRow);
-        AddRows(Items(dialog), rows);
-    }
     FillTypes(dialog, DDE_TYPE, sizeof(DDE_ITEM::DType));
+    if (DDEType == 1)
+        Load(dialog);
 }
 
 void Ask(HWND dialog, const char* text) {
@@ -71,17 +81,16 @@ void Add(HWND dialog) {
         return;
     }
     if (!IsListed(Items(dialog), Text(item.DName))) {
+        const ColumnFill fill(Items(dialog));
         ListRows(Items(dialog)).Add(DdeRow(item));
-        AlignColumns(Items(dialog));
     }
     SetDlgItemTextA(dialog, DDE_ITEM_NAME, "");
-    Edited(dialog).DDEmod = 1;
+    State::Of(dialog).DDEmod = 1;
 }
 
 void Remove(HWND dialog) {
-    ListRows rows(Items(dialog));
-    rows.Delete(rows.Selected());
-    Edited(dialog).DDEmod = 1;
+    ListRows(Items(dialog)).DeleteSelected();
+    State::Of(dialog).DDEmod = 1;
 }
 
 // Where to write: the edited file, or for a new one what the user chooses; empty on cancel.
@@ -96,7 +105,7 @@ std::string Target(const Editing& editing) {
 }
 
 void Close(HWND dialog) {
-    Editing& editing = Edited(dialog);
+    Editing& editing = State::Of(dialog);
     if (SendDlgItemMessageA(dialog, DDE_NAME, EM_GETMODIFY, 0, 0))
         editing.DDEmod = 1;
     if (editing.DDEmod != 1) {
@@ -112,9 +121,9 @@ void Close(HWND dialog) {
     const std::string target = Target(editing);
     if (target.empty())
         return;
-    for (const std::string& row : AllRows(Items(dialog)))
+    for (const std::string& row : RowTexts(Items(dialog)))
         dde.items.push_back(DdeItemIn(row));
-    if (StoreWhole(target.c_str(), DdeBytes(dde)) != Stored::Yes) {
+    if (!files::ReplaceWhole(target.c_str(), DdeBytes(dde))) {
         // Still changed and, when new, still untitled: the user can choose another place.
         SaveErr();
         return;
@@ -125,19 +134,14 @@ void Close(HWND dialog) {
     EndDialog(dialog, 0);
 }
 
-BOOL Command(HWND dialog, WPARAM wParam) {
-    if (Notified(wParam, IDOK, BN_CLICKED))
-        Add(dialog);
-    else if (Notified(wParam, DDE_REMOVE, BN_CLICKED))
-        Remove(dialog);
-    else if (Notified(wParam, DDE_CLOSE, BN_CLICKED))
-        Close(dialog);
-    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
-        EndDialog(dialog, 0);
-    else
-        return FALSE;
-    return TRUE;
-}
+constexpr DialogAction kActions[] = {
+    {IDOK, BN_CLICKED, Add},
+    {DDE_REMOVE, BN_CLICKED, Remove},
+    {DDE_CLOSE, BN_CLICKED, Close},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTable = {
+    .open = Open, .actions = kActions, .close_box = LeaveDialog, .destroyed = State::Drop};
 
 } // namespace
 
@@ -159,20 +163,5 @@ void LoadDDE(HWND hwnd) {
 }
 
 INT_PTR CALLBACK DDEDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Open(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        return Command(hwnd, wParam);
-    case WM_CLOSE:
-        EndDialog(hwnd, 0);
-        return TRUE;
-    case WM_DESTROY:
-        delete &Edited(hwnd);
-        SetWindowLongPtrA(hwnd, DWLP_USER, 0);
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

@@ -5,8 +5,9 @@
 
 #include <windows.h>
 
-extern char DDEFileName[kNameSize]; // the file being edited, "untitled.dde" for a new one
-extern int DDEType;                 // 1 = load the file when the dialog opens
+// What the next dialog edits: a file's path, or "untitled.dde" until a new list has one.
+extern char DDEFileName[kNameSize];
+extern int DDEType; // 1 = that file is read, 0 = the list starts empty
 
 void NewDDE(HWND hwnd);
 void LoadDDE(HWND hwnd);

@@ -23,8 +23,8 @@ constexpr int kNumberSize = 15;
 
 std::int32_t nid; // the identifier proposed for the next new fact
 
-// A replacement the user agreed to. It stays pending while its other fields are refused, also
-// when the editor is closed and a new facts base is named.
+// The user said yes to replacing a fact. That holds until it is done: refused fields do not end it,
+// nor does leaving the editor for a new facts base.
 int Knowrev;
 int Knownum; // the fact it replaces
 
@@ -103,15 +103,23 @@ void CreateFacts() {
     files::Close(han);
 }
 
+// The types are not kept in the facts base itself, which has their name when it was given the same
+// extension or when theirs does not fit and is cut off: such a base has no types of its own.
+void NameTypesFile() {
+    const std::string name = TypesFileOf(KnowFileName);
+    const bool own = name.size() < kNameSize && lstrcmpiA(name.c_str(), KnowFileName) != 0;
+    SetText(KTypeFileName, own ? name : std::string());
+}
+
 void Open(HWND hwnd) {
     for (const Field& field : kFields)
-        SendDlgItemMessageA(hwnd, field.id, EM_SETLIMITTEXT, field.size - 1, 0);
+        LimitText(hwnd, field.id, field.size);
     KTypeFileName[0] = '\0';
     nid = 1;
     if (KTyp == 1) {
         nid = NextIdent(ListFacts(hwnd));
         Knowrev = 0;
-        SetText(KTypeFileName, TypesFileOf(KnowFileName));
+        NameTypesFile();
         ListTypes(hwnd, NamesIn(KTypeFileName));
     } else {
         CreateFacts();
@@ -132,9 +140,8 @@ void ShowFact(HWND hwnd) {
 }
 
 void TakeType(HWND hwnd) {
-    const ListRows types(GetDlgItem(hwnd, KNOW_TYPES));
-    if (types.Selected() >= 0)
-        SetDlgItemTextA(hwnd, KNOW_TYPE, types.RowText(types.Selected()).c_str());
+    if (const auto type = ListRows(GetDlgItem(hwnd, KNOW_TYPES)).SelectedText())
+        SetDlgItemTextA(hwnd, KNOW_TYPE, type->c_str());
 }
 
 // Puts the proposed identifier back when another one was typed for a new fact.
@@ -182,12 +189,15 @@ bool Replace(HWND hwnd, const Dat& fact) {
     ListRows rows(list);
     const int row = std::min(Knownum, rows.Count());
     Knowrev = Knownum = 0;
-    if (!ReplaceFact(KnowFileName, static_cast<std::size_t>(row), fact))
-        return false;
+    const int at = ReplaceFact(KnowFileName, static_cast<std::size_t>(row), fact);
     const ListFill fill(list);
-    rows.Delete(row);
-    rows.Insert(row, Text(fact.Name));
-    return true;
+    if (at == row) {
+        rows.Delete(row);
+        rows.Insert(row, Text(fact.Name));
+    } else if (at != -1) {
+        ListFacts(hwnd);
+    }
+    return at != -1;
 }
 
 void Add(HWND hwnd) {
@@ -221,47 +231,41 @@ void Remove(HWND hwnd) {
     const int row = rows.Selected();
     if (row < 0)
         return;
-    if (RemoveFact(KnowFileName, static_cast<std::size_t>(row)))
+    switch (RemoveFact(KnowFileName, static_cast<std::size_t>(row))) {
+    case Removal::Done:
         rows.Delete(row);
-    else
+        break;
+    case Removal::NoSuchFact:
+        ListFacts(hwnd);
+        break;
+    case Removal::Failed:
         SaveErr();
+        break;
+    }
 }
 
 void AddType(HWND hwnd) {
-    SetText(KTypeFileName, TypesFileOf(KnowFileName));
+    NameTypesFile();
     // Without an owner: the facts base stays usable meanwhile.
     RunDialog(nullptr, "KnowType_Box", TypeKnowledge);
     ListTypes(hwnd, NamesIn(KTypeFileName));
 }
 
-void Command(HWND hwnd, WPARAM wParam) {
-    if (Notified(wParam, KNOW_FACTS, LBN_DBLCLK))
-        ShowFact(hwnd);
-    else if (Notified(wParam, KNOW_TYPES, LBN_DBLCLK))
-        TakeType(hwnd);
-    else if (Notified(wParam, IDOK, BN_CLICKED))
-        Add(hwnd);
-    else if (Notified(wParam, KNOW_REMOVE, BN_CLICKED))
-        Remove(hwnd);
-    else if (Notified(wParam, KNOW_ADD_TYPE, BN_CLICKED))
-        AddType(hwnd);
-    else if (Notified(wParam, KNOW_CLOSE, BN_CLICKED) || Notified(wParam, IDCANCEL, BN_CLICKED))
-        EndDialog(hwnd, 0);
-}
+constexpr DialogAction kActions[] = {
+    {KNOW_FACTS, LBN_DBLCLK, ShowFact},
+    {KNOW_TYPES, LBN_DBLCLK, TakeType},
+    {IDOK, BN_CLICKED, Add},
+    {KNOW_REMOVE, BN_CLICKED, Remove},
+    {KNOW_ADD_TYPE, BN_CLICKED, AddType},
+    {KNOW_CLOSE, BN_CLICKED, LeaveDialog},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions};
 
 } // namespace
 
 INT_PTR CALLBACK KnowledgeNew(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Open(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        Command(hwnd, wParam);
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }
 
 void NewKnowledge(HWND hwnd) {

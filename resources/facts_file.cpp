@@ -60,20 +60,21 @@ int AppendFact(const char* path, const Dat& fact) {
     return WriteFact(path, files::Mode::UpdateOrCreate, kAtEnd, fact);
 }
 
-bool ReplaceFact(const char* path, std::size_t index, const Dat& fact) {
-    return WriteFact(path, files::Mode::Update, index, fact) != -1;
+int ReplaceFact(const char* path, std::size_t index, const Dat& fact) {
+    return WriteFact(path, files::Mode::Update, index, fact);
 }
 
-bool RemoveFact(const char* path, std::size_t index) {
+Removal RemoveFact(const char* path, std::size_t index) {
     std::string bytes;
     if (!files::ReadWhole(path, files::Mode::Update, bytes))
-        return false;
-    if (index < bytes.size() / sizeof(Dat))
-        bytes.erase(index * sizeof(Dat), sizeof(Dat));
+        return Removal::Failed;
+    if (index >= bytes.size() / sizeof(Dat))
+        return Removal::NoSuchFact;
+    bytes.erase(index * sizeof(Dat), sizeof(Dat));
     if (bytes.size() >= sizeof(Dat))
-        return files::ReplaceWhole(path, bytes);
+        return files::ReplaceWhole(path, bytes) ? Removal::Done : Removal::Failed;
     if (!files::Remove(path))
-        return false;
+        return Removal::Failed;
     files::Remove(TypesFileOf(path).c_str());
-    return true;
+    return Removal::Done;
 }

@@ -22,9 +22,16 @@ bool ReadFact(const char* path, std::size_t index, Dat& fact);
 // it cannot be written; then the file is as it was.
 int AppendFact(const char* path, const Dat& fact);
 
-// Writes over fact `index`; past the end it appends. Returns false when that fails.
-bool ReplaceFact(const char* path, std::size_t index, const Dat& fact);
+// Writes over fact `index`; past the end it appends. Returns where the fact stands now, or -1 when
+// it cannot be written.
+int ReplaceFact(const char* path, std::size_t index, const Dat& fact);
 
-// Takes fact `index` out. When none is left the file and its knowledge types are deleted. Returns
-// false when that fails; then the file is as it was.
-bool RemoveFact(const char* path, std::size_t index);
+// What came of taking a fact out. Only after Done is the file another than before.
+enum class Removal {
+    Done,
+    NoSuchFact, // the file has fewer facts
+    Failed,
+};
+
+// Takes fact `index` out. When none is left the file and its knowledge types are deleted.
+Removal RemoveFact(const char* path, std::size_t index);

@@ -1,5 +1,7 @@
 #include "resources/initial_facts.h"
 
+#include "resources/list_texts.h"
+#include "resources/record_files.h"
 #include "resources/value_controls.h"
 #include "resources/value_entries.h"
 #include "shell/dialog.h"
@@ -31,7 +33,10 @@ std::vector<std::string> FactRows() {
 void Open(HWND dialog) {
     LimitText(dialog, INIT_FACT, kNameSize);
     LimitText(dialog, INIT_VALUE, kNameSize);
-    AddRows(Facts(dialog), FactRows());
+    {
+        const ColumnFill fill(Facts(dialog));
+        AddRows(Facts(dialog), FactRows());
+    }
     std::vector<std::string> parts =
         VariableNames(System.VarFile[0] ? System.VarFile : System.VarName);
     const std::vector<std::string> items = OfferedItems(DDEIKnw);
@@ -43,19 +48,22 @@ void Open(HWND dialog) {
 }
 
 void EditSelected(HWND dialog) {
-    const ListRows rows(Facts(dialog));
-    if (rows.Selected() == -1)
+    const std::optional<std::string> row = ListRows(Facts(dialog)).SelectedText();
+    if (!row)
         return;
-    SetDlgItemTextA(dialog, INIT_FACT, FirstWord(rows.RowText(rows.Selected())).c_str());
+    SetDlgItemTextA(dialog, INIT_FACT, FirstWord(*row).c_str());
     SetDlgItemTextA(dialog, INIT_VALUE, "");
 }
 
+void AppendVariable(HWND dialog) {
+    AppendSelected(dialog, INIT_VARS, INIT_VALUE);
+}
+
 void Replace(HWND dialog, int row, const std::string& text) {
+    const ColumnFill fill(Facts(dialog));
     ListRows rows(Facts(dialog));
-    if (!rows.Delete(row))
-        return;
-    rows.Insert(row, text);
-    AlignColumns(Facts(dialog));
+    if (rows.Delete(row))
+        rows.Insert(row, text);
 }
 
 void Add(HWND dialog) {
@@ -83,7 +91,7 @@ void Remove(HWND dialog) {
 void Close(HWND dialog) {
     System.Engmod = 1;
     // A value with a blank is cut there: values are single words.
-    switch (StoreWhole(System.IKWFile, RecordBytes(AllRows(Facts(dialog)), InitialFactIn))) {
+    switch (StoreWhole(System.IKWFile, RecordBytes(RowTexts(Facts(dialog)), InitialFactIn))) {
     case Stored::Yes:
         System.InitNew = 1;
         break;
@@ -98,8 +106,7 @@ void Close(HWND dialog) {
 }
 
 void Cancel(HWND dialog) {
-    SetText(System.IKWFile, Text(System.OldInitName));
-    SetText(System.OldInitName, "");
+    GoBack(System.IKWFile, System.OldInitName);
     EndDialog(dialog, 0);
 }
 
@@ -109,37 +116,18 @@ void CloseBox(HWND dialog) {
     EndDialog(dialog, 0);
 }
 
-BOOL Command(HWND dialog, WPARAM wParam) {
-    if (Notified(wParam, INIT_FACTS, LBN_DBLCLK))
-        EditSelected(dialog);
-    else if (Notified(wParam, INIT_VARS, LBN_DBLCLK))
-        AppendSelected(dialog, INIT_VARS, INIT_VALUE);
-    else if (Notified(wParam, IDOK, BN_CLICKED))
-        Add(dialog);
-    else if (Notified(wParam, INIT_REMOVE, BN_CLICKED))
-        Remove(dialog);
-    else if (Notified(wParam, INIT_CLOSE, BN_CLICKED))
-        Close(dialog);
-    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
-        Cancel(dialog);
-    else
-        return FALSE;
-    return TRUE;
-}
+constexpr DialogAction kActions[] = {
+    {INIT_FACTS, LBN_DBLCLK, EditSelected},
+    {INIT_VARS, LBN_DBLCLK, AppendVariable},
+    {IDOK, BN_CLICKED, Add},
+    {INIT_REMOVE, BN_CLICKED, Remove},
+    {INIT_CLOSE, BN_CLICKED, Close},
+    {IDCANCEL, BN_CLICKED, Cancel},
+};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions, .close_box = CloseBox};
 
 } // namespace
 
 INT_PTR CALLBACK InitKnw(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Open(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        return Command(hwnd, wParam);
-    case WM_CLOSE:
-        CloseBox(hwnd);
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

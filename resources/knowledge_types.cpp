@@ -8,8 +8,6 @@
 #include "shell/VARMORV.h"
 #include "shell/ZENTRIK.h"
 
-#include <utility>
-
 char KTypeFileName[kNameSize];
 
 namespace {
@@ -17,19 +15,23 @@ namespace {
 // A facts base stays usable while its types are edited, so one more dialog may open for it or for
 // another base: each keeps its own.
 struct TypesEditor {
-    std::string path = KTypeFileName;
-    bool KTypemod = false; // the list changed since it was last written
+    std::string path;
+    bool KTypemod = false; // the list has changes that are not in the file
+    bool refused = false;  // the last Close could not write them
 };
+using State = DialogState<TypesEditor>;
 
-TypesEditor& EditorOf(HWND hwnd) {
-    return *reinterpret_cast<TypesEditor*>(GetWindowLongPtrA(hwnd, DWLP_USER));
-}
-
+// Without a file that can be opened there is no editing: Close would put the names of an empty list
+// in the place of those it has, or would fail again and again.
 void Open(HWND hwnd) {
-    SetWindowLongPtrA(hwnd, DWLP_USER, reinterpret_cast<LONG_PTR>(new TypesEditor));
-    SendDlgItemMessageA(hwnd, KTYPE_NAME, EM_SETLIMITTEXT, kTagSize - 1, 0);
+    State::Make(hwnd, {KTypeFileName});
+    LimitText(hwnd, KTYPE_NAME, kTagSize);
     std::vector<TagRecord> types;
-    ReadOrCreate(KTypeFileName, types);
+    if (!ReadOrCreate(KTypeFileName, types)) {
+        GetErr();
+        LeaveDialog(hwnd);
+        return;
+    }
     AddRows(GetDlgItem(hwnd, KTYPE_LIST), NamesOf(types));
 }
 
@@ -38,49 +40,45 @@ void Add(HWND hwnd) {
     SetDlgItemTextA(hwnd, KTYPE_NAME, "");
     ListRows(GetDlgItem(hwnd, KTYPE_LIST)).Add(name);
     System.TypNum += 1;
-    EditorOf(hwnd).KTypemod = true;
+    State::Of(hwnd).KTypemod = true;
 }
 
 void Remove(HWND hwnd) {
-    ListRows rows(GetDlgItem(hwnd, KTYPE_LIST));
-    rows.Delete(rows.Selected());
-    EditorOf(hwnd).KTypemod = true;
+    ListRows(GetDlgItem(hwnd, KTYPE_LIST)).DeleteSelected();
+    State::Of(hwnd).KTypemod = true;
 }
 
 void Close(HWND hwnd) {
-    TypesEditor& editor = EditorOf(hwnd);
-    // Cleared first: there is no Cancel, so after a failed write a second Close leaves.
-    const bool changed = std::exchange(editor.KTypemod, false);
-    if (changed && !WriteNames(editor.path.c_str(), RowTexts(GetDlgItem(hwnd, KTYPE_LIST)))) {
-        SaveErr();
-        return;
+    TypesEditor& editor = State::Of(hwnd);
+    if (editor.KTypemod) {
+        editor.refused = !WriteNames(editor.path.c_str(), RowTexts(GetDlgItem(hwnd, KTYPE_LIST)));
+        if (editor.refused) {
+            SaveErr();
+            return;
+        }
+        editor.KTypemod = false;
     }
     EndDialog(hwnd, 0);
 }
 
-void Command(HWND hwnd, WPARAM wParam) {
-    if (Notified(wParam, IDOK, BN_CLICKED))
-        Add(hwnd);
-    else if (Notified(wParam, KTYPE_REMOVE, BN_CLICKED))
-        Remove(hwnd);
-    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
+// There is no Cancel, so a file that can not be written for good needs this way out.
+void CloseBox(HWND hwnd) {
+    if (State::Of(hwnd).refused)
+        EndDialog(hwnd, 0);
+    else
         Close(hwnd);
 }
+
+constexpr DialogAction kActions[] = {
+    {IDOK, BN_CLICKED, Add},
+    {KTYPE_REMOVE, BN_CLICKED, Remove},
+    {IDCANCEL, BN_CLICKED, Close},
+};
+constexpr DialogTable kTable = {
+    .open = Open, .actions = kActions, .close_box = CloseBox, .destroyed = State::Drop};
 
 } // namespace
 
 INT_PTR CALLBACK TypeKnowledge(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Open(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        Command(hwnd, wParam);
-        return TRUE;
-    case WM_DESTROY:
-        delete &EditorOf(hwnd);
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

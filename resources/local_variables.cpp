@@ -1,5 +1,7 @@
 #include "resources/local_variables.h"
 
+#include "resources/list_texts.h"
+#include "resources/record_files.h"
 #include "resources/value_controls.h"
 #include "resources/value_entries.h"
 #include "shell/dialog.h"
@@ -22,19 +24,25 @@ void Open(HWND dialog) {
     LimitText(dialog, VAR_VALUE, kNameSize);
     // The last record comes first, and Close keeps the order of the rows: every opening and closing
     // turns the file round.
-    if (System.VarState)
+    if (System.VarState) {
+        const ColumnFill fill(Variables(dialog));
         AddRows(Variables(dialog), VariableRows(System.OldVarName));
+    }
     FillTypes(dialog, VAR_TYPE, kNameSize);
 }
 
 void EditSelected(HWND dialog) {
-    const ListRows rows(Variables(dialog));
-    if (rows.Selected() == -1)
+    const std::optional<std::string> row = ListRows(Variables(dialog)).SelectedText();
+    if (!row)
         return;
-    const V_V variable = VariableIn(rows.RowText(rows.Selected()));
+    const V_V variable = VariableIn(*row);
     SetDlgItemTextA(dialog, VAR_NAME, variable.Name);
     SetDlgItemTextA(dialog, VAR_TYPE, variable.Type);
     SetDlgItemTextA(dialog, VAR_VALUE, variable.Val);
+}
+
+void AppendItem(HWND dialog) {
+    AppendSelected(dialog, VAR_DDE, VAR_VALUE);
 }
 
 void LoadItems(HWND dialog) {
@@ -52,21 +60,20 @@ void Add(HWND dialog) {
         ShowMessage(dialog, missing, "New Var", Buttons::Ok, Icon::Exclamation);
         return;
     }
+    const ColumnFill fill(Variables(dialog));
     ListRows rows(Variables(dialog));
     // The blank keeps a longer name that starts alike from being replaced.
     rows.Delete(rows.FindPrefix(Text(variable.Name) + " "));
     rows.Insert(0, VariableRow(variable));
-    AlignColumns(Variables(dialog));
 }
 
 void Remove(HWND dialog) {
-    ListRows rows(Variables(dialog));
-    rows.Delete(rows.Selected());
+    ListRows(Variables(dialog)).DeleteSelected();
 }
 
 void Close(HWND dialog) {
     const Stored stored =
-        StoreWhole(System.VarFile, RecordBytes(AllRows(Variables(dialog)), VariableIn));
+        StoreWhole(System.VarFile, RecordBytes(RowTexts(Variables(dialog)), VariableIn));
     if (stored != Stored::Yes)
         SaveErr();
     if (stored == Stored::NotWritten)
@@ -78,8 +85,7 @@ void Close(HWND dialog) {
 }
 
 void Cancel(HWND dialog) {
-    SetText(System.VarFile, Text(System.OldVarName));
-    SetText(System.OldVarName, "");
+    GoBack(System.VarFile, System.OldVarName);
     EndDialog(dialog, 0);
 }
 
@@ -89,39 +95,16 @@ void CloseBox(HWND dialog) {
     EndDialog(dialog, 0);
 }
 
-BOOL Command(HWND dialog, WPARAM wParam) {
-    if (Notified(wParam, VAR_LIST, LBN_DBLCLK))
-        EditSelected(dialog);
-    else if (Notified(wParam, VAR_DDE, LBN_DBLCLK))
-        AppendSelected(dialog, VAR_DDE, VAR_VALUE);
-    else if (Notified(wParam, VAR_LOAD, BN_CLICKED))
-        LoadItems(dialog);
-    else if (Notified(wParam, VAR_ADD, BN_CLICKED))
-        Add(dialog);
-    else if (Notified(wParam, VAR_REMOVE, BN_CLICKED))
-        Remove(dialog);
-    else if (Notified(wParam, VAR_CLOSE, BN_CLICKED))
-        Close(dialog);
-    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
-        Cancel(dialog);
-    else
-        return FALSE;
-    return TRUE;
-}
+constexpr DialogAction kActions[] = {
+    {VAR_LIST, LBN_DBLCLK, EditSelected}, {VAR_DDE, LBN_DBLCLK, AppendItem},
+    {VAR_LOAD, BN_CLICKED, LoadItems},    {VAR_ADD, BN_CLICKED, Add},
+    {VAR_REMOVE, BN_CLICKED, Remove},     {VAR_CLOSE, BN_CLICKED, Close},
+    {IDCANCEL, BN_CLICKED, Cancel},
+};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions, .close_box = CloseBox};
 
 } // namespace
 
 INT_PTR CALLBACK VarNew(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Open(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        return Command(hwnd, wParam);
-    case WM_CLOSE:
-        CloseBox(hwnd);
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

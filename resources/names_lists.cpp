@@ -28,37 +28,43 @@ struct NamesEditor {
     const char* extension;
     // 1 = the file is loaded when the dialog opens. It stays set for the rest of the run, so once
     // a resource was opened a new list loads the untitled file of the current folder.
-    int type;
-    int modified;
+    int type = 0;
+    int modified = 0;
 };
 
-NamesEditor g_tags = {TAGS_NAME,
-                      TAGS_LIST,
-                      TagsFileName,
-                      "untitled.tag",
-                      "MORV Tag Resource (*.tag)\0*.tag\0 All Files (*.*)\0*.*\0",
-                      "Save Tags As...",
-                      ".tag",
-                      0,
-                      0};
+NamesEditor g_tags = {
+    .edit = TAGS_NAME,
+    .list = TAGS_LIST,
+    .file = TagsFileName,
+    .untitled = "untitled.tag",
+    .save_filter = "MORV Tag Resource (*.tag)\0*.tag\0 All Files (*.*)\0*.*\0",
+    .save_title = "Save Tags As...",
+    .extension = ".tag",
+};
 
-NamesEditor g_results = {RES_NAME,
-                         RES_LIST,
-                         ResultFileName,
-                         "untitled.rst",
-                         "MORV Result Resource (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
-                         "Save Resource As...",
-                         ".rst",
-                         0,
-                         0};
+NamesEditor g_results = {
+    .edit = RES_NAME,
+    .list = RES_LIST,
+    .file = ResultFileName,
+    .untitled = "untitled.rst",
+    .save_filter = "MORV Result Resource (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
+    .save_title = "Save Resource As...",
+    .extension = ".rst",
+};
 
 void Open(HWND hwnd, NamesEditor& editor) {
     editor.modified = 0;
-    SendDlgItemMessageA(hwnd, editor.edit, EM_SETLIMITTEXT, kTagSize - 1, 0);
+    LimitText(hwnd, editor.edit, kTagSize);
     if (editor.type != 1)
         return;
     std::vector<TagRecord> names;
-    ReadOrCreate(editor.file, names);
+    // A list that is there and cannot be read is not edited: Close would put the names of an empty
+    // one in the place of its own. One that cannot be created may still be written elsewhere.
+    if (!ReadOrCreate(editor.file, names) && files::Exists(editor.file)) {
+        GetErr();
+        LeaveDialog(hwnd);
+        return;
+    }
     AddRows(GetDlgItem(hwnd, editor.list), NamesOf(names));
 }
 
@@ -94,8 +100,7 @@ void AddResultName(HWND hwnd) {
 }
 
 void RemoveName(HWND hwnd, NamesEditor& editor) {
-    ListRows rows(GetDlgItem(hwnd, editor.list));
-    rows.Delete(rows.Selected());
+    ListRows(GetDlgItem(hwnd, editor.list)).DeleteSelected();
     editor.modified = 1;
 }
 
@@ -126,38 +131,32 @@ void Close(HWND hwnd, NamesEditor& editor) {
     EndDialog(hwnd, 0);
 }
 
+constexpr DialogAction kTagActions[] = {
+    {IDOK, BN_CLICKED, AddTag},
+    {TAGS_REMOVE, BN_CLICKED, [](HWND hwnd) { RemoveName(hwnd, g_tags); }},
+    {TAGS_CLOSE, BN_CLICKED, [](HWND hwnd) { Close(hwnd, g_tags); }},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTagTable = {.open = [](HWND hwnd) { Open(hwnd, g_tags); },
+                                   .actions = kTagActions};
+
+constexpr DialogAction kResultActions[] = {
+    {IDOK, BN_CLICKED, AddResultName},
+    {RES_REMOVE, BN_CLICKED, [](HWND hwnd) { RemoveName(hwnd, g_results); }},
+    {RES_CLOSE, BN_CLICKED, [](HWND hwnd) { Close(hwnd, g_results); }},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kResultTable = {.open = [](HWND hwnd) { Open(hwnd, g_results); },
+                                      .actions = kResultActions};
+
 } // namespace
 
 INT_PTR CALLBACK TagNew(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG)
-        Open(hwnd, g_tags);
-    else if (message != WM_COMMAND)
-        return DialogColours(message, wParam);
-    else if (Notified(wParam, IDOK, BN_CLICKED))
-        AddTag(hwnd);
-    else if (Notified(wParam, TAGS_REMOVE, BN_CLICKED))
-        RemoveName(hwnd, g_tags);
-    else if (Notified(wParam, TAGS_CLOSE, BN_CLICKED))
-        Close(hwnd, g_tags);
-    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
-        EndDialog(hwnd, 0);
-    return TRUE;
+    return RunDialogTable(kTagTable, hwnd, message, wParam);
 }
 
 INT_PTR CALLBACK ResultNew(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG)
-        Open(hwnd, g_results);
-    else if (message != WM_COMMAND)
-        return DialogColours(message, wParam);
-    else if (Notified(wParam, IDOK, BN_CLICKED))
-        AddResultName(hwnd);
-    else if (Notified(wParam, RES_REMOVE, BN_CLICKED))
-        RemoveName(hwnd, g_results);
-    else if (Notified(wParam, RES_CLOSE, BN_CLICKED))
-        Close(hwnd, g_results);
-    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
-        EndDialog(hwnd, 0);
-    return TRUE;
+    return RunDialogTable(kResultTable, hwnd, message, wParam);
 }
 
 void NewTag(HWND hwnd) {

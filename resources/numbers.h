@@ -11,5 +11,5 @@ std::string NumberText(double value);
 // Reads the number a text starts with; a text that is not a number reads as 0.
 double NumberIn(std::string_view text);
 
-// NumberIn, truncated toward zero to 32 bits; out of range takes the nearest limit.
+// NumberIn without its fraction. What 32 bits cannot hold becomes the nearest number they can.
 std::int32_t WholeNumberIn(std::string_view text);

@@ -12,8 +12,8 @@
 
 namespace {
 
-// The edit that last had the focus, which a double-clicked result fills. It is kept from one
-// opening of the dialog to the next.
+// Where a double-clicked result goes: the edit the user was in last, even when that was in an
+// earlier dialog.
 int CON = -1;
 
 // Gives the dialog's window class the background of the dialogs, for those that are made later.
@@ -30,26 +30,23 @@ void GreyClass(HWND hwnd) {
 
 void Open(HWND hwnd) {
     GreyClass(hwnd);
-    SendDlgItemMessageA(hwnd, OPP_RESULT, EM_SETLIMITTEXT, kTagSize - 1, 0);
-    SendDlgItemMessageA(hwnd, OPP_OPPOSITE, EM_SETLIMITTEXT, kTagSize - 1, 0);
+    LimitText(hwnd, OPP_RESULT, kTagSize);
+    LimitText(hwnd, OPP_OPPOSITE, kTagSize);
     if (AddType != kAddResults)
         return;
     AddRows(GetDlgItem(hwnd, OPP_RESULTS), NamesIn(ResultFileName));
     const HWND pairs = GetDlgItem(hwnd, OPP_PAIRS);
-    const ListFill fill(pairs);
+    const ColumnFill fill(pairs);
     ListRows rows(pairs);
     for (int i = 0; i < System.OppNum; ++i) {
         if (rows.Add(System.GetOpp(i)) < 0)
             break;
     }
-    AlignColumns(pairs);
 }
 
 void TakeResult(HWND hwnd) {
-    const ListRows results(GetDlgItem(hwnd, OPP_RESULTS));
-    if (results.Selected() >= 0)
-        SetDlgItemTextA(hwnd, CON == -1 ? OPP_RESULT : CON,
-                        results.RowText(results.Selected()).c_str());
+    if (const auto result = ListRows(GetDlgItem(hwnd, OPP_RESULTS)).SelectedText())
+        SetDlgItemTextA(hwnd, CON == -1 ? OPP_RESULT : CON, result->c_str());
 }
 
 // The text of an edit when it is one of the results. Returns false after saying that it is not.
@@ -70,15 +67,14 @@ void Add(HWND hwnd) {
     const HWND pairs = GetDlgItem(hwnd, OPP_PAIRS);
     if (HasRow(pairs, pair))
         return;
+    const ColumnFill fill(pairs);
     ListRows(pairs).Add(pair);
-    AlignColumns(pairs);
     SetDlgItemTextA(hwnd, OPP_RESULT, "");
     SetDlgItemTextA(hwnd, OPP_OPPOSITE, "");
 }
 
 void Remove(HWND hwnd) {
-    ListRows pairs(GetDlgItem(hwnd, OPP_PAIRS));
-    pairs.Delete(pairs.Selected());
+    ListRows(GetDlgItem(hwnd, OPP_PAIRS)).DeleteSelected();
 }
 
 void Close(HWND hwnd) {
@@ -97,33 +93,19 @@ void Close(HWND hwnd) {
     EndDialog(hwnd, 0);
 }
 
-void Command(HWND hwnd, WPARAM wParam) {
-    const int id = LOWORD(wParam);
-    if (HIWORD(wParam) == EN_SETFOCUS && (id == OPP_RESULT || id == OPP_OPPOSITE))
-        CON = id;
-    else if (Notified(wParam, OPP_RESULTS, LBN_DBLCLK))
-        TakeResult(hwnd);
-    else if (Notified(wParam, OPP_ADD, BN_CLICKED))
-        Add(hwnd);
-    else if (Notified(wParam, OPP_REMOVE, BN_CLICKED))
-        Remove(hwnd);
-    else if (Notified(wParam, OPP_CLOSE, BN_CLICKED))
-        Close(hwnd);
-    else if (Notified(wParam, IDCANCEL, BN_CLICKED))
-        EndDialog(hwnd, 0);
-}
+constexpr DialogAction kActions[] = {
+    {OPP_RESULT, EN_SETFOCUS, [](HWND) { CON = OPP_RESULT; }},
+    {OPP_OPPOSITE, EN_SETFOCUS, [](HWND) { CON = OPP_OPPOSITE; }},
+    {OPP_RESULTS, LBN_DBLCLK, TakeResult},
+    {OPP_ADD, BN_CLICKED, Add},
+    {OPP_REMOVE, BN_CLICKED, Remove},
+    {OPP_CLOSE, BN_CLICKED, Close},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions};
 
 } // namespace
 
 INT_PTR CALLBACK OppAdd(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Open(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        Command(hwnd, wParam);
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

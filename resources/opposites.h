@@ -1,4 +1,4 @@
-// "Result_Box": the pairs of results that exclude each other.
+// "Result_Box": the opposites of a system, results that cannot hold together.
 #pragma once
 
 #include <windows.h>

@@ -13,25 +13,21 @@ template <class Record> bool ReadOrCreate(const char* path, std::vector<Record>&
 }
 
 // The names in records of tags, results or knowledge types.
-inline std::vector<std::string> NamesOf(std::span<const TagRecord> records) {
-    std::vector<std::string> names;
-    names.reserve(records.size());
-    for (const TagRecord& record : records)
-        names.push_back(Text(record.name));
-    return names;
-}
+std::vector<std::string> NamesOf(std::span<const TagRecord> records);
 
 // The names in a file that is not created; none when it cannot be opened.
-inline std::vector<std::string> NamesIn(const char* path) {
-    std::vector<TagRecord> records;
-    ReadRecords(path, files::Mode::Read, records);
-    return NamesOf(records);
-}
+std::vector<std::string> NamesIn(const char* path);
 
 // Replaces a file of names. Returns false, leaving the old file, when that fails.
-inline bool WriteNames(const char* path, std::span<const std::string> names) {
-    std::vector<TagRecord> records(names.size());
-    for (std::size_t i = 0; i < names.size(); ++i)
-        SetText(records[i].name, names[i]);
-    return files::ReplaceWhole(path, BytesOf(records));
-}
+bool WriteNames(const char* path, std::span<const std::string> names);
+
+// What came of replacing a file.
+enum class Stored {
+    Yes,
+    NotCreated, // nothing can be written there
+    NotWritten, // it can, but not these bytes: the disk is full
+};
+
+// Replaces the whole content of `path`. Unless the answer is Yes the old content stays and
+// files::LastError() says why.
+Stored StoreWhole(const char* path, std::string_view bytes);

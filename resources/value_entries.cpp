@@ -18,17 +18,6 @@ std::string Joined(std::string_view first, std::string_view second, std::string_
     return row.append(first).append(kSeparator).append(second).append(kSeparator).append(third);
 }
 
-bool CanCreate(const char* path) {
-    const bool there = files::Exists(path);
-    const int han = files::Open(path, files::Mode::UpdateOrCreate);
-    if (han == -1)
-        return false;
-    files::Close(han);
-    if (!there)
-        files::Remove(path);
-    return true;
-}
-
 } // namespace
 
 std::string FirstWord(std::string_view row) {
@@ -137,10 +126,4 @@ std::vector<std::string> OfferedItems(const char* path) {
     std::transform(dde.items.begin(), dde.items.end(), names.begin(),
                    [](const DDE_ITEM& item) { return "DDEinfo." + Text(item.DName); });
     return names;
-}
-
-Stored StoreWhole(const char* path, std::string_view bytes) {
-    if (!CanCreate(path))
-        return Stored::NotCreated;
-    return files::ReplaceWhole(path, bytes) ? Stored::Yes : Stored::NotWritten;
 }

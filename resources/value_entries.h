@@ -79,14 +79,3 @@ std::string RecordBytes(const std::vector<std::string>& rows,
         bytes += BytesOf(record_in(row));
     return bytes;
 }
-
-// What came of replacing a file.
-enum class Stored {
-    Yes,
-    NotCreated, // nothing can be written there
-    NotWritten, // it can, but not these bytes: the disk is full
-};
-
-// Replaces the whole content of `path`. Unless the answer is Yes the old content stays and
-// files::LastError() says why.
-Stored StoreWhole(const char* path, std::string_view bytes);

@@ -4,35 +4,14 @@
 
 namespace {
 
-constexpr char kFilling[] = "ZentrikFilling"; // a property of a list that is not repainted
-
-// Texts up to this length fit every list box, so they need no measuring.
-constexpr std::size_t kShortText = 40;
+constexpr char kFilling[] = "ZentrikFilling"; // a property of a list: its ListFill
 
 int Send(HWND list, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-    return static_cast<int>(SendMessageA(list, message, wParam, lParam));
+    return list ? static_cast<int>(SendMessageA(list, message, wParam, lParam)) : LB_ERR;
 }
 
 LPARAM TextParam(const std::string& text) {
     return reinterpret_cast<LPARAM>(text.c_str());
-}
-
-// Lets a list scroll to the end of `text`; one made without a horizontal scroll bar ignores it.
-void WidenFor(HWND list, const std::string& text) {
-    if (text.size() <= kShortText)
-        return;
-    const HDC dc = GetDC(list);
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
-    const HGDIOBJ before = font ? SelectObject(dc, font) : nullptr;
-    const DWORD extent =
-        GetTabbedTextExtentA(dc, text.c_str(), static_cast<int>(text.size()), 0, nullptr);
-    if (before)
-        SelectObject(dc, before);
-    ReleaseDC(list, dc);
-    constexpr int kMargin = 8;
-    const int width = LOWORD(extent) + kMargin;
-    if (width > Send(list, LB_GETHORIZONTALEXTENT))
-        Send(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width));
 }
 
 } // namespace
@@ -58,6 +37,11 @@ int ListRows::Selected() const {
     return Send(list_, LB_GETCURSEL);
 }
 
+std::optional<std::string> ListRows::SelectedText() const {
+    const int row = Selected();
+    return row < 0 ? std::nullopt : std::optional(RowText(row));
+}
+
 int ListRows::FindExact(const std::string& text) const {
     return Send(list_, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), TextParam(text));
 }
@@ -70,13 +54,22 @@ void ListRows::Select(int row) {
     Send(list_, LB_SETCURSEL, static_cast<WPARAM>(row));
 }
 
+void ListRows::Widen(const std::string& text) {
+    if (!list_)
+        return;
+    if (ListFill* fill = ListFill::Of(list_))
+        fill->Widen(text);
+    else
+        ListWidth(list_).Take(text);
+}
+
 int ListRows::Add(const std::string& text) {
-    WidenFor(list_, text);
+    Widen(text);
     return Send(list_, LB_ADDSTRING, 0, TextParam(text));
 }
 
 int ListRows::Insert(int row, const std::string& text) {
-    WidenFor(list_, text);
+    Widen(text);
     return Send(list_, LB_INSERTSTRING, static_cast<WPARAM>(row), TextParam(text));
 }
 
@@ -84,14 +77,37 @@ bool ListRows::Delete(int row) {
     return row >= 0 && Send(list_, LB_DELETESTRING, static_cast<WPARAM>(row)) != LB_ERR;
 }
 
+bool ListRows::DeleteSelected() {
+    return Delete(Selected());
+}
+
 void ListRows::Clear() {
     Send(list_, LB_RESETCONTENT);
 }
 
-ListFill::ListFill(HWND list, int rows, int bytes)
-    : list_(list), first_(list && !GetPropA(list, kFilling)) {
+ListWidth::ListWidth(HWND list) : list_(list), measure_(list) {
+    RECT inside{};
+    GetClientRect(list, &inside);
+    // More rows may bring a vertical scroll bar, which takes its share.
+    const int sure = inside.right - GetSystemMetrics(SM_CXVSCROLL);
+    width_ = std::max(sure, Send(list, LB_GETHORIZONTALEXTENT));
+}
+
+void ListWidth::Take(const std::string& row) {
+    constexpr int kMargin = 8;
+    if (!measure_.MayExceed(row, width_ - kMargin))
+        return;
+    const int width = measure_.TabbedWidth(row) + kMargin;
+    if (width <= width_)
+        return;
+    width_ = width;
+    Send(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width));
+}
+
+ListFill::ListFill(HWND list, Width width, int rows, int bytes)
+    : list_(list), first_(list && !Of(list)), kind_(width) {
     if (first_) {
-        SetPropA(list_, kFilling, list_);
+        SetPropA(list_, kFilling, this);
         SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
     }
     if (rows > 0)
@@ -104,4 +120,16 @@ ListFill::~ListFill() {
     RemovePropA(list_, kFilling);
     SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list_, nullptr, TRUE);
+}
+
+ListFill* ListFill::Of(HWND list) {
+    return static_cast<ListFill*>(GetPropA(list, kFilling));
+}
+
+void ListFill::Widen(const std::string& row) {
+    if (kind_ == Width::FoundAtTheEnd)
+        return;
+    if (!width_)
+        width_.emplace(list_);
+    width_->Take(row);
 }

@@ -27,6 +27,12 @@ template <std::size_t N> void SetText(char (&field)[N], std::string_view text) {
     std::memset(field + size, 0, N - size);
 }
 
+// Gives a working copy up: `name` is the file it came from again, which is forgotten.
+template <std::size_t N> void GoBack(char (&name)[N], char (&before)[N]) {
+    SetText(name, Text(before));
+    SetText(before, "");
+}
+
 // One name in a file of 50-byte names (tags, results, knowledge types).
 struct TagRecord {
     char name[kTagSize];

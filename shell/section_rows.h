@@ -1,5 +1,5 @@
-// The rows of a document's list: sections of a heading and items under it, an item's row being its
-// text with one TAB in front.
+// How a document's list is laid out: headings stand at the left margin, what belongs to one follows
+// it, set in by a TAB.
 #pragma once
 
 #include "shell/list_rows.h"
@@ -7,13 +7,14 @@
 std::string ItemRow(const std::string& text);
 std::string ItemText(const ListRows& rows, int row); // without its first character
 
-// What a row is to a section whose first item is row `first` (-1: the section is absent): 1 its
-// heading, 2 one of its `count` items, 0 neither.
+// Where `row` lies in the section whose `count` items begin at row `first` (-1 when the document
+// has no such section). Returns 1 for the heading, which is the row above them, 2 for one of the
+// items and 0 for a row outside.
 int PartOf(int row, int first, int count);
 
-// Deletes a section's heading and those of its `count` items that the list has.
+// Deletes a section with its heading. The list may have fewer than `count` of its items.
 void DeleteSection(HWND list, int first, int count);
 
-// The same TAB on a text in place: the buffer must have room for it.
+// ItemRow and ItemText for a text that stays in its buffer, which must have room for the TAB.
 void PutTab(char* text);
 void DropFirst(char* text);

@@ -55,7 +55,7 @@ void EditResults(const std::string& name) {
 
 } // namespace
 
-// Neither needs what it is given: the document says which row is selected, and of what kind it is.
+// What the window passes is not needed: the document knows its selected row and the row's kind.
 
 void EditItem(int, const char*) {
     std::string name;

@@ -4,7 +4,7 @@
 #include <windows.h>
 
 extern int RuleNum; // rules as last counted
-extern int mod;     // 1 = the rules text changed since the last load or save
+extern int mod;     // 1 = there is something to save
 
 void ListIndex(HWND dialog); // fills the rules list from the index file, as the editor starts
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <windows.h>
 
-extern char RuleFile[kNameSize]; // the rules file being edited, "untitled.rul" for a new one
+extern char RuleFile[kNameSize]; // whose text the window shows; new rules: "untitled.rul"
 extern char RuleSize[kNameSize]; // its index file
 
 // Takes the topmost MDI child when it is the text window of the file RuleFile, else none.

@@ -2,7 +2,7 @@
 
 #include "resources/fact_texts.h"
 #include "resources/facts_file.h"
-#include "resources/record_files.h"
+#include "shell/record_text.h"
 
 #include <chrono>
 #include <filesystem>
@@ -86,40 +86,51 @@ TEST_F(FactsFile, ANewFactTakesThePlaceOfADamagedRest) {
 }
 
 TEST_F(FactsFile, ReplacesOneRecordInPlace) {
-    EXPECT_TRUE(ReplaceFact(path_.c_str(), 1, Fact("B", 6)));
+    EXPECT_EQ(ReplaceFact(path_.c_str(), 1, Fact("B", 6)), 1);
     EXPECT_EQ(NamesText(FactsOf(temp_, "base.fac")), "a B c ");
     EXPECT_EQ(int{FactsOf(temp_, "base.fac")[1].Ident}, 6);
-    EXPECT_TRUE(ReplaceFact(path_.c_str(), 9, Fact("d", 8)));
+    EXPECT_EQ(ReplaceFact(path_.c_str(), 9, Fact("d", 8)), 3); // there is no fact 9
     EXPECT_EQ(NamesText(FactsOf(temp_, "base.fac")), "a B c d ");
-    EXPECT_FALSE(ReplaceFact(temp_.Path("none.fac").c_str(), 0, Fact("a", 1)));
+    EXPECT_EQ(ReplaceFact(temp_.Path("none.fac").c_str(), 0, Fact("a", 1)), -1);
     EXPECT_FALSE(files::Exists(temp_.Path("none.fac").c_str()));
 }
 
 TEST_F(FactsFile, RemovesOneRecordAndKeepsTheOthersInOrder) {
-    EXPECT_TRUE(RemoveFact(path_.c_str(), 0));
+    EXPECT_EQ(RemoveFact(path_.c_str(), 0), Removal::Done);
     EXPECT_EQ(NamesText(FactsOf(temp_, "base.fac")), "b c ");
-    EXPECT_TRUE(RemoveFact(path_.c_str(), 1));
+    EXPECT_EQ(RemoveFact(path_.c_str(), 1), Removal::Done);
     EXPECT_EQ(NamesText(FactsOf(temp_, "base.fac")), "b ");
-    EXPECT_TRUE(RemoveFact(path_.c_str(), 5));
-    EXPECT_EQ(NamesText(FactsOf(temp_, "base.fac")), "b ");
+}
+
+TEST_F(FactsFile, RemovingAFactThatIsNotThereChangesNothing) {
+    temp_.Put("base.typ", std::string(50, 't'));
+    EXPECT_EQ(RemoveFact(path_.c_str(), 3), Removal::NoSuchFact);
+    EXPECT_EQ(temp_.Content("base.fac"), BytesOf(facts_));
+    for (const std::string rest : {"", "a rest that is no fact"}) {
+        temp_.Put("base.fac", rest);
+        EXPECT_EQ(RemoveFact(path_.c_str(), 0), Removal::NoSuchFact);
+        EXPECT_TRUE(files::Exists(path_.c_str()));
+        EXPECT_EQ(temp_.Content("base.fac"), rest);
+        EXPECT_TRUE(files::Exists(temp_.Path("base.typ").c_str()));
+    }
 }
 
 TEST_F(FactsFile, RemovingTheLastFactDeletesTheBaseAndItsTypes) {
     for (const std::string rest : {"", "a rest that is no fact"}) {
         temp_.Put("base.fac", std::string(BytesOf(facts_[0])) + rest);
         temp_.Put("base.typ", std::string(50, 't'));
-        EXPECT_TRUE(RemoveFact(path_.c_str(), 0));
+        EXPECT_EQ(RemoveFact(path_.c_str(), 0), Removal::Done);
         EXPECT_FALSE(files::Exists(path_.c_str()));
         EXPECT_FALSE(files::Exists(temp_.Path("base.typ").c_str()));
     }
-    EXPECT_FALSE(RemoveFact(path_.c_str(), 0));
+    EXPECT_EQ(RemoveFact(path_.c_str(), 0), Removal::Failed);
 }
 
 TEST_F(FactsFile, AFullDiskLeavesTheFactsAsTheyWere) {
     files::FailWritesAfter(100);
     EXPECT_EQ(AppendFact(path_.c_str(), Fact("d", 8)), -1);
-    EXPECT_FALSE(ReplaceFact(path_.c_str(), 1, Fact("B", 6)));
-    EXPECT_FALSE(RemoveFact(path_.c_str(), 0));
+    EXPECT_EQ(ReplaceFact(path_.c_str(), 1, Fact("B", 6)), -1);
+    EXPECT_EQ(RemoveFact(path_.c_str(), 0), Removal::Failed);
     files::FailWritesAfter(-1);
     EXPECT_EQ(temp_.Content("base.fac"), BytesOf(facts_));
 }
@@ -129,7 +140,7 @@ TEST_F(FactsFile, AddingAndRemovingOneOfManyIsQuick) {
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < 100; ++i)
         ASSERT_EQ(AppendFact(path_.c_str(), Fact("d", 8)), 10000 + i);
-    EXPECT_TRUE(RemoveFact(path_.c_str(), 0));
+    EXPECT_EQ(RemoveFact(path_.c_str(), 0), Removal::Done);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     EXPECT_EQ(std::filesystem::file_size(path_), (10000 + 99) * sizeof(Dat));
 }
@@ -185,29 +196,6 @@ TEST(FactTexts, AFactWithoutTerminatorsEndsAtItsFields) {
     std::memset(&fact, 'x', sizeof fact);
     EXPECT_EQ(TextsOf(fact).name.size(), 70u);
     EXPECT_EQ(TextsOf(fact).type.size(), 50u);
-}
-
-TEST(RecordFiles, NamesAreWrittenAsRecordsAndReadBack) {
-    TempFolder temp;
-    const std::string path = temp.Path("a.tag");
-    ASSERT_TRUE(
-        WriteNames(path.c_str(), std::vector<std::string>{"one", std::string(60, 'x'), ""}));
-    const std::string bytes = temp.Content("a.tag");
-    ASSERT_EQ(bytes.size(), 150u);
-    EXPECT_EQ(bytes.substr(0, 50), "one" + std::string(47, '\0'));
-    EXPECT_EQ(NamesIn(path.c_str()), (std::vector<std::string>{"one", std::string(49, 'x'), ""}));
-    temp.Put("a.tag", bytes + "rest");
-    EXPECT_EQ(NamesIn(path.c_str()).size(), 3u);
-    EXPECT_TRUE(NamesIn(temp.Path("none").c_str()).empty());
-}
-
-TEST(RecordFiles, AMissingFileIsCreatedEmpty) {
-    TempFolder temp;
-    std::vector<TagRecord> records;
-    EXPECT_TRUE(ReadOrCreate(temp.Path("a.tag").c_str(), records));
-    EXPECT_TRUE(records.empty());
-    EXPECT_TRUE(files::Exists(temp.Path("a.tag").c_str()));
-    EXPECT_FALSE(ReadOrCreate(temp.Path("none/a.tag").c_str(), records));
 }
 
 } // namespace

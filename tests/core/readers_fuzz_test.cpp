@@ -6,7 +6,10 @@
 #include "build/rules_header.h"
 #include "build/rules_source.h"
 #include "build/support_files.h"
-#include "resources/dde_item.h"
+#include "resources/fact_texts.h"
+#include "resources/facts_file.h"
+#include "resources/record_files.h"
+#include "resources/value_entries.h"
 
 #include <chrono>
 #include <random>
@@ -92,6 +95,81 @@ TEST(DamagedFiles, DdeFilesReadAsFarAsTheyGo) {
         ASSERT_TRUE(ReadDde(disk.Path("a.dde").c_str(), files::Mode::Read, dde));
         ASSERT_EQ(dde.items.size(), bytes.size() < 255 ? 0 : (bytes.size() - 255) / 150);
         ASSERT_LE(dde.name.size(), 255u);
+    });
+}
+
+// A fact without what its fields cannot show.
+bool StandsInItsFields(const Dat& fact) {
+    const FactTexts texts = TextsOf(fact);
+    return texts.name.size() <= sizeof fact.Name && texts.type.size() <= sizeof fact.KnowType &&
+           texts.unit.size() <= sizeof fact.Units;
+}
+
+TEST(DamagedFiles, FactsBasesReadAndChangeAsFarAsTheyGo) {
+    const Disk disk;
+    Dat fact{};
+    SetText(fact.Name, "level");
+    SetText(fact.KnowType, "ACTION");
+    const std::string sound(BytesOf(std::vector<Dat>(3, fact)));
+    const std::string path = disk.Path("a.fac");
+    ForAWhile([&](std::mt19937& random) {
+        const std::string bytes = Damage(sound, random);
+        const int whole = static_cast<int>(bytes.size() / sizeof(Dat));
+        disk.Put("a.fac", bytes);
+        Dat read;
+        for (int i = 0; i <= whole; ++i)
+            ASSERT_EQ(ReadFact(path.c_str(), static_cast<std::size_t>(i), read), i < whole);
+        ASSERT_TRUE(whole == 0 || StandsInItsFields(read));
+        const std::size_t index = random() % 6;
+        const int at = std::min(static_cast<int>(index), whole);
+        ASSERT_EQ(ReplaceFact(path.c_str(), index, fact), at);
+        ASSERT_TRUE(ReadFact(path.c_str(), static_cast<std::size_t>(at), read));
+        ASSERT_EQ(BytesOf(read), BytesOf(fact));
+        ASSERT_EQ(RemoveFact(path.c_str(), 99), Removal::NoSuchFact);
+        ASSERT_EQ(RemoveFact(path.c_str(), static_cast<std::size_t>(at)), Removal::Done);
+    });
+}
+
+TEST(DamagedFiles, ListsOfNamesReadAsFarAsTheyGo) {
+    const Disk disk;
+    const std::string path = disk.Path("a.tag");
+    ASSERT_TRUE(WriteNames(path.c_str(), std::vector<std::string>{"one", "two", "three"}));
+    const std::string sound = disk.Content("a.tag");
+    ForAWhile([&](std::mt19937& random) {
+        const std::string bytes = Damage(sound, random);
+        disk.Put("a.tag", bytes);
+        std::vector<std::string> names = NamesIn(path.c_str());
+        ASSERT_EQ(names.size(), bytes.size() / sizeof(TagRecord));
+        for (std::string& name : names) {
+            ASSERT_LE(name.size(), sizeof(TagRecord));
+            name.resize(std::min(name.size(), sizeof(TagRecord) - 1));
+        }
+        // What was read, less a name's 50th byte, is written and read again.
+        ASSERT_TRUE(WriteNames(path.c_str(), names));
+        ASSERT_EQ(NamesIn(path.c_str()), names);
+    });
+}
+
+TEST(DamagedRows, AreTakenApartWithinTheirFields) {
+    const std::vector<std::string> sound = {"level \t long \t a + b", "level \t 12 \t FULL",
+                                            UnsetFactRow("level"), "Level\tunsigned int"};
+    const auto fits = [](const auto& field) { return field[sizeof field - 1] == '\0'; };
+    ForAWhile([&](std::mt19937& random) {
+        std::string row = Damage(sound[random() % sound.size()], random);
+        for (char& c : row) // a list's rows have blanks and TABs in odd places, never a NUL
+            if (c == '\0' || random() % 10 == 0)
+                c = random() % 2 == 0 ? ' ' : '\t';
+        const V_V variable = VariableIn(row);
+        ASSERT_TRUE(fits(variable.Name) && fits(variable.Type) && fits(variable.Val)) << row;
+        ASSERT_TRUE(row.starts_with(Text(variable.Name)));
+        const I_K fact = InitialFactIn(row);
+        ASSERT_TRUE(fits(fact.K_Name) && fits(fact.K_Val) && fits(fact.Pres)) << row;
+        ASSERT_EQ(Text(fact.K_Name), Text(variable.Name));
+        ASSERT_NE(row.find(Text(fact.K_Val)), std::string::npos);
+        ASSERT_NE(row.find(Text(fact.Pres)), std::string::npos);
+        const DDE_ITEM item = DdeItemIn(row);
+        ASSERT_TRUE(fits(item.DName) && fits(item.DType)) << row;
+        ASSERT_EQ(Text(item.DName), row.substr(0, std::min<std::size_t>(row.find('\t'), 49)));
     });
 }
 

@@ -3,7 +3,6 @@
 #include "resources/value_entries.h"
 #include "shell/files.h"
 
-#include <cerrno>
 #include <chrono>
 
 namespace {
@@ -252,22 +251,6 @@ TEST(OfferedItems, OfAMissingShortOrHeadOnlyFileAreNone) {
     temp.Put("head.dde", DdeBytes({"plant", {}}));
     for (const char* name : {"none.dde", "short.dde", "head.dde"})
         EXPECT_TRUE(OfferedItems(temp.Path(name).c_str()).empty()) << name;
-}
-
-TEST(StoreWhole, SaysWhatCameOfIt) {
-    TempFolder temp;
-    const std::string path = temp.Path("a.var");
-    EXPECT_EQ(StoreWhole(path.c_str(), "old"), Stored::Yes);
-    files::FailWritesAfter(1);
-    EXPECT_EQ(StoreWhole(path.c_str(), "newer"), Stored::NotWritten);
-    EXPECT_EQ(files::LastError(), ENOSPC);
-    EXPECT_EQ(StoreWhole(temp.Path("b.var").c_str(), "newer"), Stored::NotWritten);
-    files::FailWritesAfter(-1);
-    EXPECT_EQ(temp.Content("a.var"), "old");
-    EXPECT_FALSE(files::Exists(temp.Path("b.var").c_str()));
-    EXPECT_EQ(StoreWhole(temp.Path("none/a.var").c_str(), "x"), Stored::NotCreated);
-    EXPECT_EQ(files::LastError(), ENOENT);
-    EXPECT_EQ(StoreWhole("", "x"), Stored::NotCreated);
 }
 
 } // namespace

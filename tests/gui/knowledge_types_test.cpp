@@ -3,6 +3,8 @@
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
+#include <optional>
+
 namespace gui {
 
 namespace {
@@ -135,18 +137,39 @@ TEST_F(KnowledgeTypesTest, LongNamesAreCut) {
     End(facts);
 }
 
-TEST_F(KnowledgeTypesTest, AFileThatCannotBeWrittenIsReportedOnce) {
+TEST_F(KnowledgeTypesTest, AFileThatCannotBeWrittenKeepsTheDialogOpenUntilItCan) {
+    Dialog facts = RunFacts();
+    PutFile(Running().Path("base.typ"), TagBytes({"A"}));
+    std::optional<ReadOnlyFile> mark(Running().Path("base.typ"));
+    Dialog types = OpenTypes(facts);
+    EXPECT_EQ(types.Rows(KTYPE_LIST), TextRows{"A"});
+    Add(types, "B");
+    for (int tries = 0; tries < 2; ++tries) {
+        types.Press(IDCANCEL);
+        Running().ExpectError("Permison denied");
+        Running().Finish();
+        EXPECT_TRUE(types.Open());
+        EXPECT_EQ(types.Rows(KTYPE_LIST), (TextRows{"A", "B"}));
+    }
+    mark.reset();
+    Close(types);
+    EXPECT_EQ(Types(), TagBytes({"A", "B"}));
+    EXPECT_EQ(facts.Rows(KNOW_TYPES).back(), "B");
+    End(facts);
+}
+
+TEST_F(KnowledgeTypesTest, TheCloseBoxGivesUpWhatCannotBeWritten) {
     Dialog facts = RunFacts();
     PutFile(Running().Path("base.typ"), TagBytes({"A"}));
     const ReadOnlyFile mark(Running().Path("base.typ"));
     Dialog types = OpenTypes(facts);
-    EXPECT_EQ(types.Rows(KTYPE_LIST), TextRows{"A"});
     Add(types, "B");
     types.Press(IDCANCEL);
     Running().ExpectError("Permison denied");
     Running().Finish();
-    EXPECT_TRUE(types.Open());
-    Close(types); // gives the change up
+    types.Close();
+    Running().Finish();
+    EXPECT_FALSE(types.Open());
     EXPECT_EQ(Types(), TagBytes({"A"}));
     EXPECT_EQ(facts.Rows(KNOW_TYPES).back(), "A");
     End(facts);

@@ -1,5 +1,6 @@
 #include "dialog_test.h"
 #include "tests/core/core_test.h"
+#include "write_lock.h"
 
 #include "resources/dde_item.h"
 #include "resources/dde_items.h"
@@ -224,6 +225,19 @@ TEST_F(DdeItems, SayWhenTheirFolderVanished) {
     dialog.Press(DDE_CLOSE);
     EXPECT_EQ(boxes.shown, (Texts{"WARNING: No such file or directory"}));
     EXPECT_TRUE(dialog.IsOpen());
+}
+
+TEST_F(DdeItems, ThatCanNotBeReadAreNotEdited) {
+    temp.Put("a.dde", Bytes("plant", {{"Level", "int"}}));
+    Load("a.dde");
+    DialogSteps steps;
+    steps.Never("DDE");
+    {
+        const WholeLock lock(DDEFileName);
+        EXPECT_EQ(RunDialog(nullptr, "Dde_Box", DDEDlg), 0);
+    }
+    EXPECT_EQ(boxes.shown, Texts{"WARNING: Permison denied"});
+    EXPECT_EQ(temp.Content("a.dde"), Bytes("plant", {{"Level", "int"}}));
 }
 
 TEST_F(DdeItems, CancelAndTheCloseBoxWriteNothing) {

@@ -98,11 +98,21 @@ public:
         KillTimer(nullptr, timer_);
         current_ = nullptr;
         for (const Waiting& step : steps_)
-            ADD_FAILURE() << "the dialog " << step.title << " did not come up";
+            EXPECT_TRUE(step.unwanted) << "the dialog " << step.title << " did not come up";
     }
 
     DialogSteps& When(const std::string& title, Step step) {
-        steps_.push_back({title, std::move(step)});
+        steps_.push_back({title, std::move(step), false});
+        return *this;
+    }
+    // Fails each time the dialog comes up, and ends it. Comes last.
+    DialogSteps& Never(const std::string& title) {
+        steps_.push_back({title,
+                          [](const DialogHandle& dialog) {
+                              ADD_FAILURE() << "an unwanted dialog came up";
+                              EndDialog(dialog.Window(), 0);
+                          },
+                          true});
         return *this;
     }
     // Gives the file dialog `title` a path, after something else was done beside it.
@@ -129,6 +139,7 @@ private:
     struct Waiting {
         std::string title;
         Step step;
+        bool unwanted;
     };
 
     static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
@@ -142,8 +153,9 @@ private:
         const HWND dialog = FindWindowA("#32770", steps_.front().title.c_str());
         if (dialog && IsWindowVisible(dialog) && dialog != answered_) {
             answered_ = dialog;
-            const Step step = std::move(steps_.front().step);
-            steps_.pop_front();
+            const Step step = steps_.front().step;
+            if (!steps_.front().unwanted)
+                steps_.pop_front();
             since_ = Clock::now();
             step(DialogHandle(dialog));
         } else if (Clock::now() - since_ > std::chrono::seconds(10)) {

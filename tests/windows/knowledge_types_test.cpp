@@ -1,5 +1,6 @@
 #include "dialog_test.h"
 #include "tests/core/core_test.h"
+#include "write_lock.h"
 
 #include "resources/knowledge_types.h"
 #include "resources/record_files.h"
@@ -78,7 +79,7 @@ TEST_F(KnowledgeTypes, OfAMissingFileAreNoneAndItIsCreated) {
     EXPECT_EQ(OnDisk(), Texts{std::string(49, 't')});
 }
 
-TEST_F(KnowledgeTypes, ThatCanNotBeWrittenStayListedUntilASecondClose) {
+TEST_F(KnowledgeTypes, ThatCanNotBeWrittenStayInTheDialogUntilTheyAre) {
     ShownDialog dialog("KnowType_Box", TypeKnowledge);
     Add(dialog, "mid");
     files::FailWritesAfter(10);
@@ -91,6 +92,45 @@ TEST_F(KnowledgeTypes, ThatCanNotBeWrittenStayListedUntilASecondClose) {
     dialog.Press(IDCANCEL);
     EXPECT_FALSE(dialog.IsOpen());
     EXPECT_EQ(boxes.shown.size(), 1u);
+    EXPECT_EQ(OnDisk(), (Texts{"Alpha", "mid", "zeta"}));
+}
+
+TEST_F(KnowledgeTypes, ThatCanNotBeWrittenForGoodAreGivenUpByTheCloseBox) {
+    ShownDialog dialog("KnowType_Box", TypeKnowledge);
+    Add(dialog, "mid");
+    {
+        const WriteLock lock(KTypeFileName);
+        dialog.CloseBox(); // writes, as Close does
+        EXPECT_TRUE(dialog.IsOpen());
+        dialog.CloseBox();
+        EXPECT_FALSE(dialog.IsOpen());
+    }
+    EXPECT_EQ(boxes.shown, Texts{"WARNING: Permison denied"});
+    EXPECT_EQ(OnDisk(), (Texts{"zeta", "Alpha"}));
+}
+
+TEST_F(KnowledgeTypes, AreWrittenByTheCloseBox) {
+    ShownDialog dialog("KnowType_Box", TypeKnowledge);
+    Add(dialog, "mid");
+    dialog.CloseBox();
+    EXPECT_FALSE(dialog.IsOpen());
+    EXPECT_EQ(OnDisk(), (Texts{"Alpha", "mid", "zeta"}));
+}
+
+TEST_F(KnowledgeTypes, ThatCanNotBeReadAreNotEdited) {
+    DialogSteps steps;
+    steps.Never("Knowledge Type");
+    {
+        const WholeLock lock(KTypeFileName);
+        EXPECT_EQ(RunDialog(nullptr, "KnowType_Box", TypeKnowledge), 0);
+    }
+    EXPECT_EQ(boxes.shown, Texts{"WARNING: Permison denied"});
+    EXPECT_EQ(OnDisk(), (Texts{"zeta", "Alpha"}));
+    // Neither are those that no file can be made for.
+    SetText(KTypeFileName, temp.Path("none\\base.typ"));
+    EXPECT_EQ(RunDialog(nullptr, "KnowType_Box", TypeKnowledge), 0);
+    EXPECT_EQ(boxes.shown,
+              (Texts{"WARNING: Permison denied", "WARNING: No such file or directory"}));
 }
 
 TEST_F(KnowledgeTypes, GoToTheFileTheyCameFrom) {

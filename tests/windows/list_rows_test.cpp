@@ -1,5 +1,4 @@
-#include "shell/list_rows.h"
-
+#include "shell/list_columns.h"
 #include "shell/VARMORV.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +12,9 @@ protected:
                                 0, 200, 200, nullptr, nullptr, hInst, nullptr)),
           rows_(list_) {}
     ~ListRowsTest() override { DestroyWindow(list_); }
+
+    LRESULT Extent() const { return SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0); }
+    int WidthOf(const std::string& text) const { return TextMeasure(list_).TabbedWidth(text); }
 
     HWND list_;
     ListRows rows_;
@@ -55,18 +57,84 @@ TEST_F(ListRowsTest, Selects) {
     rows_.Add("a");
     rows_.Add("b");
     EXPECT_EQ(rows_.Selected(), -1);
+    EXPECT_EQ(rows_.SelectedText(), std::nullopt);
+    EXPECT_FALSE(rows_.DeleteSelected());
     rows_.Select(1);
     EXPECT_EQ(rows_.Selected(), 1);
+    EXPECT_EQ(rows_.SelectedText(), "b");
+    EXPECT_TRUE(rows_.DeleteSelected());
+    EXPECT_EQ(rows_.Count(), 1);
+    EXPECT_EQ(rows_.RowText(0), "a");
+}
+
+TEST_F(ListRowsTest, WithoutAWindowThereAreNone) {
+    ListRows none(nullptr);
+    EXPECT_EQ(none.Count(), 0);
+    EXPECT_EQ(none.Selected(), -1);
+    EXPECT_EQ(none.SelectedText(), std::nullopt);
+    EXPECT_EQ(none.FindExact("a"), -1);
+    EXPECT_EQ(none.FindPrefix("a"), -1);
+    EXPECT_EQ(none.Add("a"), -1);
+    EXPECT_EQ(none.Insert(0, "a"), -1);
+    EXPECT_FALSE(none.Delete(0));
+    const ListFill fill(nullptr);
+    EXPECT_EQ(none.Add("a"), -1);
 }
 
 TEST_F(ListRowsTest, ScrollsToTheEndOfLongRows) {
     rows_.Add("short");
-    EXPECT_EQ(SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0), 0);
+    EXPECT_EQ(Extent(), 0);
     rows_.Add("\t" + std::string(254, 'w'));
-    const LRESULT wide = SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0);
+    const LRESULT wide = Extent();
     EXPECT_GT(wide, 254 * 5);
     rows_.Insert(0, std::string(60, 'i'));
-    EXPECT_EQ(SendMessageA(list_, LB_GETHORIZONTALEXTENT, 0, 0), wide);
+    EXPECT_EQ(Extent(), wide);
+}
+
+TEST_F(ListRowsTest, ScrollsToTheEndOfShortRowsOfWideLetters) {
+    const std::string wide(20, 'W');
+    rows_.Add(wide);
+    EXPECT_GE(Extent(), WidthOf(wide));
+    rows_.Insert(0, "\t" + wide);
+    EXPECT_GE(Extent(), WidthOf("\t" + wide));
+}
+
+TEST_F(ListRowsTest, ScrollsToTheEndOfRowsThatAVerticalScrollBarCovers) {
+    RECT inside;
+    GetClientRect(list_, &inside);
+    std::string row = "i";
+    while (WidthOf(row) < inside.right - GetSystemMetrics(SM_CXVSCROLL))
+        row += 'i';
+    rows_.Add(row);
+    EXPECT_GE(Extent(), WidthOf(row));
+}
+
+TEST_F(ListRowsTest, AFillWidensTheListAsRowsAreAdded) {
+    const std::string wide(35, 'W');
+    {
+        const ListFill outer(list_);
+        const ListFill inner(list_);
+        rows_.Add("i");
+        EXPECT_EQ(Extent(), 0);
+        rows_.Add(wide);
+        rows_.Add("i");
+    }
+    EXPECT_GE(Extent(), WidthOf(wide));
+}
+
+TEST_F(ListRowsTest, AColumnFillWidensTheListAtItsEnd) {
+    {
+        const ColumnFill fill(list_);
+        rows_.Add(std::string(60, 'W') + "\t" + std::string(60, 'W'));
+        EXPECT_EQ(Extent(), 0);
+    }
+    EXPECT_GE(Extent(), WidthOf(std::string(120, 'W')));
+    rows_.Clear();
+    {
+        const ColumnFill fill(list_);
+        rows_.Add("a\tb");
+    }
+    EXPECT_LT(Extent(), 200);
 }
 
 TEST_F(ListRowsTest, AFillKeepsEveryRow) {

@@ -267,6 +267,35 @@ TEST_F(NamesLists, AFileThatCanNotBeWrittenKeepsTheListOpen) {
     EXPECT_EQ(OnDisk("a.rst"), (Texts{"one", "two"}));
 }
 
+TEST_F(NamesLists, AFileThatCanNotBeReadIsNotEdited) {
+    for (const auto& [name, title] : {std::pair{"a.tag", "Tags"}, std::pair{"a.rst", "Results"}}) {
+        Put(name, {"one"});
+        const WholeLock lock(temp.Path(name));
+        DialogSteps steps;
+        steps.ChooseFile("Open Resource", temp.Path(name));
+        steps.Never(title);
+        OpenResource(nullptr);
+    }
+    EXPECT_EQ(boxes.shown, Texts(2, "WARNING: Permison denied"));
+    EXPECT_EQ(OnDisk("a.tag"), Texts{"one"});
+    EXPECT_EQ(OnDisk("a.rst"), Texts{"one"});
+}
+
+TEST_F(NamesLists, AListWhoseFileCanNotBeCreatedIsEditedAllTheSame) {
+    Put("a.rst", {});
+    OpenWith("a.rst", "Results", [](const DialogHandle& dialog) { dialog.Press(IDCANCEL); });
+    SetText(ResultFileName, temp.Path("none\\a.rst"));
+    ShownDialog dialog("Res_Box", ResultNew);
+    Add(dialog, RES_NAME, "one");
+    dialog.Press(RES_CLOSE);
+    EXPECT_TRUE(dialog.IsOpen());
+    EXPECT_EQ(boxes.shown, Texts{"WARNING: No such file or directory"});
+    CreateDirectoryA(temp.Path("none").c_str(), nullptr);
+    dialog.Press(RES_CLOSE);
+    EXPECT_FALSE(dialog.IsOpen());
+    EXPECT_EQ(OnDisk("none\\a.rst"), Texts{"one"});
+}
+
 TEST_F(NamesLists, AFactsBaseOpensItsEditor) {
     temp.Put("a.fac", "");
     OpenWith("a.fac", "Facts Base", [](const DialogHandle& dialog) { dialog.Press(KNOW_CLOSE); });

@@ -380,14 +380,17 @@ TEST_F(ProjectSave, AResultStaysWhenItsNamesCannotBeTakenOut) {
     files::FailWritesAfter(10);
     EXPECT_EQ(Project.DeleteRes(3), -1);
     files::FailWritesAfter(-1);
-    std::filesystem::create_directory(Path("p.aux.tmp~"));
+    // One that is open elsewhere can be written and not replaced.
+    const HANDLE open =
+        CreateFileA(Path("p.aux").c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(Project.DeleteRes(-1), -1);
+    CloseHandle(open);
     EXPECT_EQ(boxes.shown,
               (RowTexts{"WARNING: No space left on the disk", "WARNING: Permison denied"}));
     EXPECT_EQ(Rows(), rows);
     EXPECT_EQ(Project.ResNum, 2);
     EXPECT_EQ(temp_.Content("p.aux"), Tags({"fire", "smoke"}));
-    std::filesystem::remove(Path("p.aux.tmp~"));
     EXPECT_EQ(Project.DeleteRes(3), 0);
     EXPECT_EQ(temp_.Content("p.aux"), Tags({"smoke"}));
 }

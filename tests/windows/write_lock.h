@@ -1,4 +1,4 @@
-// A file that can be read and not written.
+// Files that cannot be written, or not even read.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,21 +7,30 @@
 
 namespace zentrik_test {
 
-// While it lives nobody can write the file, as when it is marked read-only (which the tests' user
-// may be allowed to pass over).
-class WriteLock {
+// While it lives others can open the file only for what is shared.
+class FileLock {
 public:
-    explicit WriteLock(const std::string& path)
-        : han_(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
-                           nullptr)) {
+    FileLock(const std::string& path, DWORD share)
+        : han_(CreateFileA(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr)) {
         EXPECT_NE(han_, INVALID_HANDLE_VALUE) << path;
     }
-    WriteLock(const WriteLock&) = delete;
-    WriteLock& operator=(const WriteLock&) = delete;
-    ~WriteLock() { CloseHandle(han_); }
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+    ~FileLock() { CloseHandle(han_); }
 
 private:
     HANDLE han_;
+};
+
+// Nobody can write the file, as when it is marked read-only (which the tests' user may be allowed
+// to pass over).
+struct WriteLock : FileLock {
+    explicit WriteLock(const std::string& path) : FileLock(path, FILE_SHARE_READ) {}
+};
+
+// Nobody can read the file either.
+struct WholeLock : FileLock {
+    explicit WholeLock(const std::string& path) : FileLock(path, 0) {}
 };
 
 } // namespace zentrik_test
