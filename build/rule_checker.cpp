@@ -5,6 +5,7 @@
 #include "shell/messages.h"
 #include "system/system_file.h"
 
+#include <algorithm>
 #include <optional>
 #include <unordered_set>
 
@@ -56,7 +57,7 @@ void RulesCheck::CheckRule(const RuleIndexRecord& record) {
         const char* const end = at_ + std::min<std::size_t>(kPiece, rule_end - at_);
         CheckPiece(at_, end);
         at_ = end;
-        view_.Progress(end[-1], end == rule_end);
+        view_.Progress(end[-1]);
     }
     CheckBalance(B, [this](RuleError error) { MessageError(error); });
 }
@@ -162,7 +163,9 @@ bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view,
         const std::string path = Text(project.EngineNames[i]);
         view.SystemFile(path.c_str());
         SystemFile system;
-        if (ReadSystem(path.c_str(), system) != ReadResult::Ok) {
+        const ReadResult result = ReadSystem(path.c_str(), system);
+        // What is left of a damaged one is checked: a fact removed from its base leaves such files.
+        if (result == ReadResult::Missing || result == ReadResult::Useless) {
             ShowMessage(owner, "Open System Error", "Debug");
             return false;
         }

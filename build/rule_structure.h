@@ -6,6 +6,7 @@
 #include <array>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 // Numbers of the messages that a rule can give.
 enum RuleError : int {
@@ -30,7 +31,7 @@ enum RuleError : int {
     kNoEndRule,
     kSecondDebug,
     kIfXorNoThen,
-    kIfXorSurplus,
+    kIfXorSurplus, // no check gives it
     kOtherwiseNoThen,
     kRuleErrors // how many there are
 };
@@ -68,7 +69,7 @@ private:
     bool InRule() const { return blocks_.size() == 1; }
     bool InCondition() const; // after an If of any kind, before its Then
     void Open(RuleWord kind);
-    void Close(RuleError surplus);
+    void Close();
     void TakeRule();
     void TakeEndRule();
     void TakeEndForAll();
