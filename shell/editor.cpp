@@ -16,12 +16,6 @@ int EditRule;
 
 namespace {
 
-std::string Title(HWND child) {
-    char title[kNameSize] = "";
-    GetWindowTextA(child, title, sizeof title);
-    return title;
-}
-
 bool IsModified(HWND edit) {
     return SendMessageA(edit, EM_GETMODIFY, 0, 0) != 0;
 }
@@ -42,7 +36,7 @@ Answer AskToSave(HWND edit) {
 
 // Saves an editor's text at exit. False when it is not safe on disk.
 bool SaveAtExit(HWND child) {
-    std::string path = Title(child);
+    std::string path = ChildTitle(child);
     // The rule editor's new text has a name of its own, which is no file's either.
     if ((path == "untitled" || path == "untitled.rul") && !AskForName(path))
         return false;
@@ -91,7 +85,6 @@ void OpenFile() {
     char name[kNameSize];
     if (OpenDlg(" Files (*.cpp)\0*.cpp\0", "Open File", ".cpp", name, OFN_CREATEPROMPT) != 0)
         return;
-    EditState = 1;
     OpenEdit(name);
 }
 
@@ -103,7 +96,7 @@ void SaveFile(HWND hwnd) {
         WarnNoFile();
         return;
     }
-    const std::string path = Title(hwnd);
+    const std::string path = ChildTitle(hwnd);
     if (path == "untitled") {
         SaveFileAs(hwnd);
         return;
@@ -136,7 +129,7 @@ int CloseFile(HWND hwnd) {
     const Answer answer = IsModified(edit) ? AskToSave(edit) : Answer::No;
     if (answer == Answer::Cancel)
         return 1;
-    std::string path = Title(hwnd);
+    std::string path = ChildTitle(hwnd);
     // A cancelled name dialog closes too and drops the text.
     if (answer == Answer::Yes && (path != "untitled" || AskForName(path)) &&
         !WriteEdit(edit, path.c_str())) {
