@@ -115,6 +115,11 @@ TEST_F(ToolbarTest, NewFileLeavesTheEditMenuAsItWas) {
     EXPECT_EQ(TextOf(app.Child(kEditor)), "untitled");
     for (int id : {CM_SAVE_FILE, CM_SAVE_FILE_AS, CM_CLOSE_FILE})
         EXPECT_TRUE(app.IsGrey(id));
+    app.CommandWithCancel(CM_OPEN_FILE, "Open File"); // which enables them
+    Click(app, TB_NEW_FILE);
+    EXPECT_EQ(app.Children(kEditor).size(), 2u);
+    for (int id : {CM_SAVE_FILE, CM_SAVE_FILE_AS, CM_CLOSE_FILE})
+        EXPECT_FALSE(app.IsGrey(id));
 }
 
 TEST_F(ToolbarTest, DebugCompileAndExecute) {
