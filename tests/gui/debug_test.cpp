@@ -4,8 +4,6 @@
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
-#include <algorithm>
-
 namespace gui {
 
 namespace {
@@ -117,10 +115,8 @@ TEST_F(DebugTest, AMissingSystemStopsTheCheck) {
     GetWindowRect(app.Inner(kMessages), &list);
     list.right = list.left + 100;
     list.bottom = list.top + 20;
-    app.Process().WaitFor("the findings on the screen", [&] {
-        const std::vector<char> pixels = ScreenPixels(list);
-        return !std::ranges::all_of(pixels, [&](char c) { return c == pixels.front(); });
-    });
+    app.Process().WaitFor("the findings on the screen",
+                          [&] { return !IsOneColour(ScreenPixels(list)); });
     app.Press(box);
     app.Finish();
     // The dialog stays, and so do the findings.

@@ -70,14 +70,10 @@ TEST_F(ToolbarTest, APressedButtonLooksDifferent) {
         HWND button = GetDlgItem(Toolbar(app), id);
         RECT place{};
         GetWindowRect(button, &place);
-        const auto one_colour = [](const std::vector<char>& pixels) {
-            return std::all_of(pixels.begin(), pixels.end(),
-                               [&](char c) { return c == pixels.front(); });
-        };
         std::vector<char> normal;
         app.Process().WaitFor("a picture on the button", [&] {
             normal = ScreenPixels(place);
-            return !one_colour(normal);
+            return !IsOneColour(normal);
         });
         app.Process().Send(button, BM_SETSTATE, TRUE);
         app.Process().WaitFor("the pressed picture", [&] { return ScreenPixels(place) != normal; });
