@@ -6,10 +6,10 @@
 #include <initializer_list>
 #include <string_view>
 
-// Writes one banner line with `mis` in its middle; a text of 46 characters or more fills it.
+// One banner line with `mis` in its middle; a text without room for blanks makes it longer.
 void MCent(OutputFile& han, std::string_view mis);
 
-// Writes the banner for the file `Nom` (a full path).
+// The whole banner of `Nom`, a full path.
 void EsqCap(OutputFile& han, const char* Nom);
 
 // Writes each text as a line.

@@ -14,8 +14,7 @@ namespace {
 
 HWND hwndMes; // the messages child of the last run; it may be gone
 
-// Kept for the life of the program: a comment left open in one rule silences those after it, also
-// in the next run.
+// Kept between the runs: what a rule leaves open reaches into the next one's.
 Lexical Anul = Lexical::Code;
 
 constexpr ULONGLONG kRepaintEvery = 40; // milliseconds; quicker than that nobody can see

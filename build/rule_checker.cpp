@@ -134,7 +134,7 @@ private:
     std::optional<std::unordered_set<std::string>> results_;
 };
 
-// A missing rules or index file is not a finding: the system has no rules to check.
+// Without its rules or their index a system has nothing to check, and nothing is said.
 void CheckRulesFiles(const SystemHead& head, Lexical& anul, CheckView& view) {
     const std::string path = Text(head.RuleName);
     view.RulesFile(path.c_str());

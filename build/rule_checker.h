@@ -22,8 +22,8 @@ public:
     virtual std::string ResultsFile() = 0; // asked before the first opposite of each run
 };
 
-// What the check carries from one rule to the next for the life of the program: an unclosed comment
-// or string silences the rules after it.
+// Where in the text the check is. It goes on so from rule to rule and from run to run: what one
+// leaves open silences the others.
 enum class Lexical { Code, LineComment, BlockComment, String };
 
 // Checks the systems of a project in order. Returns false, after "Open System Error" in a box owned

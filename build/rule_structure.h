@@ -51,7 +51,7 @@ int ObsInst(WordSet words, WordCounts& B, int next);
 // Checks the counts of a whole rule. "IfXor" is not compared.
 void CheckBalance(const WordCounts& B, const std::function<void(RuleError)>& error);
 
-// The open blocks of a rule. Level 0 is the rule itself.
+// The blocks that are open at a place of a rule. The lowest, level 0, stands for the whole rule.
 class RuleStructure {
 public:
     explicit RuleStructure(std::function<void(RuleError)> error);

@@ -20,7 +20,7 @@ void FixedHead(OutputFile& han, const char* RulesH) {
 }
 
 // Repeats each #include line of an extern file's text, from its '#' on, whatever stands before it.
-// Only CR LF ends a line here; a last line without one goes to the end of the text.
+// Only CR LF ends a line here, so without one all that is left counts as the line.
 void CopyIncludes(OutputFile& han, std::string_view text) {
     const auto size = static_cast<std::ptrdiff_t>(text.size());
     for (std::ptrdiff_t at = 0; (at = FindStr("#include", text, at)) != -1;) {
