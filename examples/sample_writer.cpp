@@ -13,7 +13,7 @@ namespace sample {
 namespace {
 
 // Where the runtime stands, seen from the source of a sample.
-const std::string kRuntimeFolder = "../../morv/";
+const std::string kRuntimeFolder = "/../../morv";
 
 constexpr const char* kTemplates[] = {"consts1.dat", "consts2.dat", "consts3.dat", "ddecom1.dat",
                                       "ddecom2.dat", "ddecom3.dat", "ddecom4.dat"};
@@ -82,8 +82,52 @@ std::string InitialContent(const System& system) {
     return std::string(BytesOf(records));
 }
 
-// Writes one project. The files go to work\NAME; the templates and the program's own files to work.
-class Writer {
+// Reads and writes files until something fails.
+class FileWriter {
+public:
+    const std::string& Failure() const { return failure_; } // the first one; empty without
+
+protected:
+    void Note(bool ok, const std::string& what) {
+        if (!ok && failure_.empty())
+            failure_ = what;
+    }
+
+    void MakeFolder(const std::string& folder) {
+        Note(files::Exists(folder.c_str()) || files::MakeFolder(folder.c_str()),
+             "cannot make " + folder);
+    }
+
+    void Write(const std::string& path, std::string_view bytes) {
+        Note(path.size() < kNameSize, "the path is too long: " + path);
+        if (failure_.empty())
+            Note(files::ReplaceWhole(path.c_str(), bytes), "cannot write " + path);
+    }
+
+    std::string Content(const std::string& path) {
+        std::string text;
+        Note(files::ReadWhole(path.c_str(), files::Mode::Read, text), "cannot read " + path);
+        return text;
+    }
+
+    std::string failure_;
+};
+
+class RuntimeWriter : public FileWriter {
+public:
+    RuntimeWriter(const std::string& from, const std::string& to) {
+        MakeFolder(to);
+        for (const char* name : kTemplates) {
+            // A build leaves out the last byte of a template, so one is added for it.
+            Write(to + "\\" + name, WithCrLf(Content(from + "/" + name)) + "\n");
+        }
+        for (const char* name : kRuntime)
+            Write(to + "\\" + name, WithCrLf(Content(from + "/" + name)));
+    }
+};
+
+// Writes one project. Its files go to work\NAME; the runtime and the program's own files to work.
+class Writer : public FileWriter {
 public:
     Writer(std::string folder, std::string work, const Source& source)
         : from_(std::move(folder)), work_(std::move(work)), to_(work_ + "\\" + source.name + "\\"),
@@ -102,35 +146,14 @@ public:
     }
 
 private:
-    void Note(bool ok, const std::string& what) {
-        if (!ok && failure_.empty())
-            failure_ = what;
-    }
-
-    void MakeFolder(const std::string& folder) {
-        Note(files::Exists(folder.c_str()) || files::MakeFolder(folder.c_str()),
-             "cannot make " + folder);
-    }
-
-    void Write(const std::string& path, std::string_view bytes) {
-        Note(path.size() < kNameSize, "the path is too long: " + path);
-        if (failure_.empty())
-            Note(files::ReplaceWhole(path.c_str(), bytes), "cannot write " + path);
-    }
-
     // The content of a file of the source.
-    std::string Content(const std::string& name) {
-        const std::string path = from_ + "/" + name;
-        std::string text;
-        Note(files::ReadWhole(path.c_str(), files::Mode::Read, text), "cannot read " + path);
-        return text;
-    }
+    std::string SourceContent(const std::string& name) { return Content(from_ + "/" + name); }
 
     // Copies a text of the source; returns where it went, or an empty text when none is named.
     std::string Copy(const std::string& name) {
         if (name.empty())
             return {};
-        Write(to_ + name, WithCrLf(Content(name)));
+        Write(to_ + name, WithCrLf(SourceContent(name)));
         return to_ + name;
     }
 
@@ -149,7 +172,7 @@ private:
         for (const auto& [result, opposite] : system.opposites)
             SetText(file.opposites.emplace_back().name, result + "\t" + opposite);
         const std::string base = to_ + system.name;
-        const std::string rules = WithCrLf(Content(system.rules));
+        const std::string rules = WithCrLf(SourceContent(system.rules));
         const std::string index = to_ + system.rules.substr(0, system.rules.find('.')) + ".siz";
         SetText(file.head.KTypeName, base + ".typ");
         SetText(file.head.RuleName, to_ + system.rules);
@@ -196,13 +219,8 @@ private:
 
     void Tools(const std::string& compiler) {
         const std::string morv = work_ + "\\morv";
-        MakeFolder(morv);
-        for (const char* name : kTemplates) {
-            // A build leaves out the last byte of a template, so one is added for it.
-            Write(morv + "\\" + name, WithCrLf(Content(kRuntimeFolder + name)) + "\n");
-        }
-        for (const char* name : kRuntime)
-            Write(morv + "\\" + name, WithCrLf(Content(kRuntimeFolder + name)));
+        if (failure_.empty())
+            failure_ = WriteRuntime(from_ + kRuntimeFolder, morv);
         ToolsFile tools;
         tools.path = morv;
         tools.com = compiler;
@@ -215,7 +233,6 @@ private:
 
     std::string from_, work_, to_;
     const Source& source_;
-    std::string failure_;
 };
 
 // The last name in a path of either kind.
@@ -224,6 +241,10 @@ std::string LastName(const std::string& path) {
 }
 
 } // namespace
+
+std::string WriteRuntime(const std::string& from, const std::string& to) {
+    return RuntimeWriter(from, to).Failure();
+}
 
 std::string WriteSample(const std::string& folder, const std::string& work,
                         const std::string& compiler) {

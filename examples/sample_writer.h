@@ -1,4 +1,4 @@
-// Writes a sample project as the work folder that Zentrik opens.
+// Writes a sample project as the work folder that Zentrik opens, and the starter runtime.
 #pragma once
 
 #include <string>
@@ -12,5 +12,10 @@ namespace sample {
 // is refused. Returns an empty text, or what went wrong.
 std::string WriteSample(const std::string& folder, const std::string& work,
                         const std::string& compiler);
+
+// Writes the starter runtime, which stands in the folder `from`, to the folder `to`, as a site would
+// install it: the templates, and the sources that a project is compiled with. Returns an empty text,
+// or what went wrong.
+std::string WriteRuntime(const std::string& from, const std::string& to);
 
 } // namespace sample

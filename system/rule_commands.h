@@ -16,6 +16,9 @@ int ReNumRules(HWND dialog, int write);
 // rules file could not be written.
 bool SaveRules(HWND dialog);
 
+// The same after asking for a name when there is none; false also when that was cancelled.
+bool SaveRulesAtExit(HWND dialog);
+
 void AddRule(HWND dialog);    // button "Rule"
 void EndRule(HWND dialog);    // button "EndRule"
 void InsertTag(HWND dialog);  // the selected tag goes to the end of the text

@@ -1,5 +1,6 @@
 #include "build_disk.h"
 
+#include "examples/sample_writer.h"
 #include "resources/variable.h"
 
 namespace zentrik_test {
@@ -115,13 +116,18 @@ void PutFirstSystem(const Disk& disk) {
     SetText(system.head.InitName, disk.Path("first.ikw"));
     SetText(system.head.KnowName, disk.Path("first.fac"));
     system.facts = {SampleFact("Boiler", 1), SampleFact("Valve", 123456)};
-    system.opposites = {Name("HIGH\tLOW"), Name("OPEN")};
+    system.opposites = {Name("OVERHEATED\tCHILLED"), Name("OPENED\tSHUT")};
     system.head.TypNum = 2;
     system.head.DatNum = 2;
     system.head.OppNum = 2;
     disk.Put("first.lse", SystemBytes(system));
     disk.Put("first.typ", Tags({"TEMP", "PRESS", "TEMP"}));
-    disk.Put("first.rul", "Rule 1\r\nIf a Then b EndIf\r\nEndRule\r\n");
+    disk.Put("first.rul", "Rule 1\r\n"
+                          "If (Boiler.value() > Boiler.fact_value.high)\r\n"
+                          "Then deduce(&OVERHEATED, FULL);\r\n"
+                          "Else Boiler.assign(ratio * count + f(), FULL);\r\n"
+                          "EndIf\r\n"
+                          "EndRule\r\n");
     disk.Put("first.hdr", "// before\r\nZkRules// after ZkRules\r\n");
     disk.Put("first.var", Triples({{"count", "long", "0"}, {"ratio", "double", "1.5"}}));
     disk.Put("first.ikw", Triples({{"Boiler", "count", "FULL"},
@@ -155,8 +161,7 @@ std::string DdeFileBytes() {
                                                           {"Level", "float"},
                                                           {"Rate", "double"},
                                                           {"Count", "int"},
-                                                          {"Ticks", "long"},
-                                                          {"Odd", "short"}}) {
+                                                          {"Ticks", "long"}}) {
         std::string item = name;
         item.resize(50);
         item += type;
@@ -182,16 +187,20 @@ ProjectRecord PutSampleProject(const Disk& disk) {
     PutFirstSystem(disk);
     PutSecondSystem(disk);
     PutTemplates(disk);
-    disk.Put("main.cpp", "\tRun();\r\n\tStop();");
-    disk.Put("extern.cpp",
-             "// helpers\r\n#include <math.h>\r\n  #include \"own.h\" // two\r\nint f();\r\n");
+    disk.Put("main.cpp", "\tfirst.engine();\r\n\tsecond.engine();");
+    disk.Put("extern.cpp", "// helpers\r\n#include <math.h>\r\n  #include \"own.h\" // two\r\n"
+                           "int f() { return own(2); }\r\n");
     disk.Put("plant.dde", DdeFileBytes());
-    disk.Put("plant.aux", Tags({"HIGH", "LOW"}));
+    disk.Put("plant.aux", Tags({"OVERHEATED", "CHILLED", "OPENED", "SHUT"}));
     return project;
 }
 
+void PutRuntimeTemplates(const Disk& disk) {
+    EXPECT_EQ(sample::WriteRuntime(std::string(SOURCE_FOLDER) + "/morv", disk.Path("morv")), "");
+}
+
 void ExpectGolden(const std::string& name, const std::string& content) {
-    const std::string path = std::string(SOURCE_FOLDER) + "/tests/core/golden/" + name;
+    const std::string path = std::string(SOURCE_FOLDER) + "/tests/core/golden/plant/" + name;
     std::ostringstream golden;
     golden << std::ifstream(path, std::ios::binary).rdbuf();
     if (golden.str() != content)

@@ -48,14 +48,18 @@ std::string Triples(const std::vector<Triple>& records);
 NameRecord Name(const std::string& text);
 
 // A project with two systems, an extern file, a DDE file, results and a main file, and templates in
-// the folder "morv". Nothing of it is missing.
+// the folder "morv" that say no more than their names. Nothing of it is missing.
 ProjectRecord PutSampleProject(const Disk& disk);
 
 // A system file that names no files, with no facts and opposites.
 SystemFile EmptySystem();
 
-// Compares with tests/core/golden/`name`. What differs is written beside it as `name`.new; take it
-// over by hand when it is right.
+// Puts the templates of the starter runtime in the place of the sample's, as the golden files have
+// them.
+void PutRuntimeTemplates(const Disk& disk);
+
+// Compares with tests/core/golden/plant/`name`. What differs is written beside it as `name`.new;
+// take it over by hand when it is right.
 void ExpectGolden(const std::string& name, const std::string& content);
 
 } // namespace zentrik_test

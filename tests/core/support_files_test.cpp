@@ -9,6 +9,7 @@ using zentrik_test::Boxes;
 using zentrik_test::Disk;
 using zentrik_test::EmptySystem;
 using zentrik_test::ExpectGolden;
+using zentrik_test::PutRuntimeTemplates;
 using zentrik_test::PutSampleProject;
 using zentrik_test::Tags;
 using Lines = std::vector<std::string>;
@@ -48,6 +49,7 @@ struct Support {
 
 TEST(SupportFiles, OfTheSampleAreTheGoldenOnes) {
     Support support;
+    PutRuntimeTemplates(support.disk);
     const Lines files = {"ddecom.h", "ddecom.cpp", "consts.h", "morv\\MorvApi.h"};
     Lines first;
     for (int run = 0; run < 2; ++run) {

@@ -182,6 +182,7 @@ TEST_F(CompileTest, GeneratesTheGoldenFiles) {
     const zentrik_test::Disk disk;
     ProjectFile project;
     project.head = zentrik_test::PutSampleProject(disk);
+    zentrik_test::PutRuntimeTemplates(disk);
     App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
         ASSERT_TRUE(WriteProject(disk.Path("plant.mrv").c_str(), project));
         ASSERT_TRUE(

@@ -1,6 +1,5 @@
-// The generated sample compiles without a warning, for Windows by the compiler utility and for the
-// host with a stand-in for the API main. (The golden project of the generators is not compiled: its
-// rules, its opposites, an include and an item of type short are broken on purpose.)
+// The generated sample and the golden projects of the generators compile without a warning, for
+// Windows by the compiler utility and for the host with a stand-in for the API main.
 #include "tests/core/core_test.h"
 #include "tests/morv/generated.h"
 
@@ -20,6 +19,9 @@ std::string Quoted(const std::string& path) {
     return '"' + path + '"';
 }
 
+// The stand-in for the API main and DDE.
+const std::string kHost = kTop + "/tests/morv/host";
+
 const std::string kUtility = Quoted(kTop + "/morv/zkcc");
 
 class Compile : public testing::Test {
@@ -31,7 +33,9 @@ protected:
         fs::create_directory_symlink("../c", temp_.Path("dosdevices/c:"));
         files::SetDriveRoot(temp_.Path(""));
         setenv("WINEPREFIX", temp_.Path("").c_str(), 1);
-        setenv("ZKCC_CACHE", temp_.Path("cache").c_str(), 1);
+        // The first test builds the utility, the others find it there.
+        static const TempFolder cache;
+        setenv("ZKCC_CACHE", cache.Path("").c_str(), 1);
     }
     void TearDown() override {
         unsetenv("WINEPREFIX");
@@ -50,6 +54,29 @@ protected:
         for (const char c : line)
             safe += c == '\\' ? std::string("\\\\") : std::string(1, c);
         return safe;
+    }
+
+    // The line that compiles the generated files of the project X in c/`work`/X for the host, to
+    // which sources of the runtime and options may be added.
+    std::string HostCompiler(const std::string& work, const std::string& name) const {
+        const std::string project = temp_.Path("c/" + work + "/" + name);
+        const std::string translated = temp_.Path("rules.cpp");
+        EXPECT_EQ(Run(Quoted(TRANSLATE_RULES) + " " + project + "/" + name + "R.cpp " + project +
+                      "/" + name + "R.h " + translated),
+                  0)
+            << temp_.Content("said");
+        return "g++ -std=c++17 -Wall -Werror -I" + project + " -I" +
+               temp_.Path("c/" + work + "/morv") + " -I" + Quoted(kHost) + " " + translated + " " +
+               project + "/ddecom.cpp ";
+    }
+
+    // Puts the golden files of a project where a build leaves them, in the work folder C:\golden.
+    void PutGolden(const fs::path& golden, const std::string& name) const {
+        const fs::path work = temp_.Path("c/golden");
+        fs::create_directory(work);
+        EXPECT_EQ(sample::WriteRuntime(kTop + "/morv", "C:\\golden\\morv"), "");
+        fs::copy(golden, work / name);
+        fs::rename(work / name / "MorvApi.h", work / "morv" / "MorvApi.h");
     }
 
     TempFolder temp_;
@@ -84,18 +111,10 @@ TEST_F(Compile, AnErrorInTheRulesStandsInTheLogWithItsLine) {
 
 TEST_F(Compile, TheHostCompilesItWithoutAWarningAndTheRulesRun) {
     morv_test::GenerateSample("C:\\zentrik", "");
-    const std::string project = temp_.Path("c/zentrik/boiler"), morv = temp_.Path("c/zentrik/morv");
-    const std::string host = kTop + "/tests/morv/host";
-    const std::string compiler =
-        "g++ -std=c++17 -Wall -Werror -I" + project + " -I" + morv + " -I" + Quoted(host) + " ";
-    const std::string translated = temp_.Path("rules.cpp"), program = temp_.Path("program");
-    ASSERT_EQ(Run(Quoted(TRANSLATE_RULES) + " " + project + "/boilerR.cpp " + project +
-                  "/boilerR.h " + translated),
-              0)
-        << temp_.Content("said");
-    ASSERT_EQ(Run(compiler + translated + " " + project + "/ddecom.cpp " + morv + "/datafact.cpp " +
-                  morv + "/dfactres.cpp " + morv + "/inf_eng.cpp " +
-                  Quoted(host + "/host_main.cpp") + " -o " + program),
+    const std::string morv = temp_.Path("c/zentrik/morv"), program = temp_.Path("program");
+    ASSERT_EQ(Run(HostCompiler("zentrik", "boiler") + morv + "/datafact.cpp " + morv +
+                  "/dfactres.cpp " + morv + "/inf_eng.cpp " + Quoted(kHost + "/host_main.cpp") +
+                  " -o " + program),
               0)
         << temp_.Content("said");
     // Item 0 is the pressure, 1 the level of the drum, 4 the flame and 6 whether the burner burns.
@@ -111,6 +130,27 @@ TEST_F(Compile, TheHostCompilesItWithoutAWarningAndTheRulesRun) {
     EXPECT_NE(said.find("FLAME_STABLE", third), std::string::npos) << said;
     EXPECT_EQ(said.find("FLAME_LOST", third), std::string::npos) << said;
     EXPECT_NE(said.find("LOW_LEVEL (VERYHIGH)", third), std::string::npos) << said;
+}
+
+TEST_F(Compile, TheGoldenProjectsCompileWithoutAWarning) {
+    int projects = 0;
+    for (const fs::directory_entry& golden : fs::directory_iterator(kTop + "/tests/core/golden")) {
+        if (!golden.is_directory())
+            continue;
+        const std::string name = golden.path().filename().string();
+        SCOPED_TRACE(name);
+        PutGolden(golden.path(), name);
+        const BuildNames names(("C:\\golden\\" + name + "\\" + name + ".mrv").c_str());
+        const ToolsFile tools{"C:\\golden\\morv", kUtility, "", "", {}};
+        EXPECT_EQ(Run(ForShell(CompilerLine(names, tools, "C:\\golden"))), 0)
+            << temp_.Content("said");
+        EXPECT_EQ(temp_.Content("c/golden/" + name + "/zkcc.log"),
+                  "zkcc: made Api" + name + ".exe\n");
+        EXPECT_EQ(Run(HostCompiler("golden", name) + "-fsyntax-only"), 0) << temp_.Content("said");
+        fs::remove_all(temp_.Path("c/golden"));
+        ++projects;
+    }
+    EXPECT_GT(projects, 0);
 }
 
 } // namespace

@@ -27,7 +27,7 @@ Inference_Engine_2 second;
 
 #include <math.h>
   #include "own.h" // two
-int f();
+int f() { return own(2); }
 
 
 //- Systems Implementation
@@ -43,8 +43,8 @@ Begin Inference_Engine_1 ZkSystem
 
 
 
-	set_opposites(HIGH, LOW);
-	set_opposites(OPEN, );
+	set_opposites(OVERHEATED, CHILLED);
+	set_opposites(OPENED, SHUT);
 //- Datafact
 	Boiler.name = 1;
 	Boiler.type = TEMP;
@@ -88,7 +88,10 @@ deduce(&Valve);
 
 // before
 Rule 1
-If a Then b EndIf
+If (Boiler.value() > Boiler.fact_value.high)
+Then deduce(&OVERHEATED, FULL);
+Else Boiler.assign(ratio * count + f(), FULL);
+EndIf
 EndRule
 
 // after ZkRules
@@ -117,6 +120,6 @@ EndSystem
 /////////////////////////////////////////////
 void MORVmain()
 {
-	Run();
-	Stop();
+	first.engine();
+	second.engine();
 }

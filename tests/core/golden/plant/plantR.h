@@ -39,6 +39,8 @@ class Inference_Engine_2:public INFERENCE_ENGINE{
 };
 ///////////////    Declaracio del DATAFACTRESULT    ///////////////
 DATAFACTRESULT
-			HIGH,
-			LOW;
+			OVERHEATED,
+			CHILLED,
+			OPENED,
+			SHUT;
 #endif

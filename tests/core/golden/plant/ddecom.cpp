@@ -6,7 +6,16 @@
 //         Author: the Zentrik project          //
 //          Tutor: the Zentrik project          //
 ///////////////////////////////////////////////////
-/* ddecom3.dat */
+#include <stdlib.h>
+#include <string.h>
+
+#include "ddecom.h"
+
+// The names of the items are constants, though they are declared without const.
+#pragma GCC diagnostic ignored "-Wwrite-strings"
+
+// An item of type char is one character: it takes the first one of its text.
+inline void strcpy(char &to,const char *from) {to=*from;}
 
 Informacio DDEinfo;//- La estructura informacio
 char *Items[]={
@@ -14,10 +23,12 @@ char *Items[]={
 "Level",
 "Rate",
 "Count",
-"Ticks",
-"Odd"
+"Ticks"
 };
-/* ddecom4.dat */
+
+
+char hora[20];     // when an item was poked last; empty before the first time
+int ActivatSB = 0; // for the main function to tell whether the rules run
 
 void NewData(int a,char Dat[])
 {
@@ -38,7 +49,5 @@ strcpy(DDEinfo.Label,Dat);
 	case 4:
 		DDEinfo.Ticks=atol(Dat);
 	break;
-	case 5:
-		DDEinfo.Odd	break;
 }
 }

@@ -6,8 +6,11 @@
 //         Author: the Zentrik project          //
 //          Tutor: the Zentrik project          //
 ///////////////////////////////////////////////////
-/* ddecom1.dat */
-#define numItems 6
+#ifndef ZK_DDECOM
+#define ZK_DDECOM
+
+// The items that other programs poke.
+#define numItems 5
 struct Informacio
 {
 	char Label;
@@ -15,6 +18,15 @@ struct Informacio
 	double Rate;
 	int Count;
 	long Ticks;
-	short Odd;
 };
-/* ddecom2.dat */
+
+
+extern Informacio DDEinfo;
+extern char *Items[];
+extern char hora[20];
+extern int ActivatSB;
+
+// Takes item number `a`, whose value has arrived as a text.
+void NewData(int a,char Dat[]);
+
+#endif
