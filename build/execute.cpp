@@ -11,5 +11,6 @@ void ExecMORV(HWND hwnd) {
     if (CompileMORV(hwnd) != 0)
         return;
     const std::string program = BuildNames(Project.MORVName).program + ".exe";
-    StartProcess(program, '"' + program + '"');
+    // Its only argument is an empty one.
+    StartProcess(program, '"' + program + "\" \"\"");
 }

@@ -7,6 +7,8 @@
 #include "shell/VARMORV.h"
 #include "shell/ZENTRIK.h"
 
+#include <algorithm>
+
 char Path[kNameSize];
 char Com[kNameSize];
 char P_Com[kNameSize];
@@ -61,13 +63,23 @@ void AddCompiler(HWND dialog) {
         AddToList(dialog, name);
 }
 
+std::vector<std::string> ListEntries(HWND dialog) {
+    std::vector<std::string> entries;
+    const auto count = static_cast<int>(SendMessageA(Combo(dialog), CB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i)
+        entries.push_back(ListEntry(dialog, i));
+    return entries;
+}
+
+// The combo box would find an entry in any letter case; only the very same one goes.
 void RemoveCompiler(HWND dialog) {
     const std::string text = ControlText(dialog, TOOL_COMMAND, kNameSize);
-    const auto index = SendMessageA(Combo(dialog), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                    reinterpret_cast<LPARAM>(text.c_str()));
-    if (index == CB_ERR || text.empty())
+    const std::vector<std::string> entries = ListEntries(dialog);
+    const auto entry = std::ranges::find(entries, text);
+    if (text.empty() || entry == entries.end())
         return;
-    if (SendMessageA(Combo(dialog), CB_DELETESTRING, static_cast<WPARAM>(index), 0) != CB_ERR)
+    const auto index = static_cast<WPARAM>(entry - entries.begin());
+    if (SendMessageA(Combo(dialog), CB_DELETESTRING, index, 0) != CB_ERR)
         SetWindowTextA(Combo(dialog), "");
 }
 
@@ -77,26 +89,12 @@ void Accept(HWND dialog) {
     tools.com = ControlText(dialog, TOOL_COMMAND, kNameSize);
     tools.p_com = ControlText(dialog, TOOL_INCLUDE, kNameSize);
     tools.tool_p = ControlText(dialog, TOOL_COMPILER_PATH, kNameSize);
-    const auto count = static_cast<int>(SendMessageA(Combo(dialog), CB_GETCOUNT, 0, 0));
-    for (int i = 0; i < count; ++i)
-        tools.compilers.push_back(ListEntry(dialog, i));
+    tools.compilers = ListEntries(dialog);
     if (!WriteTools(ToolsFileName(WorkPath).c_str(), tools))
         ShowMessage(dialog, "Creation Tool file error", "Compile Tools");
     // Also when they could not be stored: then they hold until the program ends.
     UseTools(tools);
     EndDialog(dialog, 0);
-}
-
-} // namespace
-
-ToolsFile CurrentTools() {
-    return {Path, Com, P_Com, Tool_P, {}};
-}
-
-void LoadTools() {
-    ToolsFile tools;
-    if (ReadTools(ToolsFileName(WorkPath).c_str(), tools))
-        UseTools(tools);
 }
 
 INT_PTR CALLBACK ToolDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
@@ -125,6 +123,18 @@ INT_PTR CALLBACK ToolDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
     default:
         return FALSE;
     }
+}
+
+} // namespace
+
+ToolsFile CurrentTools() {
+    return {Path, Com, P_Com, Tool_P, {}};
+}
+
+void LoadTools() {
+    ToolsFile tools;
+    if (ReadTools(ToolsFileName(WorkPath).c_str(), tools))
+        UseTools(tools);
 }
 
 void CompileTools(HWND hwnd) {

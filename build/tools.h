@@ -13,4 +13,3 @@ extern char Tool_P[kNameSize]; // the compiler's path
 ToolsFile CurrentTools(); // the settings, without the list of known compilers
 void LoadTools();         // at start-up: the four settings from the tools file of the work folder
 void CompileTools(HWND hwnd);
-INT_PTR CALLBACK ToolDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

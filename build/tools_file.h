@@ -3,6 +3,10 @@
 
 #include "shell/record_text.h"
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 struct ToolsFile {
     std::string path;                   // the MORV Path: templates and MorvApi.h
     std::string com;                    // compiler command; empty: generate only

@@ -33,6 +33,8 @@ void ShowReason(const char* text) {
 } // namespace
 
 std::ptrdiff_t FindStr(std::string_view name, std::string_view text, std::ptrdiff_t ini) {
+    if (name.empty() || ini < 0)
+        return -1;
     const auto len = static_cast<std::ptrdiff_t>(text.size());
     const auto size = static_cast<std::ptrdiff_t>(name.size());
     std::ptrdiff_t a = 0;
@@ -54,7 +56,7 @@ std::ptrdiff_t FindStr(std::string_view name, std::string_view text, std::ptrdif
 }
 
 int FindStr(const char* name, const char* text, int len, int ini) {
-    if (len <= 0 || ini >= len)
+    if (len <= 0)
         return -1;
     return static_cast<int>(
         FindStr(name, std::string_view(text, static_cast<std::size_t>(len)), ini));

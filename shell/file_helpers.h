@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-// Finds `name` in the first `len` bytes of `text` from index `ini` on; returns where it starts, or
-// -1. One forward pass: after a partial match fails, the scan goes on behind the character that
-// broke it, so "ab" is not found in "aab".
+// Where `name` begins in the first `len` bytes of `text`, looked for from index `ini` on; -1 when
+// it is not there (nothing is found for an empty name either). Each character is read once: the one
+// that ends a half match cannot begin the next, so "ab" is missed in "aab".
 int FindStr(const char* name, const char* text, int len, int ini);
 
 // The same in a whole text of any length.
@@ -42,12 +42,12 @@ private:
 // Writes the line end CR LF.
 void Return(OutputFile& han);
 
-// Writes `Text` when it is at most 256 characters long; a longer text is left out without a word.
-// With `ret` 1 a line end follows in either case.
+// Writes `Text`, or nothing at all, without a word, when it has more than 256 characters. With
+// `ret` 1 a line end follows in either case.
 void WriteFile(OutputFile& han, std::string_view Text, int ret);
 
-// Shows why the last file operation failed: caption "WARNING", stop icon, no owner. Reasons other
-// than a missing file, too many open files, no permission and a wrong access mode show nothing.
+// Shows in a box "WARNING" of its own why the last file operation failed. Reasons other than a
+// missing file, too many open files, no permission and a wrong access mode show nothing.
 void GetErr();
 
 // Shows why a file could not be saved: as GetErr, but other reasons get a text too.

@@ -44,7 +44,7 @@ bool Close(int han);
 
 bool Remove(const char* path);
 bool Rename(const char* from, const char* to);     // fails when `to` exists
-bool RenameOver(const char* from, const char* to); // replaces `to`
+bool RenameOver(const char* from, const char* to); // replaces `to`, also on another drive
 bool Exists(const char* path);                     // a file or a folder
 bool MakeFolder(const char* path);
 bool RemoveFolder(const char* path); // fails when not empty
@@ -54,7 +54,7 @@ bool RemoveFolder(const char* path); // fails when not empty
 int LastError();
 
 // Reads a whole file in large blocks. Returns false (text emptied) when it cannot be opened or
-// read.
+// read, or is too large to be one text.
 bool ReadWhole(const char* path, Mode mode, std::string& text);
 
 // Replaces the whole content of `path`: writes a file beside it, then renames that over the old

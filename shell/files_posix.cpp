@@ -1,7 +1,7 @@
 #include "shell/files.h"
+#include "shell/files_state.h"
 
 #include <cctype>
-#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -11,19 +11,7 @@ namespace files {
 
 namespace {
 
-int g_last_error = 0;
-std::int64_t g_writes_left = -1;
 std::string g_drive_root;
-
-template <class T> T Noted(T result, bool failed) {
-    if (failed)
-        g_last_error = errno;
-    return result;
-}
-
-bool Noted(bool ok) {
-    return Noted(ok, !ok);
-}
 
 } // namespace
 
@@ -84,13 +72,8 @@ int Read(int han, void* data, unsigned size) {
 }
 
 int Write(int han, const void* data, unsigned size) {
-    if (g_writes_left >= 0) {
-        if (size > g_writes_left) {
-            errno = ENOSPC;
-            return Noted(-1, true);
-        }
-        g_writes_left -= size;
-    }
+    if (DiskIsFull(size))
+        return -1;
     auto put = static_cast<int>(write(han, data, size));
     return Noted(put, put < 0);
 }
@@ -134,7 +117,9 @@ bool Rename(const char* from, const char* to) {
 }
 
 bool RenameOver(const char* from, const char* to) {
-    return Noted(std::rename(LocalPath(from).c_str(), LocalPath(to).c_str()) == 0);
+    if (std::rename(LocalPath(from).c_str(), LocalPath(to).c_str()) == 0)
+        return true;
+    return errno == EXDEV ? CopyOver(from, to) : Noted(false);
 }
 
 bool Exists(const char* path) {
@@ -147,14 +132,6 @@ bool MakeFolder(const char* path) {
 
 bool RemoveFolder(const char* path) {
     return Noted(rmdir(LocalPath(path).c_str()) == 0);
-}
-
-int LastError() {
-    return g_last_error;
-}
-
-void FailWritesAfter(std::int64_t bytes) {
-    g_writes_left = bytes;
 }
 
 } // namespace files

@@ -1,6 +1,6 @@
 #include "shell/files.h"
+#include "shell/files_state.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <direct.h>
 #include <fcntl.h>
@@ -12,24 +12,24 @@ namespace files {
 
 namespace {
 
-int g_last_error = 0;
-std::int64_t g_writes_left = -1;
-
-template <class T> T Noted(T result, bool failed) {
-    if (failed)
-        g_last_error = errno;
-    return result;
-}
-
-bool Noted(bool ok) {
-    return Noted(ok, !ok);
-}
-
 // The mark alone decides, whatever the user may do to the file otherwise.
 bool IsReadOnly(const char* path) {
     const DWORD marks = GetFileAttributesA(path);
     return marks != INVALID_FILE_ATTRIBUTES && (marks & FILE_ATTRIBUTE_READONLY) != 0 &&
            (marks & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+int ErrnoOf(DWORD reason) {
+    switch (reason) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+        return ENOENT;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return ENOSPC;
+    default:
+        return EACCES;
+    }
 }
 
 } // namespace
@@ -67,13 +67,8 @@ int Read(int han, void* data, unsigned size) {
 }
 
 int Write(int han, const void* data, unsigned size) {
-    if (g_writes_left >= 0) {
-        if (size > g_writes_left) {
-            errno = ENOSPC;
-            return Noted(-1, true);
-        }
-        g_writes_left -= size;
-    }
+    if (DiskIsFull(size))
+        return -1;
     int put = _write(han, data, size);
     return Noted(put, put < 0);
 }
@@ -114,11 +109,14 @@ bool Rename(const char* from, const char* to) {
     return Noted(std::rename(from, to) == 0);
 }
 
-// Working copies may be on another drive than the documents they belong to.
 bool RenameOver(const char* from, const char* to) {
-    if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED))
+    if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING))
         return true;
-    errno = GetLastError() == ERROR_FILE_NOT_FOUND ? ENOENT : EACCES;
+    const DWORD reason = GetLastError();
+    // The system's own copy to another drive would write into the old file.
+    if (reason == ERROR_NOT_SAME_DEVICE)
+        return CopyOver(from, to);
+    errno = ErrnoOf(reason);
     return Noted(false);
 }
 
@@ -132,14 +130,6 @@ bool MakeFolder(const char* path) {
 
 bool RemoveFolder(const char* path) {
     return Noted(_rmdir(path) == 0);
-}
-
-int LastError() {
-    return g_last_error;
-}
-
-void FailWritesAfter(std::int64_t bytes) {
-    g_writes_left = bytes;
 }
 
 } // namespace files

@@ -18,6 +18,10 @@ HWND CrearMdiCh(const char* typ, const char* nom) {
 LRESULT DestroyMdiCh(HWND hwnd) {
     // For any kind of child: only the editors count up, so identifiers may repeat.
     EDC_ID -= 1;
+    // Asked for the child after one that is gone, the client would leave another one's maximised
+    // state.
+    if (!IsWindow(hwnd))
+        return 0;
     SetActiveWindow(GetFrame());
     NextMdi(hwnd);
     return SendMessageA(hMdiC, WM_MDIDESTROY, reinterpret_cast<WPARAM>(hwnd), 0);
@@ -52,6 +56,12 @@ HWND GetFrame() {
 HWND TopChild(HWND hwnd) {
     // Without a window the system would answer with the topmost window of the desktop.
     return hwnd ? GetTopWindow(hwnd) : nullptr;
+}
+
+std::string ChildTitle(HWND child) {
+    char title[kNameSize] = "";
+    GetWindowTextA(child, title, sizeof title);
+    return title;
 }
 
 bool IsEditor(HWND hwnd) {

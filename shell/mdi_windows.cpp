@@ -25,15 +25,14 @@ struct DocumentWindow {
     std::span<const int> groups; // menu groups that follow its activation
     int (*close)(HWND frame);    // 1 when the user cancelled
     void (*open_row)(int index, const char* nom);
+    UINT order; // SWP_NOZORDER, or 0 to start on top
 };
 
 constexpr int kProjectGroups[] = {1, 2, 3, 4};
 constexpr int kSystemGroups[] = {5, 6};
 constexpr int kEditorGroups[] = {7};
-constexpr DocumentWindow kProject{kProjectGroups, CloseMORV, EditItem};
-constexpr DocumentWindow kSystem{kSystemGroups, CloseEngine, EditItem2};
-
-HWND hwndEdit; // the edit control last created, sized or focused
+constexpr DocumentWindow kProject{kProjectGroups, CloseMORV, EditItem, SWP_NOZORDER};
+constexpr DocumentWindow kSystem{kSystemGroups, CloseEngine, EditItem2, 0};
 
 bool IsClose(UINT message, WPARAM wParam) {
     return message == WM_SYSCOMMAND && (wParam & 0xFFF0) == SC_CLOSE;
@@ -114,7 +113,7 @@ void DocumentCommand(const DocumentWindow& document, HWND hwnd, WPARAM wParam) {
 }
 
 LRESULT DocumentProc(const DocumentWindow& document, HWND hwnd, UINT message, WPARAM wParam,
-                     LPARAM lParam, UINT order) {
+                     LPARAM lParam) {
     if (IsClose(message, wParam) && document.close(GetFrame()) == 1)
         return 0;
     if (message == WM_COMMAND) {
@@ -123,13 +122,19 @@ LRESULT DocumentProc(const DocumentWindow& document, HWND hwnd, UINT message, WP
     }
     if (message == WM_MDIACTIVATE)
         return FollowActivation(hwnd, wParam, lParam, document.groups);
-    return ListWindow(hwnd, message, wParam, lParam, order);
+    return ListWindow(hwnd, message, wParam, lParam, document.order);
 }
 
 void CreateEdit(HWND hwnd) {
     EnableMenu(GetFrame(), 7);
-    hwndEdit = CreateControl(hwnd, "EDIT", kEditStyle, EDC_ID);
+    CreateControl(hwnd, "EDIT", kEditStyle, EDC_ID);
     EDC_ID += 1;
+}
+
+// The keys go to the text of the editor that has the focus, not to the one created last.
+void FocusEdit(HWND hwnd) {
+    const HWND hwndEdit = TopChild(hwnd);
+    SetFocus(hwndEdit);
 }
 
 } // namespace
@@ -142,12 +147,10 @@ LRESULT CALLBACK MdiFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) 
         CreateEdit(hwnd);
         break;
     case WM_SIZE:
-        hwndEdit = TopChild(hwnd);
-        FillWith(hwndEdit, lParam);
+        FillWith(TopChild(hwnd), lParam);
         break;
     case WM_SETFOCUS:
-        hwndEdit = TopChild(hwnd);
-        SetFocus(hwndEdit);
+        FocusEdit(hwnd);
         break;
     case WM_MDIACTIVATE:
         return FollowActivation(hwnd, wParam, lParam, kEditorGroups);
@@ -158,11 +161,11 @@ LRESULT CALLBACK MdiFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 LRESULT CALLBACK MdiFunc2(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    return DocumentProc(kProject, hwnd, message, wParam, lParam, SWP_NOZORDER);
+    return DocumentProc(kProject, hwnd, message, wParam, lParam);
 }
 
 LRESULT CALLBACK MdiFunc3(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    return DocumentProc(kSystem, hwnd, message, wParam, lParam, 0);
+    return DocumentProc(kSystem, hwnd, message, wParam, lParam);
 }
 
 LRESULT CALLBACK MdiFunc4(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {

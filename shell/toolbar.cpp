@@ -19,11 +19,12 @@ namespace {
 constexpr int kButtonSize = 25;
 constexpr int kPictureSize = 64;
 
-// Not what the menu's command does: the window given here is the toolbar, which has no menu, so the
-// frame's stays as it is.
-void NewFileFromToolbar(HWND) {
-    EnableMenu(hTool, 7);
+// Other than the menu's command this one leaves the Edit items as they were, whatever the new
+// editor's creation and activation do to them.
+void NewFileFromToolbar(HWND frame) {
+    const UINT state = GetMenuState(GetMenu(frame), CM_SAVE_FILE, MF_BYCOMMAND);
     OpenEdit("untitled");
+    ((state & MF_GRAYED) != 0 ? GrayMenu : EnableMenu)(frame, 7);
 }
 
 // A failed compile has shown why; the toolbar adds nothing.

@@ -210,7 +210,7 @@ public:
     void SystemFile(const char*) override {}
     void RulesFile(const char*) override {}
     void RuleName(const std::string&) override {}
-    void Progress(char, bool) override {}
+    void Progress(char) override {}
     void Finding(const std::string& line) override { lines.push_back(line); }
     std::string ResultsFile() override { return results_; }
 
