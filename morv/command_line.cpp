@@ -28,7 +28,7 @@ bool IsFolder(const fs::path& path) {
 
 bool Has(const fs::path& folder, const std::string& file) {
     std::error_code error;
-    return fs::is_regular_file(folder / file, error);
+    return fs::is_regular_file(folder / HostPath(file), error);
 }
 
 std::string Join(const std::vector<std::string>& words, std::size_t from, std::size_t to) {
@@ -130,7 +130,8 @@ fs::path Drives() {
 fs::path HostPath(const std::string& path) {
     // A drive alone is the folder that is current there.
     const bool drive = path.size() == 2 && path[1] == ':';
-    return drive ? path + "\\" : path;
+    const std::string whole = drive ? path + "\\" : path;
+    return std::u8string(whole.begin(), whole.end());
 }
 
 #else

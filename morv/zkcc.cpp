@@ -10,6 +10,7 @@
 #include <sstream>
 
 namespace fs = std::filesystem;
+using morv::HostPath;
 
 namespace {
 
@@ -40,7 +41,8 @@ class Build {
 public:
     explicit Build(const morv::Job& job)
         : job_(job),
-          folder_(job.project / (job.program + std::to_string(morv::ProcessNumber()) + ".tmp")),
+          folder_(job.project /
+                  HostPath(job.program + std::to_string(morv::ProcessNumber()) + ".tmp")),
           log_(folder_ / kLog), translated_(folder_ / "rules.cpp"),
           resources_(folder_ / "resources.o"), made_(folder_ / "program.exe") {}
 
@@ -69,7 +71,7 @@ private:
         std::string source, header;
         const std::string header_name = job_.rules.substr(0, job_.rules.size() - 3) + "h";
         for (const auto& [name, text] : {std::pair{job_.rules, &source}, {header_name, &header}})
-            if (!ReadFile(job_.project / name, *text)) {
+            if (!ReadFile(job_.project / HostPath(name), *text)) {
                 Log("cannot read " + name);
                 return false;
             }
@@ -104,7 +106,7 @@ private:
         }
         arguments.push_back(translated_.string());
         arguments.push_back((job_.project / job_.dde).string());
-        arguments.push_back((job_.runtime / (job_.api + ".cpp")).string());
+        arguments.push_back((job_.runtime / HostPath(job_.api + ".cpp")).string());
         for (const char* name : kRuntime)
             arguments.push_back((job_.runtime / name).string());
         arguments.push_back(resources_.string());
@@ -116,7 +118,7 @@ private:
     // The program appears whole; one that runs under Windows stays.
     bool PutInPlace() const {
         std::error_code error;
-        fs::rename(made_, job_.project / (job_.program + ".exe"), error);
+        fs::rename(made_, job_.project / HostPath(job_.program + ".exe"), error);
         if (error)
             Log("cannot replace " + job_.program +
                 ".exe, which may be running: " + error.message());

@@ -44,8 +44,8 @@ protected:
     }
 
     static void PutProject(const fs::path& folder) {
-        Put(folder / "plantR.h", "DATAFACTRESULT\r\n#endif\r\n");
-        Put(folder / "plantR.cpp", "#include \"plantR.h\"\r\n");
+        Put(folder / L"plant\u00e1R.h", "DATAFACTRESULT\r\n#endif\r\n");
+        Put(folder / L"plant\u00e1R.cpp", "#include \"plantR.h\"\r\n");
     }
 
     // Starts the utility as Zentrik does, in the work folder.
@@ -53,7 +53,7 @@ protected:
                  const std::wstring& compilers) const {
         const fs::path utility = OwnFolder().parent_path() / "zkcc.exe";
         std::wstring line = L"\"" + utility.wstring() +
-                            L"\" apimorv apimorv.rc plantR.cpp ddecom.cpp " +
+                            L"\" apimorv apimorv.rc plant\u00e1R.cpp ddecom.cpp " +
                             (work_ / "morv").wstring() + L" " + project.wstring() + L" " + include +
                             L" " + compilers + L" " + work_.wstring();
         STARTUPINFOW start{};
@@ -77,6 +77,7 @@ protected:
         return End(Start(project_, include_.wstring() + L"\\", compilers));
     }
 
+    fs::path Program() const { return project_ / L"Apiplant\u00e1.exe"; }
     std::string Log() const { return Content(project_ / "zkcc.log"); }
 
     const fs::path work_ = L"C:\\zk utility";
@@ -87,8 +88,9 @@ protected:
 
 TEST_F(Utility, MakesTheProgramWithTheToolsOfTheCompilerPath) {
     EXPECT_EQ(Run(compilers_.wstring()), 0u);
-    EXPECT_EQ(Log(), "the stand-in was here\r\nthe stand-in was here\r\nzkcc: made Apiplant.exe\n");
-    EXPECT_EQ(Content(project_ / "Apiplant.exe"), "made");
+    EXPECT_EQ(Log(),
+              "the stand-in was here\r\nthe stand-in was here\r\nzkcc: made Apiplant\u00e1.exe\n");
+    EXPECT_EQ(Content(Program()), "made");
     const std::string arguments = Content(compilers_ / "g++.args");
     for (const fs::path& path : {project_, work_ / "morv", fs::path(include_.wstring() + L"\\")})
         EXPECT_NE(arguments.find("-I\n" + path.string() + "\n"), std::string::npos) << arguments;
@@ -100,7 +102,7 @@ TEST_F(Utility, MakesTheProgramWithTheToolsOfTheCompilerPath) {
 TEST_F(Utility, FindsTheToolsInThePathToo) {
     SetEnvironmentVariableW(L"PATH", compilers_.c_str());
     EXPECT_EQ(Run(L""), 0u);
-    EXPECT_TRUE(Log().ends_with("zkcc: made Apiplant.exe\n")) << Log();
+    EXPECT_TRUE(Log().ends_with("zkcc: made Apiplant\u00e1.exe\n")) << Log();
 }
 
 TEST_F(Utility, SaysThatThereIsNoCompiler) {
@@ -114,11 +116,11 @@ TEST_F(Utility, SaysThatThereIsNoCompiler) {
 }
 
 TEST_F(Utility, SaysWhatTheCompilerSaidAndKeepsTheProgramThatIsThere) {
-    Put(project_ / "Apiplant.exe", "earlier");
+    Put(Program(), "earlier");
     SetEnvironmentVariableA("STAND_IN_CODE", "3");
     EXPECT_EQ(Run(compilers_.wstring()), 1u);
     EXPECT_EQ(Log(), "the stand-in was here\r\nwindres ended with 3\nzkcc: failed\n");
-    EXPECT_EQ(Content(project_ / "Apiplant.exe"), "earlier");
+    EXPECT_EQ(Content(Program()), "earlier");
 }
 
 TEST_F(Utility, TwoRunsDoNotDisturbEachOther) {
@@ -127,14 +129,14 @@ TEST_F(Utility, TwoRunsDoNotDisturbEachOther) {
         run = Start(project_, L"", compilers_.wstring());
     for (HANDLE run : runs)
         EXPECT_EQ(End(run), 0u) << Log();
-    EXPECT_EQ(Content(project_ / "Apiplant.exe"), "made");
+    EXPECT_EQ(Content(Program()), "made");
 }
 
 // The folder of a project in the root of a drive is named without a backslash.
 TEST_F(Utility, AProjectMayStandInTheRootOfADrive) {
     PutProject("C:\\");
     EXPECT_EQ(End(Start("C:", L"", compilers_.wstring())), 0u);
-    EXPECT_EQ(Content("C:\\Apiplant.exe"), "made");
+    EXPECT_EQ(Content(L"C:\\Apiplant\u00e1.exe"), "made");
 }
 
 } // namespace
