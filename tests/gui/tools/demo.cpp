@@ -90,7 +90,7 @@ public:
                                {"FlameSignal", "80"},
                                {"GasPressure", "120"},
                                {"BurnerState", "1"}});
-        const HWND window = built_.AwaitLine("HIGH_PRESSURE (HIGH)");
+        const HWND window = built_.AwaitLine("HIGH_PRESSURE (HIGH), FEED_NORMAL");
         SetWindowPos(window, HWND_TOPMOST, 300, 250, 700, 400, SWP_NOACTIVATE);
         Picture(pictures, "4_executed", window);
         Say("the built program says:\n" + built_.Close(window));

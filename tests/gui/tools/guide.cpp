@@ -157,7 +157,7 @@ private:
         gui::CommandWithCheck(app_, CM_EXECUTE);
         built.AwaitLine("Tick 1:");
         built.Poke("boiler", {{"Pressure", "11.5"}, {"DrumLevel", "55"}, {"GasPressure", "120"}});
-        const HWND window = built.AwaitLine("HIGH_PRESSURE (HIGH)");
+        const HWND window = built.AwaitLine("HIGH_PRESSURE (HIGH), FEED_NORMAL");
         SetWindowPos(window, HWND_TOP, 120, 120, 620, 360, 0);
         Picture("executed", window);
         built.Close(window);
