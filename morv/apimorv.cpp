@@ -50,9 +50,11 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     case WM_CREATE:
         g_list = MakeOutputList(window);
         return g_list != nullptr ? 0 : -1;
-    case WM_SIZE:
-        MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
+    case WM_SIZE: {
+        const ListUpdate update(g_list);
+        MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), FALSE);
         return 0;
+    }
     case WM_TIMER:
         OneTick(window);
         return 0;

@@ -72,8 +72,9 @@ void ExpectListStays(HWND list) {
     await_lines();
     EXPECT_EQ(ask(LB_GETTOPINDEX), 3);
     SendMessageA(list, LB_SETTOPINDEX, static_cast<WPARAM>(ask(LB_GETCOUNT) - 1), 0);
+    SetWindowPos(GetParent(list), nullptr, 0, 0, 400, 200, SWP_NOMOVE | SWP_NOZORDER);
     await_lines();
-    EXPECT_GT(ask(LB_GETTOPINDEX), 50);
+    EXPECT_GT(ask(LB_GETTOPINDEX), ask(LB_GETCOUNT) - 30);
 }
 
 TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
@@ -113,19 +114,27 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 20000), WAIT_OBJECT_0);
 }
 
-TEST(BuiltProgram, EndsByItselfAfterItsTicks) {
-    ASSERT_TRUE(fs::exists(kProgram + ".exe")) << "the test before makes it";
+// Runs the program for some ticks. Returns its log.
+std::string LogOfTicks(const char* ticks) {
     SetEnvironmentVariableA("MORV_PERIOD", "50");
-    SetEnvironmentVariableA("MORV_TICKS", "3");
+    SetEnvironmentVariableA("MORV_TICKS", ticks);
     const Running program('"' + kProgram + ".exe\"");
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 60000), WAIT_OBJECT_0);
     DWORD code = 1;
     EXPECT_TRUE(GetExitCodeProcess(program.process.hProcess, &code));
     EXPECT_EQ(code, 0u);
-    const std::string log = Content(kProgram + ".log");
+    return Content(kProgram + ".log");
+}
+
+TEST(BuiltProgram, EndsByItselfAfterItsTicksAndTracesWhenToldTo) {
+    ASSERT_TRUE(fs::exists(kProgram + ".exe")) << "the test before makes it";
+    std::string log = LogOfTicks("3");
     EXPECT_NE(log.find("Tick 3: "), std::string::npos) << log;
     EXPECT_EQ(log.find("Tick 4: "), std::string::npos) << log;
-    EXPECT_EQ(log.find("Rule 1 of"), std::string::npos) << log;
+    EXPECT_EQ(log.find("initial Pressure"), std::string::npos) << log;
+    SetEnvironmentVariableA("MORV_TRACE", "1");
+    log = LogOfTicks("1");
+    EXPECT_NE(log.find("initial Pressure = 0 bar"), std::string::npos) << log;
 }
 
 } // namespace

@@ -94,6 +94,9 @@ TEST_F(Utility, MakesTheProgramWithTheToolsOfTheCompilerPath) {
     const std::string arguments = Content(compilers_ / "g++.args");
     for (const fs::path& path : {project_, work_ / "morv", fs::path(include_.wstring() + L"\\")})
         EXPECT_NE(arguments.find("-I\n" + path.string() + "\n"), std::string::npos) << arguments;
+    // What is not whole yet stands in a folder of this run alone.
+    for (const char* file : {".tmp\\rules.cpp\n", ".tmp\\resources.o\n", ".tmp\\program.exe\n"})
+        EXPECT_NE(arguments.find(file), std::string::npos) << arguments;
     EXPECT_EQ(Content(compilers_ / "windres.args").find("apimorv.rc\n"), 0u);
     for (const auto& entry : fs::directory_iterator(project_))
         EXPECT_NE(entry.path().extension(), ".tmp") << entry.path();
