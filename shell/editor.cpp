@@ -13,6 +13,7 @@
 
 int EditState;
 int EditRule;
+std::optional<bool> (*SaveRuleText)(HWND child);
 
 namespace {
 
@@ -42,9 +43,11 @@ Answer AskToSave(HWND edit) {
 
 // Saves an editor's text at exit. False when it is not safe on disk.
 bool SaveAtExit(HWND child) {
+    if (SaveRuleText)
+        if (const std::optional<bool> saved = SaveRuleText(child))
+            return *saved;
     std::string path = Title(child);
-    // The rule editor's new text has a name of its own, which is no file's either.
-    if ((path == "untitled" || path == "untitled.rul") && !AskForName(path))
+    if (path == "untitled" && !AskForName(path))
         return false;
     if (WriteEdit(TopChild(child), path.c_str()))
         return true;

@@ -1,6 +1,7 @@
 // Plain text editing: one file per "Main" child, whose title is the file's path.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <windows.h>
 
@@ -8,6 +9,10 @@ extern int EditState; // 1 while a text editor is in use
 extern int EditRule; // 1 while the rule editor uses the text editor; save and close then do nothing
 
 int IsRule(); // EditRule
+
+// Set while the rule editor is open: at exit its text is saved as rules. Saves it when `child`
+// shows it and returns whether that worked; nothing for any other child.
+extern std::optional<bool> (*SaveRuleText)(HWND child);
 
 // Opens an editor on `nom`; a missing file gives an empty one.
 void OpenEdit(const char* nom);

@@ -53,16 +53,9 @@ void EditResults(const std::string& name) {
     RunDialog(GetFrame(), "Add_Box", SystemAdd);
 }
 
-void EditRules(const std::string& name) {
-    OpenEdit(name.c_str());
-    SetText(RuleFile, name);
-    SetText(RuleSize, WithExtension(name, ".siz"));
-    RunRuleEditor();
-}
-
 } // namespace
 
-// Both read the selection again from the document's own list, which also knows its kind.
+// What the window passes is not needed: the document knows its selected row and the row's kind.
 
 void EditItem(int, const char*) {
     std::string name;
@@ -86,14 +79,11 @@ void EditItem(int, const char*) {
 void EditItem2(int, const char*) {
     std::string name;
     int kind = SelectedRow(System, name);
-    if (kind == kRulesRow && IsRule()) {
-        RunRuleEditor(); // only comes to the front: it keeps the rules it has
-        return;
-    }
     if (kind == kRulesRow) {
-        EditRules(name);
-        if (!IsWindow(hMdiC))
-            return; // the program was left while the rules dialog was open
+        const bool running = IsRule() != 0;
+        RunRuleEditor(name.c_str());
+        if (running || !IsWindow(hMdiC))
+            return; // it keeps the rules it has; or the program was left while it was open
         // Now the place of the first '.' in the path takes the part of the kind: such paths have
         // always opened the rules once more (4) or gone on to the variables (5).
         kind = static_cast<int>(std::min<std::size_t>(name.find('.'), kNameSize));

@@ -7,12 +7,9 @@
 #include "shell/messages.h"
 #include "shell/paths.h"
 #include "shell/ZENTRIK.h"
-#include "system/rule_editor.h"
 #include "system/rule_text.h"
 #include "system/rule_window.h"
 
-char RuleFile[kNameSize];
-char RuleSize[kNameSize];
 int RuleNum;
 int mod;
 
@@ -82,10 +79,13 @@ bool ReadIndex(std::string& index) {
     return !path.empty() && files::ReadWhole(path.c_str(), files::Mode::Update, index);
 }
 
-void WriteIndex(const std::vector<std::int32_t>& sizes) {
+// False when it failed, which is shown.
+bool WriteIndex(const std::vector<std::int32_t>& sizes) {
     const std::string path = IndexPath();
-    if (!path.empty() && !files::ReplaceWhole(path.c_str(), IndexBytes(sizes)))
-        SaveErr();
+    if (path.empty() || files::ReplaceWhole(path.c_str(), IndexBytes(sizes)))
+        return true;
+    SaveErr();
+    return false;
 }
 
 // Asks to save a changed text before it is left. False when that was cancelled, or when the text
@@ -133,9 +133,10 @@ int ReNumRules(HWND dialog, int write) {
     if (!RuleEdit())
         return -1;
     const int selected = RulesList(dialog).Selected();
-    const RenumberedRules rules = Renumber(EditText(RuleEdit()));
-    if (write == 1)
-        WriteIndex(rules.sizes);
+    RenumberedRules rules = Renumber(EditText(RuleEdit()));
+    // The box about the failure leaves the text window usable, so the text may be another after it.
+    if (write == 1 && !WriteIndex(rules.sizes))
+        rules = Renumber(EditText(RuleEdit()));
     PutRuleText(rules.text);
     // The walk over the rules always ends where none is left, and leaves the end of the text shown.
     ScrollToRuleTextEnd();
@@ -158,6 +159,10 @@ bool SaveRules(HWND dialog) {
     }
     mod = 0;
     return true;
+}
+
+bool SaveRulesAtExit(HWND dialog) {
+    return (!IsUntitled() || AskForName()) && SaveRules(dialog);
 }
 
 void AddRule(HWND dialog) {
@@ -204,8 +209,14 @@ void NewRules(HWND dialog) {
 }
 
 void OpenRules(HWND dialog) {
+    if (!Leave(dialog))
+        return;
+    const std::string left = EditText(RuleEdit());
     char name[kNameSize];
-    if (!Leave(dialog) || OpenDlg(kFilter, kTitle, ".rul", name, 0) != 0)
+    if (OpenDlg(kFilter, kTitle, ".rul", name, 0) != 0)
+        return;
+    // The file dialog leaves the text window usable; what was typed meanwhile is asked for, too.
+    if (EditText(RuleEdit()) != left && !Leave(dialog))
         return;
     NameFiles(name);
     std::string index, text;

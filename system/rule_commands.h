@@ -4,7 +4,7 @@
 #include <windows.h>
 
 extern int RuleNum; // rules as last counted
-extern int mod;     // 1 = the rules text changed since the last load or save
+extern int mod;     // 1 = there is something to save
 
 void ListIndex(HWND dialog); // fills the rules list from the index file, as the editor starts
 
@@ -15,6 +15,9 @@ int ReNumRules(HWND dialog, int write);
 // Renumbers, writes the index file and the rules file. Failures are shown; returns false when the
 // rules file could not be written.
 bool SaveRules(HWND dialog);
+
+// The same after asking for a name when there is none; false also when that was cancelled.
+bool SaveRulesAtExit(HWND dialog);
 
 void AddRule(HWND dialog);    // button "Rule"
 void EndRule(HWND dialog);    // button "EndRule"

@@ -2,7 +2,6 @@
 
 #include "shell/dialog.h"
 #include "shell/editor.h"
-#include "shell/mdi.h"
 #include "shell/paths.h"
 #include "shell/ZENTRIK.h"
 #include "system/rule_commands.h"
@@ -27,11 +26,20 @@ constexpr Command kCommands[] = {
     {RM_OPEN_TAGS, OpenTags}, {RM_CLOSE_TAGS, CloseTags},    {IDCANCEL, CloseRules},
 };
 
+// Above the frame, which it would vanish behind, but not above other programs.
+void StayAbove(HWND dialog, bool active) {
+    SetWindowPos(dialog, active ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+// Below the boxes and file dialogs of the command meanwhile: they have no owner either.
 void Run(void (*command)(HWND), HWND dialog) {
     if (busy)
         return;
     busy = true;
+    StayAbove(dialog, false);
     command(dialog);
+    StayAbove(dialog, GetActiveWindow() != nullptr);
     busy = false;
 }
 
@@ -72,26 +80,24 @@ void OnCommand(HWND dialog, WPARAM wParam) {
         Run(found->run, dialog);
 }
 
-// Above the frame, which it would vanish behind, but not above other programs.
-void StayAbove(HWND dialog, bool active) {
-    SetWindowPos(dialog, active ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-}
-
-// The editor already runs and its file names were overwritten by whoever wanted to start another.
-void ReturnToRunning() {
-    GetWindowTextA(RuleChild(), RuleFile, sizeof RuleFile);
-    SetText(RuleSize, WithExtension(RuleFile, ".siz"));
-    SetActiveWindow(rule_box);
+std::optional<bool> SaveAtExit(HWND child) {
+    if (!EditRule || child != RuleChild())
+        return std::nullopt;
+    return SaveRulesAtExit(rule_box);
 }
 
 } // namespace
 
-void RunRuleEditor() {
-    if (IsWindow(rule_box)) {
-        ReturnToRunning();
+void RunRuleEditor(const char* path) {
+    if (EditRule) {
+        SetActiveWindow(rule_box);
         return;
     }
+    EditRule = 1;
+    SetText(RuleFile, path);
+    SetText(RuleSize, WithExtension(path, ".siz"));
+    OpenEdit(RuleFile);
+    SaveRuleText = SaveAtExit;
     RunDialog(nullptr, "Rule_Box", RuleDlg);
     // Also when the program ends or the dialog could not be made.
     rule_box = nullptr;

@@ -172,10 +172,6 @@ private:
     RenumberedRules result_;
 };
 
-std::vector<RuleIndexRecord> IndexRecords(std::string_view index) {
-    return RecordsIn<RuleIndexRecord>(index);
-}
-
 } // namespace
 
 std::string RuleName(int number) {
@@ -200,7 +196,7 @@ IndexedRules FirstRules(std::string_view index) {
     // The first record is listed in any case: what is missing of it counts as zeros.
     std::string bytes(index);
     bytes.resize(std::max(bytes.size(), sizeof(RuleIndexRecord)));
-    for (const RuleIndexRecord& record : IndexRecords(bytes)) {
+    for (const RuleIndexRecord& record : RecordsIn<RuleIndexRecord>(bytes)) {
         if (rules.count == 0 || record.bor == 0)
             rules.names.push_back(Text(record.name));
         ++rules.count;
@@ -210,7 +206,7 @@ IndexedRules FirstRules(std::string_view index) {
 
 IndexedRules AllRules(std::string_view index) {
     IndexedRules rules;
-    for (const RuleIndexRecord& record : IndexRecords(index))
+    for (const RuleIndexRecord& record : RecordsIn<RuleIndexRecord>(index))
         rules.names.push_back(Text(record.name));
     rules.count = static_cast<int>(rules.names.size());
     return rules;
@@ -224,11 +220,13 @@ void InsText(std::string& text, std::string_view string, std::size_t position, i
 }
 
 std::optional<RuleSpan> FindRule(std::string_view text, int row) {
+    if (row < 0)
+        return std::nullopt;
     std::ptrdiff_t p = 0;
     for (int count = 0;; ++count) {
         const std::ptrdiff_t r = FindStr(kRule, text, p);
         const std::ptrdiff_t e = r == -1 ? -1 : FindStr(kEndRule, text, p);
-        if (row < 0 || e == -1)
+        if (e == -1)
             return std::nullopt;
         if (count == row)
             return RuleSpan{static_cast<std::size_t>(r), static_cast<std::size_t>(e + 9)};

@@ -2,10 +2,12 @@
 
 #include "shell/editor.h"
 #include "shell/mdi.h"
-#include "system/rule_editor.h"
 
 #include <algorithm>
 #include <ranges>
+
+char RuleFile[kNameSize];
+char RuleSize[kNameSize];
 
 namespace {
 

@@ -2,8 +2,13 @@
 // or made it, whatever is active later; once it is gone the functions do nothing.
 #pragma once
 
+#include "shell/record_text.h"
+
 #include <string>
 #include <windows.h>
+
+extern char RuleFile[kNameSize]; // whose text the window shows; new rules: "untitled.rul"
+extern char RuleSize[kNameSize]; // its index file
 
 // Takes the topmost MDI child when it is the text window of the file RuleFile, else none.
 void HoldRuleWindow();

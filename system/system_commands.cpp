@@ -154,13 +154,8 @@ bool CloseEditors() {
 
 void Rules(HWND) {
     // The rules dialog leaves the menus usable, so it may be running already.
-    if (IsRule() || !CloseEditors())
-        return;
-    SetText(RuleFile, "untitled.rul");
-    SetText(RuleSize, "untitled.siz");
-    EditRule = 1;
-    OpenEdit(RuleFile);
-    RunRuleEditor();
+    if (IsRule() || CloseEditors())
+        RunRuleEditor("untitled.rul");
 }
 
 void AddLocalVar(HWND hwnd) {

@@ -334,7 +334,7 @@ TEST_F(GuiRuleEditorTest, TagsAreSortedAndGoToTheEndOfTheText) {
     box.CommandWithFile(RM_OPEN_TAGS, kTagsTitle, app_->Path("b.tag"));
     EXPECT_EQ(box.Tags(), (TextRows{"alarm", "motor", "pump", std::string(50, 'z')}));
     box.TypeAtEnd("If ");
-    box.TypeAt(0, ""); // where the caret is does not matter
+    box.TypeAt(0, ""); // a tag goes to the end, not to the caret
     box.DoubleClickTag(2);
     box.DoubleClickTag(0);
     EXPECT_EQ(box.Content(), "If pumpalarm");

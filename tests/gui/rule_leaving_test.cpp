@@ -182,6 +182,7 @@ TEST_F(RuleLeavingTest, ExitAsksForTheRulesLikeForAnyText) {
         AskText(answer);
         EXPECT_EQ(app_->Farewell(), 0u);
         EXPECT_EQ(File("a.rul"), answer == Answer::Yes ? kRules + "x" : kRules);
+        EXPECT_EQ(File("a.siz"), answer == Answer::Yes ? IndexFile({18}) : "");
     }
 }
 

@@ -105,9 +105,11 @@ public:
         steps_.push_back({title, std::move(step)});
         return *this;
     }
-    // Gives the file dialog `title` a path.
-    DialogSteps& ChooseFile(const std::string& title, const std::string& path) {
-        return When(title, [path](const DialogHandle& dialog) {
+    // Gives the file dialog `title` a path, after something else was done beside it.
+    DialogSteps& ChooseFile(const std::string& title, const std::string& path,
+                            const std::function<void()>& beside = [] {}) {
+        return When(title, [path, beside](const DialogHandle& dialog) {
+            beside();
             constexpr int kNewName = 1148;
             constexpr int kOldName = 1152;
             dialog.Put(dialog.Item(kNewName) ? kNewName : kOldName, path);

@@ -6,7 +6,7 @@
 #include "shell/editor.h"
 #include "shell/ZENTRIK.h"
 #include "system/open_row.h"
-#include "system/rule_editor.h"
+#include "system/rule_window.h"
 
 namespace {
 
