@@ -16,11 +16,8 @@ void RuleLine(OutputFile& han) {
 
 void MCent(OutputFile& han, std::string_view mis) {
     const std::size_t space = kWidth - std::min(mis.size(), kWidth);
-    WriteFile(han, "//", 0);
-    WriteFile(han, std::string(space / 2, ' '), 0);
-    WriteFile(han, mis, 0);
-    WriteFile(han, std::string(space - space / 2, ' '), 0);
-    WriteFile(han, "//", 1);
+    WriteLine(han,
+              {"//", std::string(space / 2, ' '), mis, std::string(space - space / 2, ' '), "//"});
 }
 
 void EsqCap(OutputFile& han, const char* Nom) {
@@ -34,8 +31,17 @@ void EsqCap(OutputFile& han, const char* Nom) {
     RuleLine(han);
 }
 
+void WriteLines(OutputFile& han, std::initializer_list<std::string_view> lines) {
+    for (std::string_view line : lines)
+        WriteFile(han, line, 1);
+}
+
+void WriteLine(OutputFile& han, std::initializer_list<std::string_view> texts) {
+    for (std::string_view text : texts)
+        WriteFile(han, text, 0);
+    Return(han);
+}
+
 void IncludeLine(OutputFile& han, std::string_view file) {
-    WriteFile(han, "#include \"", 0);
-    WriteFile(han, file, 0);
-    WriteFile(han, "\"", 1);
+    WriteLine(han, {"#include \"", file, "\""});
 }

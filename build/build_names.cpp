@@ -16,6 +16,10 @@ BuildNames::BuildNames(const char* project_file)
     program = beside + "Api" + base;
 }
 
+std::string EngineName(int i) {
+    return "Inference_Engine_" + std::to_string(i);
+}
+
 std::string CompilerLine(const BuildNames& names, const ToolsFile& tools,
                          std::string_view work_path) {
     std::string line = tools.com + " apimorv apimorv.rc " + names.rules_cpp_name + " ddecom.cpp ";

@@ -1,4 +1,5 @@
-// The names of the files that a build writes, all derived from the project file's path.
+// The names that a build gives: to its files, all after the project file's path, and to the
+// engines.
 #pragma once
 
 #include "build/tools_file.h"
@@ -19,6 +20,9 @@ struct BuildNames {
     std::string consts_h;
     std::string program; // the built program, without an extension
 };
+
+// The class of the system at this place of the project, from 1 on.
+std::string EngineName(int i);
 
 // The command line that starts the compiler utility.
 std::string CompilerLine(const BuildNames& names, const ToolsFile& tools,

@@ -3,5 +3,6 @@
 
 #include <windows.h>
 
-// Returns 0 when all files were written (and the compiler, if any, was started), else -1.
+// Returns -1 as soon as a file fails, which was shown. After the last one the compiler is started,
+// unless none is set, and 0 returned.
 int CompileMORV(HWND hwnd);

@@ -10,12 +10,11 @@
 
 #include <optional>
 
-HWND hwndMes;
-
 namespace {
 
-// Kept for the life of the program: a comment left open in one rule silences those after it, also
-// in the next run.
+HWND hwndMes; // the messages child of the last run; it may be gone
+
+// Kept between the runs: what a rule leaves open reaches into the next one's.
 Lexical Anul = Lexical::Code;
 
 constexpr ULONGLONG kRepaintEvery = 40; // milliseconds; quicker than that nobody can see
@@ -27,11 +26,10 @@ public:
     DebugView(HWND dialog, HWND list) : dialog_(dialog), list_(list) {}
 
     void SystemFile(const char* path) override {
-        // What the systems before found is painted now: a box may be next.
+        // A box may be next: behind it stands what the systems before this one gave.
         fill_.reset();
         Set(DEBUG_SYSTEM, path);
         Paint();
-        fill_.emplace(list_);
     }
 
     void RulesFile(const char* path) override {
@@ -41,13 +39,17 @@ public:
 
     void RuleName(const std::string& name) override { rule_ = name; }
 
-    void Progress(char c, bool) override {
+    void Progress(char c) override {
         character_[0] = c;
         if (GetTickCount64() - painted_ >= kRepaintEvery)
             Paint();
     }
 
-    void Finding(const std::string& line) override { ListRows(list_).Add(line); }
+    void Finding(const std::string& line) override {
+        if (!fill_)
+            fill_.emplace(list_);
+        ListRows(list_).Add(line);
+    }
 
     // The check looks names up in the results that were in force before GetResName, and puts that
     // name back as the one in force.
@@ -100,8 +102,6 @@ void RunCheck(HWND hwnd) {
     EndDialog(hwnd, 0);
 }
 
-} // namespace
-
 INT_PTR CALLBACK InfoBox(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
     case WM_INITDIALOG:
@@ -119,13 +119,15 @@ INT_PTR CALLBACK InfoBox(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
     }
 }
 
+} // namespace
+
 void DebugMORV(HWND hwnd) {
     if (Project.MORState != 1) {
         ShowMessage(hwnd, "There is not Opened MORV System", "MORV Debug");
         return;
     }
     if (hwndMes) {
-        // Closed by hand it is gone already; then this does nothing but count.
+        // Closed by hand it is gone already; then this only counts.
         DestroyWindow(TopChild(hwndMes));
         DestroyMdiCh(hwndMes);
     }

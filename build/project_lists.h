@@ -3,6 +3,8 @@
 
 #include "project/project_file.h"
 
+#include <algorithm>
+
 // Fields of a packed record may not be referred to, so the counts are copied first.
 inline int SystemCount(const ProjectRecord& project) {
     const int count = project.EngNum;

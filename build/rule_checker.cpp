@@ -5,6 +5,7 @@
 #include "shell/messages.h"
 #include "system/system_file.h"
 
+#include <algorithm>
 #include <optional>
 #include <unordered_set>
 
@@ -56,7 +57,7 @@ void RulesCheck::CheckRule(const RuleIndexRecord& record) {
         const char* const end = at_ + std::min<std::size_t>(kPiece, rule_end - at_);
         CheckPiece(at_, end);
         at_ = end;
-        view_.Progress(end[-1], end == rule_end);
+        view_.Progress(end[-1]);
     }
     CheckBalance(B, [this](RuleError error) { MessageError(error); });
 }
@@ -133,7 +134,7 @@ private:
     std::optional<std::unordered_set<std::string>> results_;
 };
 
-// A missing rules or index file is not a finding: the system has no rules to check.
+// Without its rules or their index a system has nothing to check, and nothing is said.
 void CheckRulesFiles(const SystemHead& head, Lexical& anul, CheckView& view) {
     const std::string path = Text(head.RuleName);
     view.RulesFile(path.c_str());
@@ -162,7 +163,9 @@ bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view,
         const std::string path = Text(project.EngineNames[i]);
         view.SystemFile(path.c_str());
         SystemFile system;
-        if (ReadSystem(path.c_str(), system) != ReadResult::Ok) {
+        const ReadResult result = ReadSystem(path.c_str(), system);
+        // What is left of a damaged one is checked: a fact removed from its base leaves such files.
+        if (result == ReadResult::Missing || result == ReadResult::Useless) {
             ShowMessage(owner, "Open System Error", "Debug");
             return false;
         }

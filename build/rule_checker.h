@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Where the check shows what it does and what it found.
 class CheckView {
@@ -15,18 +16,18 @@ public:
     virtual void SystemFile(const char* path) = 0;
     virtual void RulesFile(const char* path) = 0;
     virtual void RuleName(const std::string& name) = 0;
-    virtual void Progress(char c,
-                          bool last_of_rule) = 0;      // called at a pace of the checker's choice
+    // The character reached, at a pace of the checker's choice; always the last one of a rule.
+    virtual void Progress(char c) = 0;
     virtual void Finding(const std::string& line) = 0; // one line of the findings list
     virtual std::string ResultsFile() = 0; // asked before the first opposite of each run
 };
 
-// What the check carries from one rule to the next for the life of the program: an unclosed comment
-// or string silences the rules after it.
+// Where in the text the check is. It goes on so from rule to rule and from run to run: what one
+// leaves open silences the others.
 enum class Lexical { Code, LineComment, BlockComment, String };
 
 // Checks the systems of a project in order. Returns false, after "Open System Error" in a box owned
-// by `owner`, when a system file cannot be read.
+// by `owner`, when a system file is missing or no system file at all.
 bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view, WindowHandle owner);
 
 // Checks the rules of one system: `text` is its rules file, of which each record of `index` takes

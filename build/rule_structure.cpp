@@ -67,17 +67,6 @@ int EndOf(int kind) {
     }
 }
 
-RuleError Surplus(RuleWord end) {
-    switch (end) {
-    case kEndIfOr:
-        return kIfOrSurplus;
-    case kEndIfXor:
-        return kIfXorSurplus;
-    default:
-        return kIfSurplus;
-    }
-}
-
 } // namespace
 
 std::string_view RuleErrorText(RuleError error) {
@@ -154,11 +143,9 @@ void RuleStructure::Open(RuleWord kind) {
         blocks_.push_back({kind, kind});
 }
 
-void RuleStructure::Close(RuleError surplus) {
-    if (InRule())
-        error_(surplus);
-    else
-        blocks_.pop_back();
+// What can be closed is never level 0, which has no such stage.
+void RuleStructure::Close() {
+    blocks_.pop_back();
 }
 
 void RuleStructure::TakeRule() {
@@ -177,7 +164,7 @@ void RuleStructure::TakeEndRule() {
 
 void RuleStructure::TakeEndForAll() {
     if (Now().stage == kForAll)
-        Close(kForAllSurplus);
+        Close();
     else
         error_(kForAllSurplus);
 }
@@ -188,7 +175,7 @@ void RuleStructure::TakeEndIf(RuleWord code) {
         const int end = EndOf(Now().kind);
         if (end != kNone && end != code)
             error_(kWrongEnd);
-        Close(Surplus(code));
+        Close();
     } else if (EndOf(Now().kind) != kNone && Now().stage != kOtherwise) {
         // Nothing is said after Otherwise, where only EndIfAny closes.
         error_(NoThen(Now().kind));
@@ -198,7 +185,7 @@ void RuleStructure::TakeEndIf(RuleWord code) {
 void RuleStructure::TakeEndIfAny() {
     // Which kind of If it closes does not matter.
     if (Now().stage == kThen || Now().stage == kOtherwise)
-        Close(kIfAnySurplus);
+        Close();
     else
         error_(kIfAnyNoThen);
 }

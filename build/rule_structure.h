@@ -6,6 +6,7 @@
 #include <array>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 // Numbers of the messages that a rule can give.
 enum RuleError : int {
@@ -30,7 +31,7 @@ enum RuleError : int {
     kNoEndRule,
     kSecondDebug,
     kIfXorNoThen,
-    kIfXorSurplus,
+    kIfXorSurplus, // no check gives it
     kOtherwiseNoThen,
     kRuleErrors // how many there are
 };
@@ -50,7 +51,7 @@ int ObsInst(WordSet words, WordCounts& B, int next);
 // Checks the counts of a whole rule. "IfXor" is not compared.
 void CheckBalance(const WordCounts& B, const std::function<void(RuleError)>& error);
 
-// The open blocks of a rule. Level 0 is the rule itself.
+// The blocks that are open at a place of a rule. The lowest, level 0, stands for the whole rule.
 class RuleStructure {
 public:
     explicit RuleStructure(std::function<void(RuleError)> error);
@@ -68,7 +69,7 @@ private:
     bool InRule() const { return blocks_.size() == 1; }
     bool InCondition() const; // after an If of any kind, before its Then
     void Open(RuleWord kind);
-    void Close(RuleError surplus);
+    void Close();
     void TakeRule();
     void TakeEndRule();
     void TakeEndForAll();

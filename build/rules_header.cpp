@@ -1,6 +1,7 @@
 #include "build/rules_header.h"
 
 #include "build/banner.h"
+#include "build/build_names.h"
 #include "build/generated_file.h"
 #include "build/project_lists.h"
 #include "shell/record_text.h"
@@ -11,16 +12,15 @@ constexpr char kCaption[] = "Rule.Cpp";
 
 void FixedHead(OutputFile& han, const char* RulesH) {
     EsqCap(han, RulesH);
-    for (const char* line : {"#ifndef TAD_RULES", "#define TAD_RULES", "", "#define FALSE\t0",
-                             "#define TRUE\t1", "", "", "#include <dos.h>", "", ""})
-        WriteFile(han, line, 1);
+    WriteLines(han, {"#ifndef TAD_RULES", "#define TAD_RULES", "", "#define FALSE\t0",
+                     "#define TRUE\t1", "", "", "#include <dos.h>", "", ""});
     for (const char* file : {"consts.h", "shell.h", "datafact.h", "dfactres.h", "inf_eng.h"})
         IncludeLine(han, file);
     Return(han);
 }
 
 // Repeats each #include line of an extern file's text, from its '#' on, whatever stands before it.
-// Only CR LF ends a line here; a last line without one goes to the end of the text.
+// Only CR LF ends a line here, so without one all that is left counts as the line.
 void CopyIncludes(OutputFile& han, std::string_view text) {
     const auto size = static_cast<std::ptrdiff_t>(text.size());
     for (std::ptrdiff_t at = 0; (at = FindStr("#include", text, at)) != -1;) {
@@ -35,21 +35,17 @@ void CopyIncludes(OutputFile& han, std::string_view text) {
 }
 
 void EngineClass(OutputFile& han, int i) {
-    const std::string name = "Inference_Engine_" + std::to_string(i);
-    WriteFile(han, "class " + name + ":public INFERENCE_ENGINE{", 1);
+    const std::string name = EngineName(i);
+    WriteLine(han, {"class ", name, ":public INFERENCE_ENGINE{"});
     WriteFile(han, "\tpublic:", 1);
-    WriteFile(
-        han, "\t\t" + name + " () {sprintf (description, \"INF_" + std::to_string(i) + "\");};", 1);
-    WriteFile(han, "\t\tint engine();", 1);
-    WriteFile(han, "};", 1);
+    WriteLine(han,
+              {"\t\t", name, " () {sprintf (description, \"INF_", std::to_string(i), "\");};"});
+    WriteLines(han, {"\t\tint engine();", "};"});
 }
 
 void Results(OutputFile& han, const std::vector<TagRecord>& results) {
-    for (const TagRecord& result : results) {
-        WriteFile(han, "\t\t\t", 0);
-        WriteFile(han, Text(result.name), 0);
-        WriteFile(han, &result != &results.back() ? "," : ";", 1);
-    }
+    for (const TagRecord& result : results)
+        WriteLine(han, {"\t\t\t", Text(result.name), &result != &results.back() ? "," : ";"});
 }
 
 } // namespace
@@ -69,13 +65,12 @@ int CrearRulesH(const ProjectRecord& project, const char* RulesH, WindowHandle o
         CopyIncludes(han, text);
     }
     Return(han);
-    WriteFile(han, "class DATAFACT;", 1);
-    WriteFile(han, "class INFERENCE_ENGINE;", 1);
+    WriteLines(han, {"class DATAFACT;", "class INFERENCE_ENGINE;"});
     const int systems = SystemCount(project);
     for (int i = 1; i <= systems; ++i)
         EngineClass(han, i);
-    WriteFile(han, "///////////////    Declaracio del DATAFACTRESULT    ///////////////", 1);
-    WriteFile(han, "DATAFACTRESULT", 1);
+    WriteLines(han, {"///////////////    Declaracio del DATAFACTRESULT    ///////////////",
+                     "DATAFACTRESULT"});
     std::vector<TagRecord> results;
     if (!ReadRecords(Text(project.ResAux).c_str(), files::Mode::Update, results))
         return GiveUp(han, owner, "Results File Error", kCaption);

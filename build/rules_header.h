@@ -1,4 +1,4 @@
-// The generated rules header: one inference engine class per system and the list of results.
+// The generated rules header: a class for each system's engine and the list of results.
 #pragma once
 
 #include "project/project_file.h"

@@ -1,6 +1,7 @@
 #include "build/rules_source.h"
 
 #include "build/banner.h"
+#include "build/build_names.h"
 #include "build/generated_file.h"
 #include "build/project_lists.h"
 #include "resources/numbers.h"
@@ -13,36 +14,19 @@ namespace {
 constexpr char kCaption[] = "Rule.Cpp";
 constexpr std::string_view kMarker = "ZkRules"; // where a header template takes the rules
 
-void Lines(OutputFile& han, std::initializer_list<const char*> lines) {
-    for (const char* line : lines)
-        WriteFile(han, line, 1);
-}
-
-// One line of several texts. Each is a text of its own for WriteFile, so only the one that is too
-// long is left out.
-void Line(OutputFile& han, std::initializer_list<std::string_view> texts) {
-    for (std::string_view text : texts)
-        WriteFile(han, text, 0);
-    Return(han);
-}
-
-std::string EngineName(int i) {
-    return "Inference_Engine_" + std::to_string(i);
-}
-
 void FileHead(OutputFile& han, const ProjectRecord& project, const char* RulesCpp,
               const char* fname) {
     EsqCap(han, RulesCpp);
     IncludeLine(han, fname);
     IncludeLine(han, "ddecom.h");
-    Lines(han,
-          {"", "#define si 1", "#define no 0", "", "//- Informacio del sistema en concret",
-           "extern Informacio DDEinfo;", "extern char *Items[];", "extern void put_box(char *);",
-           "extern char hora[20];", "extern int ActivatSB;", "", "//- System Declaration"});
+    WriteLines(
+        han, {"", "#define si 1", "#define no 0", "", "//- Informacio del sistema en concret",
+              "extern Informacio DDEinfo;", "extern char *Items[];", "extern void put_box(char *);",
+              "extern char hora[20];", "extern int ActivatSB;", "", "//- System Declaration"});
     const int systems = SystemCount(project);
     for (int i = 1; i <= systems; ++i)
-        Line(han, {EngineName(i), " ", Stem(Text(project.EngineNames[i])), ";"});
-    Lines(han, {"", "//- Extern Functions"});
+        WriteLine(han, {EngineName(i), " ", Stem(Text(project.EngineNames[i])), ";"});
+    WriteLines(han, {"", "//- Extern Functions"});
 }
 
 // The files that a system may go without are read once and used in two places.
@@ -57,7 +41,7 @@ template <class Record> struct OptionalFile {
 };
 
 void Declarations(OutputFile& han, const SystemFile& system, const OptionalFile<V_V>& variables) {
-    Lines(han, {"", "\t//- Facts declaration"});
+    WriteLines(han, {"", "\t//- Facts declaration"});
     WriteFile(han, "\tstatic DATAFACT *PF", 0);
     for (const Dat& fact : system.facts) {
         WriteFile(han, ", ", 0);
@@ -66,9 +50,9 @@ void Declarations(OutputFile& han, const SystemFile& system, const OptionalFile<
     WriteFile(han, ";", 1);
     for (const V_V& variable : variables.records) {
         WriteFile(han, "\t//- Local Var Declaration", 1); // before every variable
-        Line(han, {"\t", Text(variable.Type), " ", Text(variable.Name), ";"});
+        WriteLine(han, {"\t", Text(variable.Type), " ", Text(variable.Name), ";"});
     }
-    Lines(han, {"", ""});
+    WriteLines(han, {"", ""});
 }
 
 void Opposites(OutputFile& han, const std::vector<NameRecord>& opposites) {
@@ -86,13 +70,15 @@ void Opposites(OutputFile& han, const std::vector<NameRecord>& opposites) {
 void Fact(OutputFile& han, const Dat& fact) {
     const std::string name = Text(fact.Name);
     const auto number = [&](std::string_view field, double value) {
-        Line(han, {"\t", name, field, NumberText(value), ";"});
+        WriteLine(han, {"\t", name, field, NumberText(value), ";"});
     };
-    Lines(han, {"", "//- Datafact"});
+    WriteLines(han, {"", "//- Datafact"});
     number(".name = ", fact.Ident);
-    Line(han, {"\t", name, ".", "type = ", Text(fact.KnowType), ";"});
-    Line(han, {"\tsprintf (", name, ".description, ", "\"", Text(fact.Description), "\"", ");"});
-    Line(han, {"\tsprintf (", name, ".fact_value.units, ", "\"", Text(fact.Units), "\"", ");"});
+    WriteLine(han, {"\t", name, ".", "type = ", Text(fact.KnowType), ";"});
+    WriteLine(han,
+              {"\tsprintf (", name, ".description, ", "\"", Text(fact.Description), "\"", ");"});
+    WriteLine(han,
+              {"\tsprintf (", name, ".fact_value.units, ", "\"", Text(fact.Units), "\"", ");"});
     number(".fact_value.inf_limit = ", fact.inf_limit);
     number(".fact_value.sup_limit = ", fact.sup_limit);
     number(".fact_value.step_v = ", fact.Step);
@@ -107,7 +93,7 @@ void VariableValues(OutputFile& han, const OptionalFile<V_V>& variables) {
     if (variables.opened)
         WriteFile(han, "// - System Local Vars", 1);
     for (const V_V& variable : variables.records)
-        Line(han, {Text(variable.Name), "=", Text(variable.Val), ";"});
+        WriteLine(han, {Text(variable.Name), "=", Text(variable.Val), ";"});
     if (variables.named)
         Return(han);
 }
@@ -117,12 +103,13 @@ void InitialFacts(OutputFile& han, const OptionalFile<I_K>& initial) {
         return;
     WriteFile(han, "//- Deduce Facts Values", 1);
     for (const I_K& fact : initial.records) {
-        // A certainty of zero deduces nothing, and a blank stands for none.
+        // Only the first character decides, so 0.5 is left out like 0 and none at all.
         if (fact.Pres[0] == ' ' || fact.Pres[0] == '0')
             continue;
         const std::string name = Text(fact.K_Name);
-        Line(han, {name, ".", "assign((double)", Text(fact.K_Val), ",", Text(fact.Pres), ");"});
-        Line(han, {"deduce(&", name, ");"});
+        WriteLine(han,
+                  {name, ".", "assign((double)", Text(fact.K_Val), ",", Text(fact.Pres), ");"});
+        WriteLine(han, {"deduce(&", name, ");"});
         Return(han);
     }
     Return(han);
@@ -157,24 +144,24 @@ int WriteSystem(OutputFile& han, const SystemFile& system, WindowHandle owner) {
     Opposites(han, system.opposites);
     for (const Dat& fact : system.facts)
         Fact(han, fact);
-    Lines(han, {"", ""});
+    WriteLines(han, {"", ""});
     VariableValues(han, variables);
     InitialFacts(han, OptionalFile<I_K>(system.head.InitName));
     if (RulesText(han, system.head, owner) != 0)
         return -1;
-    Lines(han, {"", "", "EndSystem"});
+    WriteLines(han, {"", "", "EndSystem"});
     return 0;
 }
 
 int WriteMain(OutputFile& han, const ProjectRecord& project, WindowHandle owner) {
     const std::string rule(45, '/');
-    Lines(han, {"", "", rule.c_str(), "//////////      MORV  Main       ////////////", rule.c_str(),
-                "void MORVmain()", "{"});
+    WriteLines(han, {"", "", rule, "//////////      MORV  Main       ////////////", rule,
+                     "void MORVmain()", "{"});
     std::string text;
     if (!files::ReadWhole(Text(project.MainName).c_str(), files::Mode::Read, text))
         return GiveUp(han, owner, "Main File Error", kCaption);
     han.Add(text);
-    Lines(han, {"", "}"});
+    WriteLines(han, {"", "}"});
     return 0;
 }
 
@@ -217,12 +204,13 @@ int CrearRulesCpp(const ProjectRecord& project, SystemHead& last_read, const cha
     const int systems = SystemCount(project);
     for (int i = 1; i <= systems; ++i) {
         WriteFile(han, "//- Systems Implementation", 1);
-        Line(han, {"Begin ", EngineName(i), " ZkSystem"});
+        WriteLine(han, {"Begin ", EngineName(i), " ZkSystem"});
         Return(han);
         SystemFile system;
         const ReadResult result = ReadSystem(Text(project.EngineNames[i]).c_str(), system);
         if (result != ReadResult::Missing && result != ReadResult::Useless)
             last_read = system.head;
+        // A damaged one lacks facts that its rules may use, so it makes no program.
         if (result != ReadResult::Ok) {
             han.Close();
             ShowMessage(owner, "Open Engine error", kCaption);

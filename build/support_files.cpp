@@ -6,6 +6,8 @@
 #include "resources/dde_item.h"
 #include "shell/messages.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 namespace {
@@ -41,27 +43,16 @@ bool ReadItems(const SupportInput& in, DdeFile& dde) {
 
 // ddecom.cpp: the names of the items.
 void ItemNames(OutputFile& han, const std::vector<DDE_ITEM>& items) {
-    for (const DDE_ITEM& item : items) {
-        WriteFile(han, "\"", 0);
-        WriteFile(han, Text(item.DName), 0);
-        WriteFile(han, "\"", 0);
-        WriteFile(han, &item != &items.back() ? "," : "", 1);
-    }
+    for (const DDE_ITEM& item : items)
+        WriteLine(han, {"\"", Text(item.DName), "\"", &item != &items.back() ? "," : ""});
     WriteFile(han, "};", 1);
 }
 
 // ddecom.h: how many items there are and the structure that holds their values.
 void ItemStructure(OutputFile& han, const std::vector<DDE_ITEM>& items) {
-    WriteFile(han, std::to_string(items.size()), 1);
-    WriteFile(han, "struct Informacio", 1);
-    WriteFile(han, "{", 1);
-    for (const DDE_ITEM& item : items) {
-        WriteFile(han, "\t", 0);
-        WriteFile(han, Text(item.DType), 0);
-        WriteFile(han, " ", 0);
-        WriteFile(han, Text(item.DName), 0);
-        WriteFile(han, ";", 1);
-    }
+    WriteLines(han, {std::to_string(items.size()), "struct Informacio", "{"});
+    for (const DDE_ITEM& item : items)
+        WriteLine(han, {"\t", Text(item.DType), " ", Text(item.DName), ";"});
     WriteFile(han, "};", 1);
 }
 
@@ -79,9 +70,7 @@ const char* Conversion(std::string_view type) {
 void StoreItem(OutputFile& han, const DDE_ITEM& item) {
     const std::string type = Text(item.DType);
     if (type == "char") {
-        WriteFile(han, "strcpy(DDEinfo.", 0);
-        WriteFile(han, Text(item.DName), 0);
-        WriteFile(han, ",Dat);", 1);
+        WriteLine(han, {"strcpy(DDEinfo.", Text(item.DName), ",Dat);"});
         return;
     }
     WriteFile(han, "\t\tDDEinfo.", 0);
@@ -93,15 +82,13 @@ void StoreItem(OutputFile& han, const DDE_ITEM& item) {
 
 // ddecom.cpp: the function that takes a new value.
 void NewData(OutputFile& han, const std::vector<DDE_ITEM>& items) {
-    for (const char* line : {"void NewData(int a,char Dat[])", "{", "switch(a)", "{"})
-        WriteFile(han, line, 1);
+    WriteLines(han, {"void NewData(int a,char Dat[])", "{", "switch(a)", "{"});
     for (std::size_t k = 0; k < items.size(); ++k) {
-        WriteFile(han, "\tcase " + std::to_string(k) + ":", 1);
+        WriteLine(han, {"\tcase ", std::to_string(k), ":"});
         StoreItem(han, items[k]);
         WriteFile(han, "\tbreak;", 1);
     }
-    WriteFile(han, "}", 1);
-    WriteFile(han, "}", 1);
+    WriteLines(han, {"}", "}"});
 }
 
 // Collects the knowledge types of all systems, also in the scratch file. Returns 0 or -1.
@@ -166,8 +153,7 @@ int WriteDdecom(const SupportInput& in) {
         !AddTemplate(in, source, "ddecom3.dat", "Ddecom3.dat not found check MORV Path"))
         return -1;
     Return(source);
-    WriteFile(source, "Informacio DDEinfo;//- La estructura informacio", 1);
-    WriteFile(source, "char *Items[]={", 1);
+    WriteLines(source, {"Informacio DDEinfo;//- La estructura informacio", "char *Items[]={"});
     WriteFile(header, "#define numItems ", 0);
 
     DdeFile dde;
@@ -192,9 +178,8 @@ int WriteConsts(const SupportInput& in, SystemHead& last_read) {
         !AddTemplate(in, han, "consts1.dat", "Consts1.dat not found check MORV Path"))
         return -1;
     Return(han);
-    WriteFile(han, "#define MAXNUMTICKS\t", 0);
-    WriteFile(han, std::to_string(in.project.DatHisLen), 0);
-    WriteFile(han, "\t//Maxim Number of TICKS to Save in Variable History", 1);
+    WriteLine(han, {"#define MAXNUMTICKS\t", std::to_string(in.project.DatHisLen),
+                    "\t//Maxim Number of TICKS to Save in Variable History"});
     Return(han);
     if (!AddTemplate(in, han, "consts2.dat", "consts2.dat not found, check MORV Path"))
         return -1;
@@ -215,17 +200,12 @@ int WriteMorvApi(const SupportInput& in) {
     OutputFile han;
     if (!Create(han, in.morv_path + "\\MorvApi.h"))
         return -1;
-    WriteFile(han, "#ifndef TAD_ZENPROJECT", 1);
-    WriteFile(han, "#define TAD_ZENPROJECT", 1);
-    WriteFile(han, "char ApZk[255]={\"api", 0);
-    WriteFile(han, in.names.base, 0);
-    WriteFile(han, "\"};", 1);
+    WriteLines(han, {"#ifndef TAD_ZENPROJECT", "#define TAD_ZENPROJECT"});
+    WriteLine(han, {"char ApZk[255]={\"api", in.names.base, "\"};"});
     DdeFile dde;
     if (!ReadItems(in, dde))
         return GiveUp(han, in.owner, kNoDde, kCaption);
-    WriteFile(han, "char ItemZk[255]={\"", 0);
-    WriteFile(han, dde.name, 0);
-    WriteFile(han, "\"};", 1);
+    WriteLine(han, {"char ItemZk[255]={\"", dde.name, "\"};"});
     WriteFile(han, "#endif", 1);
     return Finish(han);
 }

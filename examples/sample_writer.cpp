@@ -15,13 +15,16 @@ namespace {
 // Where the runtime stands, seen from the source of a sample.
 const std::string kRuntimeFolder = "/../../morv";
 
-constexpr const char* kTemplates[] = {"consts1.dat", "consts2.dat", "consts3.dat", "ddecom1.dat",
-                                      "ddecom2.dat", "ddecom3.dat", "ddecom4.dat"};
+// The templates, and what a built program is compiled from beside the generated files.
+constexpr const char* kRuntime[] = {
+    "consts1.dat", "consts2.dat",    "consts3.dat",     "ddecom1.dat",   "ddecom2.dat",
+    "ddecom3.dat", "ddecom4.dat",    "apimorv.cpp",     "apimorv.rc",    "datafact.cpp",
+    "datafact.h",  "dde_server.cpp", "dde_server.h",    "dfactres.cpp",  "dfactres.h",
+    "inf_eng.cpp", "inf_eng.h",      "output_list.cpp", "output_list.h", "shell.h",
+    "state.h"};
 
-// What a built program is compiled from, beside the generated files.
-constexpr const char* kRuntime[] = {"apimorv.cpp",    "apimorv.rc",   "datafact.cpp", "datafact.h",
-                                    "dde_server.cpp", "dde_server.h", "dfactres.cpp", "dfactres.h",
-                                    "inf_eng.cpp",    "inf_eng.h",    "shell.h",      "state.h"};
+// The compiler utility for Windows: there in what is handed out, not in the sources.
+const std::string kUtility = "zkcc.exe";
 
 // A text with CR LF line ends, whatever it had.
 std::string WithCrLf(std::string_view text) {
@@ -117,12 +120,11 @@ class RuntimeWriter : public FileWriter {
 public:
     RuntimeWriter(const std::string& from, const std::string& to) {
         MakeFolder(to);
-        for (const char* name : kTemplates) {
-            // A build leaves out the last byte of a template, so one is added for it.
-            Write(to + "\\" + name, WithCrLf(Content(from + "/" + name)) + "\n");
-        }
         for (const char* name : kRuntime)
             Write(to + "\\" + name, WithCrLf(Content(from + "/" + name)));
+        const std::string utility = from + "/" + kUtility;
+        if (files::Exists(utility.c_str()))
+            Write(to + "\\" + kUtility, Content(utility));
     }
 };
 
@@ -224,8 +226,11 @@ private:
         ToolsFile tools;
         tools.path = morv;
         tools.com = compiler;
-        if (!compiler.empty())
-            tools.compilers.push_back(compiler);
+        const std::string utility = morv + "\\" + kUtility;
+        if (compiler.empty() && files::Exists(utility.c_str()))
+            tools.com = '"' + utility + '"'; // the start of a command line
+        if (!tools.com.empty())
+            tools.compilers.push_back(tools.com);
         const std::string path = ToolsFileName(work_);
         if (failure_.empty())
             Note(WriteTools(path.c_str(), tools), "cannot write " + path);
@@ -234,6 +239,12 @@ private:
     std::string from_, work_, to_;
     const Source& source_;
 };
+
+std::string WithoutFinalSlash(std::string path) {
+    while (!path.empty() && (path.back() == '/' || path.back() == '\\'))
+        path.pop_back();
+    return path;
+}
 
 // The last name in a path of either kind.
 std::string LastName(const std::string& path) {
@@ -248,10 +259,8 @@ std::string WriteRuntime(const std::string& from, const std::string& to) {
 
 std::string WriteSample(const std::string& folder, const std::string& work,
                         const std::string& compiler) {
-    std::string from = folder;
-    while (!from.empty() && (from.back() == '/' || from.back() == '\\'))
-        from.pop_back();
-    if (work.find('.') != std::string::npos)
+    const std::string from = WithoutFinalSlash(folder), to = WithoutFinalSlash(work);
+    if (to.find('.') != std::string::npos)
         return "a work folder has no '.' in its name: " + work;
     const std::string name = from + "/" + LastName(from) + ".txt";
     std::string text;
@@ -261,7 +270,7 @@ std::string WriteSample(const std::string& folder, const std::string& work,
     const std::string wrong = ReadSource(text, source);
     if (!wrong.empty())
         return name + ": " + wrong;
-    return Writer(from, work, source).All(compiler);
+    return Writer(from, to, source).All(compiler);
 }
 
 } // namespace sample

@@ -5,6 +5,7 @@
 //     MORV_TICKS=n               ends after n ticks
 //     MORV_PERIOD=ms             the time from tick to tick
 #include "dde_server.h"
+#include "output_list.h"
 #include "shell.h"
 
 #include <cstdio>
@@ -17,7 +18,6 @@ namespace {
 
 constexpr char kClass[] = "MorvProgram";
 constexpr UINT_PTR kClock = 1;
-constexpr int kMostRows = 2000; // of the list; the log keeps all
 
 HWND g_list = nullptr;
 std::FILE* g_log = nullptr;
@@ -37,7 +37,10 @@ std::string ProgramPath() {
 }
 
 void OneTick(HWND window) {
-    morv::Tick();
+    {
+        const ListUpdate update(g_list);
+        morv::Tick();
+    }
     if (g_ticks_left > 0 && --g_ticks_left == 0)
         DestroyWindow(window);
 }
@@ -45,13 +48,13 @@ void OneTick(HWND window) {
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE:
-        g_list =
-            CreateWindowA("LISTBOX", "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT,
-                          0, 0, 0, 0, window, nullptr, nullptr, nullptr);
+        g_list = MakeOutputList(window);
         return g_list != nullptr ? 0 : -1;
-    case WM_SIZE:
-        MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
+    case WM_SIZE: {
+        const ListUpdate update(g_list);
+        MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), FALSE);
         return 0;
+    }
     case WM_TIMER:
         OneTick(window);
         return 0;
@@ -87,13 +90,8 @@ void morv::Output(const std::string& line) {
         std::fprintf(g_log, "%s\n", line.c_str());
         std::fflush(g_log);
     }
-    if (g_list == nullptr)
-        return;
-    if (SendMessageA(g_list, LB_GETCOUNT, 0, 0) >= kMostRows)
-        SendMessageA(g_list, LB_DELETESTRING, 0, 0);
-    const LRESULT row =
-        SendMessageA(g_list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
-    SendMessageA(g_list, LB_SETTOPINDEX, static_cast<WPARAM>(row), 0);
+    if (g_list != nullptr)
+        AddOutputLine(g_list, line);
 }
 
 void put_box(const char* text) {

@@ -1,7 +1,9 @@
 #include "command_line.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
+#include <sstream>
 
 namespace morv {
 
@@ -26,7 +28,7 @@ bool IsFolder(const fs::path& path) {
 
 bool Has(const fs::path& folder, const std::string& file) {
     std::error_code error;
-    return fs::is_regular_file(folder / file, error);
+    return fs::is_regular_file(folder / HostPath(file), error);
 }
 
 std::string Join(const std::vector<std::string>& words, std::size_t from, std::size_t to) {
@@ -40,21 +42,29 @@ std::string Join(const std::vector<std::string>& words, std::size_t from, std::s
 class Paths {
 public:
     Paths(const std::vector<std::string>& words, std::size_t from, Job& job)
-        : words_(words), from_(from), job_(job) {}
+        : words_(words), from_(from), end_(words.size()), job_(job) {}
 
-    bool Find() {
-        const std::size_t end = words_.size();
-        for (std::size_t a = from_ + 1; a < end; ++a) {
-            job_.runtime = Path(from_, a);
-            if (!Has(job_.runtime, job_.api + ".cpp"))
-                continue;
-            for (std::size_t b = a + 1; b < end; ++b) {
+    // Returns an empty text, or what is wrong.
+    std::string Find() {
+        std::string wrong = "no " + job_.api + ".cpp in the MORV Path, or no such path, in: " +
+                            Join(words_, from_, end_);
+        for (std::size_t a = from_ + 1; a < end_; ++a)
+            for (std::size_t b = a + 1; b < end_; ++b) {
+                if (!Has(Path(a, b), job_.rules))
+                    continue;
                 job_.project = Path(a, b);
-                if (Has(job_.project, job_.rules) && FindRest(b))
-                    return true;
+                job_.runtime = Path(from_, a);
+                if (!Has(job_.runtime, job_.api + ".cpp"))
+                    continue;
+                if (FindRest(b))
+                    return {};
+                wrong =
+                    "the Compiler Include, the Compiler Path or the work folder is not there: " +
+                    Join(words_, b, end_);
             }
-        }
-        return false;
+        return job_.project.empty()
+                   ? "no folder with " + job_.rules + " in: " + Join(words_, from_, end_)
+                   : wrong;
     }
 
 private:
@@ -63,15 +73,14 @@ private:
     }
 
     bool FindRest(std::size_t from) {
-        const std::size_t end = words_.size();
-        for (std::size_t c = from; c < end; ++c)
-            for (std::size_t d = c; d < end; ++d) {
+        for (std::size_t c = from; c < end_; ++c)
+            for (std::size_t d = c; d < end_; ++d) {
                 if ((c > from && !IsFolder(Path(from, c))) || (d > c && !IsFolder(Path(c, d))) ||
-                    !IsFolder(Path(d, end)))
+                    !IsFolder(Path(d, end_)))
                     continue;
                 job_.include = Path(from, c);
                 job_.compiler = Path(c, d);
-                job_.work = Path(d, end);
+                job_.work = Path(d, end_);
                 // One path alone may be either.
                 if (job_.include.empty() && !job_.compiler.empty() && !HasCompiler(job_.compiler))
                     std::swap(job_.include, job_.compiler);
@@ -81,32 +90,66 @@ private:
     }
 
     const std::vector<std::string>& words_;
-    const std::size_t from_;
+    const std::size_t from_, end_;
     Job& job_;
 };
 
-} // namespace
-
-fs::path HostPath(const std::string& path) {
 #ifndef _WIN32
-    const bool has_drive = path.size() >= 2 && path[1] == ':';
-    std::string local = path;
-    std::replace(local.begin(), local.end(), '\\', '/');
-    if (!has_drive)
-        return local;
+
+bool SameButCase(const std::string& a, const std::string& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
+        return std::tolower(x) == std::tolower(y);
+    });
+}
+
+// What is called `name` in a folder, in whatever case; the name itself where nothing is.
+fs::path Entry(const fs::path& folder, const fs::path& name) {
+    std::error_code error;
+    if (!fs::exists(folder / name, error))
+        for (const auto& entry : fs::directory_iterator(folder, error))
+            if (SameButCase(entry.path().filename().string(), name.string()))
+                return entry.path().filename();
+    return name;
+}
+
+// The drives of the Wine prefix that this program was started from.
+fs::path Drives() {
     const char* prefix = std::getenv("WINEPREFIX");
     const char* home = std::getenv("HOME");
-    const fs::path drives =
-        (prefix != nullptr ? fs::path(prefix) : fs::path(home != nullptr ? home : "/") / ".wine") /
-        "dosdevices";
-    const auto letter =
-        static_cast<char>(local[0] >= 'A' && local[0] <= 'Z' ? local[0] + 32 : local[0]);
-    return drives / (letter + std::string(":")) /
-           local.substr(std::min<std::size_t>(local.find_first_not_of('/', 2), local.size()));
-#else
-    return path;
-#endif
+    return (prefix != nullptr ? fs::path(prefix)
+                              : fs::path(home != nullptr ? home : "/") / ".wine") /
+           "dosdevices";
 }
+
+#endif
+
+} // namespace
+
+#ifdef _WIN32
+
+fs::path HostPath(const std::string& path) {
+    // A drive alone is the folder that is current there.
+    const bool drive = path.size() == 2 && path[1] == ':';
+    const std::string whole = drive ? path + "\\" : path;
+    return std::u8string(whole.begin(), whole.end());
+}
+
+#else
+
+fs::path HostPath(const std::string& path) {
+    std::string local = path;
+    std::replace(local.begin(), local.end(), '\\', '/');
+    if (local.size() < 2 || local[1] != ':')
+        return local;
+    fs::path found = Drives() / (static_cast<char>(std::tolower(local[0])) + std::string(":"));
+    std::istringstream names(local.substr(2));
+    for (std::string name; std::getline(names, name, '/');)
+        if (!name.empty())
+            found /= Entry(found, name);
+    return found;
+}
+
+#endif
 
 std::string ReadCommandLine(const std::vector<std::string>& words, Job& job) {
     const auto dde = std::find(words.begin(), words.end(), kDde);
@@ -126,10 +169,7 @@ std::string ReadCommandLine(const std::vector<std::string>& words, Job& job) {
         job.rules.compare(job.rules.size() - ending.size(), ending.size(), ending) != 0)
         return "not a rules source: " + job.rules;
     job.program = "Api" + job.rules.substr(0, job.rules.size() - ending.size());
-    if (!Paths(words, after, job).Find())
-        return "no folder with " + job.api + ".cpp, followed by one with " + job.rules +
-               ", in: " + Join(words, after, words.size());
-    return {};
+    return Paths(words, after, job).Find();
 }
 
 } // namespace morv

@@ -7,7 +7,7 @@
 
 namespace morv {
 
-struct Job {
+struct Job { // texts are UTF-8 on Windows
     std::string api;                // the API main's source, without its extension
     std::string resource;           // its resource script
     std::string rules;              // the rules source, in `project`
@@ -23,10 +23,12 @@ struct Job {
 // Reads the words of the command line: the names of the API main, its resource script, the rules
 // source and the DDE source, then the five paths of a job in their order. Blanks in paths and in
 // the name of the rules source have cut them into words; of the ways to put the words together the
-// one counts whose paths are there. Returns an empty text, or what is wrong.
+// one counts whose paths are there. Returns an empty text, or what is wrong; `project` is set also
+// then when it was found.
 std::string ReadCommandLine(const std::vector<std::string>& words, Job& job);
 
-// A path as this system knows it. Off Windows a path with a drive belongs to a Wine prefix.
+// A path, or a name alone, as this system knows it. Off Windows a path with a drive belongs to a Wine prefix, whose
+// names have any case.
 std::filesystem::path HostPath(const std::string& path);
 
 } // namespace morv

@@ -3,6 +3,7 @@
 #include "state.h"
 
 #include <algorithm>
+#include <utility>
 
 using morv::CertaintyWord;
 using morv::Now;
@@ -16,16 +17,18 @@ DATAFACT::Reading DATAFACT::At(int ticks_ago) const {
     return past_[static_cast<std::size_t>(ticks_ago - 1)];
 }
 
+std::string DATAFACT::Told(int ticks_ago) const {
+    const Reading reading = At(ticks_ago);
+    if (reading.certainty <= 0)
+        return std::string(text) + " unknown";
+    const std::string when = " " + std::to_string(ticks_ago) + " ticks ago = ";
+    return (ticks_ago == 0 ? Summary() : text + when + Number(reading.value)) + " (" +
+           CertaintyWord(reading.certainty) + ")";
+}
+
 double DATAFACT::value(int ticks_ago) const {
     const Reading reading = At(ticks_ago);
-    std::string what = ticks_ago == 0 ? Summary()
-                                      : std::string(text) + " " + std::to_string(ticks_ago) +
-                                            " ticks ago = " + Number(reading.value);
-    if (reading.certainty > 0)
-        what += std::string(" (") + CertaintyWord(reading.certainty) + ")";
-    else
-        what = std::string(text) + " unknown";
-    morv::Note(reading.certainty, what);
+    morv::Note(reading.certainty, [&] { return Told(ticks_ago); });
     return reading.value;
 }
 
@@ -47,7 +50,7 @@ bool DATAFACT::Outside() const {
     return now_.value < fact_value.inf_limit || now_.value > fact_value.sup_limit;
 }
 
-const char* DATAFACT::level() const {
+std::string DATAFACT::level() const {
     value();
     return Level();
 }
@@ -66,9 +69,13 @@ std::string DATAFACT::Summary() const {
 void DATAFACT::assign(double value, double certainty) {
     morv::State& now = Now();
     const double most = now.reading ? std::min(now.path, now.rests_on) : now.path;
-    now.reading = false;
-    now_ = {value, std::clamp(std::min(certainty, most), 0.0, double(FULL))};
-    morv::Act("assign " + Summary() + " (" + CertaintyWord(now_.certainty) + ")");
+    const bool computed = std::exchange(now.reading, false);
+    now_ = {value, std::min(morv::InRange(certainty), most)};
+    morv::Act([&] {
+        // What is unknown now is so for what it was computed from.
+        return "assign " + Summary() + " (" + CertaintyWord(now_.certainty) + ")" +
+               (computed && now_.certainty <= 0 ? morv::ReadText() : "");
+    });
 }
 
 DATAFACT& DATAFACT::computed() {
@@ -82,5 +89,6 @@ void DATAFACT::Remember() {
 }
 
 void deduce(DATAFACT* fact) {
-    morv::Trace("initial " + fact->Summary() + " (" + CertaintyWord(fact->certainty()) + ")");
+    if (morv::Now().trace)
+        morv::Trace("initial " + fact->Summary() + " (" + CertaintyWord(fact->certainty()) + ")");
 }

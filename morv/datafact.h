@@ -29,7 +29,7 @@ public:
 
     // "lowest", "low", "normal", "high" or "highest": which level the value has reached; and
     // whether it is outside its limits. An expression rests on them as on the value.
-    const char* level() const;
+    std::string level() const;
     bool outside() const;
 
     // Gives a value. Within a rule it is no more certain than the conditions that led here and the
@@ -48,6 +48,7 @@ private:
         double certainty = 0;
     };
     Reading At(int ticks_ago) const;
+    std::string Told(int ticks_ago) const;
     const char* Level() const;
     bool Outside() const;
 

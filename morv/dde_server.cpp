@@ -5,6 +5,7 @@
 #include "shell.h"
 
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <windows.h>
 
@@ -44,20 +45,22 @@ HDDEDATA Poke(HSZ item, HDDEDATA data) {
     // The text need not have its NUL.
     char text[kLongestText + 1] = {};
     DdeGetData(data, reinterpret_cast<BYTE*>(text), kLongestText, 0);
+    // Clients that send cells of a table end them like lines.
+    text[std::strcspn(text, "\r\n")] = '\0';
     NewData(number, text);
     StampTime();
     morv::Output(std::string("Poke: ") + Items[number] + " = " + text);
     return reinterpret_cast<HDDEDATA>(DDE_FACK);
 }
 
-HDDEDATA CALLBACK Answer(UINT type, UINT, HCONV, HSZ topic, HSZ name, HDDEDATA data, ULONG_PTR,
-                         ULONG_PTR) {
+HDDEDATA CALLBACK Answer(UINT type, UINT format, HCONV, HSZ topic, HSZ name, HDDEDATA data,
+                         ULONG_PTR, ULONG_PTR) {
     switch (type) {
     case XTYP_CONNECT:
         return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(
             DdeCmpStringHandles(topic, g_topic) == 0 && DdeCmpStringHandles(name, g_service) == 0));
     case XTYP_POKE:
-        return Poke(name, data);
+        return format == CF_TEXT ? Poke(name, data) : DDE_FNOTPROCESSED;
     default:
         return nullptr;
     }

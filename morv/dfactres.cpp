@@ -14,11 +14,11 @@ double DATAFACTRESULT::certainty(int ticks_ago) const {
 
 bool DATAFACTRESULT::holds(int ticks_ago) const {
     const double how = certainty(ticks_ago);
-    const std::string when = ticks_ago == 0 ? "" : " " + std::to_string(ticks_ago) + " ticks ago";
-    if (how > 0)
-        morv::Note(how, text + when + " holds (" + morv::CertaintyWord(how) + ")");
-    else
-        morv::Note(FULL, text + when + " does not hold");
+    morv::Note(how > 0 ? how : double(FULL), [&] {
+        return text + (ticks_ago == 0 ? "" : " " + std::to_string(ticks_ago) + " ticks ago") +
+               (how > 0 ? std::string(" holds (") + morv::CertaintyWord(how) + ")"
+                        : " does not hold");
+    });
     return how > 0;
 }
 
@@ -26,8 +26,13 @@ bool DATAFACTRESULT::Conclude(double certainty) {
     for (const DATAFACTRESULT* opposite : opposites_)
         if (opposite->of_tick_ && opposite->now_ > certainty)
             return false;
-    for (DATAFACTRESULT* opposite : opposites_)
+    for (DATAFACTRESULT* opposite : opposites_) {
+        if (opposite->now_ > 0)
+            morv::Act([&] {
+                return std::string("retract ") + opposite->text + ": it is the opposite of " + text;
+            });
         opposite->Retract();
+    }
     now_ = of_tick_ ? std::max(now_, certainty) : certainty;
     of_tick_ = true;
     return true;
@@ -53,18 +58,22 @@ void set_opposites(DATAFACTRESULT& one, DATAFACTRESULT& other) {
 
 void deduce(DATAFACTRESULT* result, double certainty) {
     morv::State& now = morv::Now();
-    const double how = std::min({certainty, now.path, double(FULL)});
-    const std::string what = std::string("deduce ") + result->text;
+    const double how = std::min(morv::InRange(certainty), now.path);
+    const auto tell = [&](double told, const char* more) {
+        morv::Act([&] {
+            return std::string("deduce ") + result->text + " (" + morv::CertaintyWord(told) + ")" +
+                   more;
+        });
+    };
     if (how <= 0)
-        return morv::Act(what + ": nothing is certain about it");
+        return tell(how, ": nothing is certain about it");
     if (!result->Conclude(how))
-        return morv::Act(what + " (" + morv::CertaintyWord(how) +
-                         "): its opposite is more certain");
+        return tell(how, ": its opposite is more certain");
     ++now.conclusions;
-    morv::Act(what + " (" + morv::CertaintyWord(result->certainty()) + ")");
+    tell(result->certainty(), "");
 }
 
 void retract(DATAFACTRESULT* result) {
     result->Retract();
-    morv::Act(std::string("retract ") + result->text);
+    morv::Act([&] { return std::string("retract ") + result->text; });
 }

@@ -23,25 +23,23 @@ void StartReading() {
     now.read.clear();
 }
 
-void Note(double certainty, const std::string& what) {
-    State& now = Now();
-    if (!now.reading)
-        return;
-    now.rests_on = std::min(now.rests_on, certainty);
-    if (now.read.find(what) == std::string::npos) // a fact may be read twice
-        now.read += (now.read.empty() ? "" : "; ") + what;
+void NoteForTrace(const std::string& what) {
+    std::vector<std::string>& read = Now().read;
+    if (std::find(read.begin(), read.end(), what) == read.end())
+        read.push_back(what);
+}
+
+std::string ReadText() {
+    std::string text;
+    for (const std::string& each : Now().read)
+        text += (text.empty() ? "  [" : "; ") + each;
+    return text.empty() ? text : text + "]";
 }
 
 void Trace(const std::string& line) {
     const State& now = Now();
     if (now.trace)
         Output(std::string(static_cast<std::size_t>(now.depth) * 2, ' ') + line);
-}
-
-void Act(const std::string& what) {
-    ++Now().rule_acts;
-    if (Now().depth > 0)
-        Trace(what);
 }
 
 std::string Number(double value) {
@@ -54,7 +52,7 @@ const char* CertaintyWord(double certainty) {
     static const char* const words[] = {"NULL",       "VERYLOW",  "LOW",
                                         "NOTVERYLOW", "NORMAL",   "NOTVERYHIGH",
                                         "HIGH",       "VERYHIGH", "FULL"};
-    return words[static_cast<int>(std::clamp(certainty, 0.0, double(FULL)))];
+    return words[static_cast<int>(InRange(certainty))];
 }
 
 ResultNames::ResultNames(std::initializer_list<NamedResult> results) {
@@ -114,7 +112,7 @@ Rule::Rule(const char* system, const char* name) {
 
 Rule::~Rule() {
     if (Now().rule_acts == 0)
-        Trace("nothing done");
+        Trace("nothing concluded");
     --Now().depth;
 }
 
@@ -124,10 +122,6 @@ Reading::Reading() {
 
 double Reading::Certainty() const {
     return Now().rests_on;
-}
-
-const std::string& Reading::Text() const {
-    return Now().read;
 }
 
 void Reading::End() {
@@ -156,8 +150,7 @@ void Condition::Take(const char* text, bool value, Reading& reading) {
     least_ = std::min(least_, certainty);
     if (Now().trace)
         Trace(kKinds[static_cast<int>(kind_)] + std::string(" ") + text + " : " + Word(truth) +
-              " (" + CertaintyWord(certainty) + ")" +
-              (reading.Text().empty() ? "" : "  [" + reading.Text() + "]"));
+              " (" + CertaintyWord(certainty) + ")" + ReadText());
 }
 
 Truth Condition::Outcome() const {

@@ -73,8 +73,7 @@ public:
 class Reading {
 public:
     Reading();
-    double Certainty() const;        // of the least certain fact or result read
-    const std::string& Text() const; // each of them with its value
+    double Certainty() const; // of the least certain fact or result read
     void End();
 };
 
@@ -94,18 +93,20 @@ public:
         Take(text, value, reading);
     }
 
-    // Evaluates the expression of IfAny for each fact, which is `PF` meanwhile; the first one for
-    // which it is true stays in `PF`.
+    // Evaluates the expression of IfAny for each fact, which is `PF` meanwhile; at the end `PF` is
+    // the first one for which it was true.
     template <class Expression>
     void Any(const std::vector<DATAFACT*>& facts, DATAFACT*& PF, const char* text,
              Expression expression) {
+        DATAFACT* first = NoFact();
         for (DATAFACT* fact : facts) {
             PF = fact;
+            const bool held = Holds();
             Test(text, expression);
-            if (Holds())
-                return;
+            if (!held && Holds())
+                first = fact;
         }
-        PF = NoFact();
+        PF = first;
     }
 
     bool Holds() const { return Outcome() == Truth::True; }

@@ -25,6 +25,10 @@ bool IsEndOfIf(const std::string& word) {
                        [&](const IfWord& known) { return word == known.end; });
 }
 
+bool IsNumber(const std::string& word) {
+    return !word.empty() && word.find_first_not_of("0123456789") == std::string::npos;
+}
+
 // One of the expressions in the brackets of a block.
 struct Expression {
     std::string code;  // as it stands
@@ -100,8 +104,10 @@ private:
         // The number stays on its line; it is all that stands there.
         SkipBlanks();
         std::string number;
-        if (at_ < tokens_.size() && tokens_[at_].kind == Token::Word)
+        if (at_ < tokens_.size() && IsNumber(tokens_[at_].text))
             number = tokens_[at_++].text;
+        else
+            complaints_.push_back({open_.back().line, "Rule without its number"});
         out_ += "{ morv::Rule morv_rule(" + Quoted(system_) + ", " + Quoted(number) + ");";
     }
 
@@ -215,13 +221,20 @@ private:
         ++at_;
     }
 
+    // Whether the word stands behind "." or "->".
+    bool IsMember() const {
+        std::size_t at = at_;
+        while (at > 0 &&
+               (tokens_[at - 1].kind == Token::Blank || tokens_[at - 1].kind == Token::Comment))
+            --at;
+        return at > 0 && (tokens_[at - 1].text == "." ||
+                          (at > 1 && tokens_[at - 1].text == ">" && tokens_[at - 2].text == "-"));
+    }
+
     // A word of C++. Inside a rule the value that a fact is assigned rests on what it is computed
     // from.
     void Statement(const std::string& word) {
-        const bool member =
-            at_ > 0 && (tokens_[at_ - 1].text == "." ||
-                        (at_ > 1 && tokens_[at_ - 1].text == ">" && tokens_[at_ - 2].text == "-"));
-        out_ += member && word == "assign" && !open_.empty() ? "computed().assign" : word;
+        out_ += IsMember() && word == "assign" && !open_.empty() ? "computed().assign" : word;
         ++at_;
     }
 

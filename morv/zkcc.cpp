@@ -2,21 +2,15 @@
 // Its words are those of command_line.h. What the compilers say goes to zkcc.log in the project
 // folder.
 #include "command_line.h"
+#include "run_tool.h"
 #include "translate.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
-#ifdef _WIN32
-#include <process.h>
-#define getpid _getpid
-#else
-#include <unistd.h>
-#endif
-
 namespace fs = std::filesystem;
+using morv::HostPath;
 
 namespace {
 
@@ -27,10 +21,11 @@ constexpr char kResourceCompiler[] = "windres";
 constexpr char kCompiler[] = "x86_64-w64-mingw32-g++";
 constexpr char kResourceCompiler[] = "x86_64-w64-mingw32-windres";
 #endif
+constexpr char kLog[] = "zkcc.log";
 
 // The sources of the runtime beside the API main.
-constexpr const char* kRuntime[] = {"datafact.cpp", "dde_server.cpp", "dfactres.cpp",
-                                    "inf_eng.cpp"};
+constexpr const char* kRuntime[] = {"datafact.cpp", "dde_server.cpp", "dfactres.cpp", "inf_eng.cpp",
+                                    "output_list.cpp"};
 
 bool ReadFile(const fs::path& path, std::string& text) {
     std::ifstream file(path, std::ios::binary);
@@ -40,34 +35,30 @@ bool ReadFile(const fs::path& path, std::string& text) {
     return file.good();
 }
 
-// An argument for the system's shell. (Windows file names hold no double quotes.)
-std::string Argument(const std::string& text) {
-#ifdef _WIN32
-    return '"' + text + '"';
-#else
-    std::string quoted = "'";
-    for (const char c : text)
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-#endif
-}
-
+// One run. All that it makes stands in a folder of its own until it is whole: Execute starts a run
+// while that of Compile may still be at work.
 class Build {
 public:
     explicit Build(const morv::Job& job)
-        : job_(job), log_(job.project / "zkcc.log"), unique_(std::to_string(getpid())),
-          translated_(job.project / (job.program + "_rules.cpp")),
-          resources_(job.project / (job.program + unique_ + ".o")),
-          made_(job.project / (job.program + unique_ + ".tmp")) {}
+        : job_(job),
+          folder_(job.project /
+                  HostPath(job.program + std::to_string(morv::ProcessNumber()) + ".tmp")),
+          log_(folder_ / kLog), translated_(folder_ / "rules.cpp"),
+          resources_(folder_ / "resources.o"), made_(folder_ / "program.exe") {}
 
     bool All() {
-        std::ofstream(log_, std::ios::binary).close();
+        std::error_code error;
+        fs::remove(job_.project / kLog, error); // of the run before
+        fs::create_directory(folder_, error);
+        if (!job_.compiler.empty())
+            morv::LookFirstIn(job_.compiler);
         const bool done =
             TranslateRules() && CompileResources() && CompileProgram() && PutInPlace();
-        std::error_code ignored;
-        fs::remove(resources_, ignored);
-        fs::remove(made_, ignored);
         Log(done ? "zkcc: made " + job_.program + ".exe" : "zkcc: failed");
+        fs::rename(log_, job_.project / kLog, error);
+        if (error)
+            std::fprintf(stderr, "zkcc: cannot write %s\n", kLog);
+        fs::remove_all(folder_, error);
         return done;
     }
 
@@ -80,7 +71,7 @@ private:
         std::string source, header;
         const std::string header_name = job_.rules.substr(0, job_.rules.size() - 3) + "h";
         for (const auto& [name, text] : {std::pair{job_.rules, &source}, {header_name, &header}})
-            if (!ReadFile(job_.project / name, *text)) {
+            if (!ReadFile(job_.project / HostPath(name), *text)) {
                 Log("cannot read " + name);
                 return false;
             }
@@ -91,7 +82,7 @@ private:
         file << translation.text;
         file.close();
         if (!file)
-            Log("cannot write " + translated_.filename().string());
+            Log("cannot write " + translated_.string());
         return file.good() && translation.errors.empty();
     }
 
@@ -100,8 +91,8 @@ private:
     bool CompileResources() const {
         std::error_code error;
         fs::current_path(job_.runtime, error);
-        return !error && Run(Tool(kResourceCompiler),
-                             {job_.resource, "-O", "coff", "-o", resources_.string()});
+        return !error &&
+               Run(kResourceCompiler, {job_.resource, "-O", "coff", "-o", resources_.string()});
     }
 
     bool CompileProgram() const {
@@ -115,62 +106,60 @@ private:
         }
         arguments.push_back(translated_.string());
         arguments.push_back((job_.project / job_.dde).string());
-        arguments.push_back((job_.runtime / (job_.api + ".cpp")).string());
+        arguments.push_back((job_.runtime / HostPath(job_.api + ".cpp")).string());
         for (const char* name : kRuntime)
             arguments.push_back((job_.runtime / name).string());
         arguments.push_back(resources_.string());
         arguments.emplace_back("-o");
         arguments.push_back(made_.string());
-        return Run(Tool(kCompiler), arguments);
+        return Run(kCompiler, arguments);
     }
 
-    // The program appears whole, for who waits for it; one that runs under Windows stays.
+    // The program appears whole; one that runs under Windows stays.
     bool PutInPlace() const {
         std::error_code error;
-        fs::rename(made_, job_.project / (job_.program + ".exe"), error);
+        fs::rename(made_, job_.project / HostPath(job_.program + ".exe"), error);
         if (error)
             Log("cannot replace " + job_.program +
                 ".exe, which may be running: " + error.message());
         return !error;
     }
 
-    // A tool in the compiler path, under its own or its plain name, else wherever the system finds
-    // it.
+    // In the compiler path a tool may have its plain name.
     std::string Tool(const std::string& name) const {
         const std::string plain = name.substr(name.rfind('-') + 1);
-        for (const std::string& file : {name, name + ".exe", plain, plain + ".exe"})
-            if (!job_.compiler.empty() && fs::exists(job_.compiler / file))
+        for (const std::string& file : {name, name + ".exe", plain, plain + ".exe"}) {
+            std::error_code error;
+            if (!job_.compiler.empty() && fs::exists(job_.compiler / file, error))
                 return (job_.compiler / file).string();
+        }
         return name;
     }
 
-    bool Run(const std::string& tool, const std::vector<std::string>& arguments) const {
-        std::string line = Argument(tool);
-        for (const std::string& argument : arguments)
-            line += " " + Argument(argument);
-        line += " >>" + Argument(log_.string()) + " 2>&1";
-#ifdef _WIN32
-        line = '"' + line + '"'; // the shell takes the outer quotes off
-#endif
-        const int code = std::system(line.c_str());
-        if (code != 0)
-            Log(tool + " ended with " + std::to_string(code));
+    bool Run(const std::string& name, const std::vector<std::string>& arguments) const {
+        const int code = morv::RunTool(Tool(name), arguments, log_);
+        if (code == morv::kNoTool)
+            Log("no " + name +
+                " found: g++ and windres of MinGW-w64 are needed, in the Compiler Path or the "
+                "PATH");
+        else if (code != 0)
+            Log(name + " ended with " + std::to_string(code));
         return code == 0;
     }
 
     const morv::Job& job_;
-    const fs::path log_;
-    const std::string unique_;
-    const fs::path translated_, resources_, made_;
+    const fs::path folder_, log_, translated_, resources_, made_;
 };
 
 } // namespace
 
 int main(int count, char** words) {
     morv::Job job;
-    const std::string wrong = morv::ReadCommandLine({words + 1, words + count}, job);
+    const std::string wrong = morv::ReadCommandLine(morv::CommandWords(count, words), job);
     if (!wrong.empty()) {
         std::fprintf(stderr, "zkcc: %s\n", wrong.c_str());
+        if (!job.project.empty())
+            std::ofstream(job.project / kLog, std::ios::binary) << wrong << "\nzkcc: failed\n";
         return 2;
     }
     return Build(job).All() ? 0 : 1;

@@ -56,7 +56,8 @@ its first '.'. A folder in your profile will not do when your user name has one.
 !insertmacro MUI_PAGE_INSTFILES
 
 !define MUI_FINISHPAGE_TEXT "To open the sample choose MORV Project > Open MORV and \
-$Work\boiler\boiler.mrv.$\r$\n$\r$\nBuilding the program of a project needs a g++ for Windows on the PATH."
+$Work\boiler\boiler.mrv.$\r$\n$\r$\nBuilding the program of a project needs the g++ and windres of MinGW-w64, in the PATH or as \
+Compiler Path in Compile > Tools."
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "Start Zentrik"
 !define MUI_FINISHPAGE_RUN_FUNCTION StartZentrik
@@ -145,9 +146,14 @@ Section
     ${If} ${FileExists} "$Work\toolfile.tol"
         DetailPrint "$Work is a work folder already and stays as it is"
     ${Else}
-        ; The compiler command is the start of a command line: it keeps its quotes for the blanks in it.
-        nsExec::ExecToLog '"$INSTDIR\make_sample.exe" "$INSTDIR\examples\boiler" "$Work" \
-            "\"$INSTDIR\morv\zkcc.bat\""'
+        ; A backslash before the closing quote would take it into the argument.
+        StrCpy $0 "$Work" 1 -1
+        ${If} $0 == "\"
+            StrCpy $1 "$Work" -1
+        ${Else}
+            StrCpy $1 "$Work"
+        ${EndIf}
+        nsExec::ExecToLog '"$INSTDIR\make_sample.exe" "$INSTDIR\examples\boiler" "$1"'
         Pop $0
         ${If} $0 != 0
             SetErrorLevel 3
@@ -174,8 +180,6 @@ Section "Uninstall"
     DetailPrint "The work folder stays: $Work"
     Delete "$SMPROGRAMS\Zentrik.lnk"
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
-    ; zkcc.bat makes this one.
-    Delete "$INSTDIR\morv\zkcc.exe"
     Delete "$INSTDIR\uninstall.exe"
     SetOutPath "$TEMP" ; the current folder cannot be removed
     !include "${REMOVE}"

@@ -11,7 +11,7 @@ extern HWND hFrame;              // the frame window
 extern HWND hMdiC;               // the MDI client
 extern HWND hTool;               // the toolbar; none on Windows NT
 extern int nt;                   // 1 on Windows NT, else 0
-extern char WorkPath[kNameSize]; // the folder the program was started in, without a last '\'
+extern char WorkPath[kNameSize]; // current at the start, without a last '\'; has the tools file
 
 extern ZKPROJECT Project; // the one project document
 extern ZKSYSTEMS System;  // the one system document

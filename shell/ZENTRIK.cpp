@@ -115,7 +115,7 @@ LRESULT OnPaint(HWND frame) {
     return 0;
 }
 
-// The client fills the frame until the next paint.
+// Without room for the toolbar; Layout makes it again when the frame is painted.
 LRESULT OnSize(int width, int height) {
     MoveWindow(hMdiC, 0, 0, width, height, TRUE);
     return 0;

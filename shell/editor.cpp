@@ -17,12 +17,6 @@ std::optional<bool> (*SaveRuleText)(HWND child);
 
 namespace {
 
-std::string Title(HWND child) {
-    char title[kNameSize] = "";
-    GetWindowTextA(child, title, sizeof title);
-    return title;
-}
-
 bool IsModified(HWND edit) {
     return SendMessageA(edit, EM_GETMODIFY, 0, 0) != 0;
 }
@@ -46,7 +40,7 @@ bool SaveAtExit(HWND child) {
     if (SaveRuleText)
         if (const std::optional<bool> saved = SaveRuleText(child))
             return *saved;
-    std::string path = Title(child);
+    std::string path = ChildTitle(child);
     if (path == "untitled" && !AskForName(path))
         return false;
     if (WriteEdit(TopChild(child), path.c_str()))
@@ -94,7 +88,6 @@ void OpenFile() {
     char name[kNameSize];
     if (OpenDlg(" Files (*.cpp)\0*.cpp\0", "Open File", ".cpp", name, OFN_CREATEPROMPT) != 0)
         return;
-    EditState = 1;
     OpenEdit(name);
 }
 
@@ -106,7 +99,7 @@ void SaveFile(HWND hwnd) {
         WarnNoFile();
         return;
     }
-    const std::string path = Title(hwnd);
+    const std::string path = ChildTitle(hwnd);
     if (path == "untitled") {
         SaveFileAs(hwnd);
         return;
@@ -139,7 +132,7 @@ int CloseFile(HWND hwnd) {
     const Answer answer = IsModified(edit) ? AskToSave(edit) : Answer::No;
     if (answer == Answer::Cancel)
         return 1;
-    std::string path = Title(hwnd);
+    std::string path = ChildTitle(hwnd);
     // A cancelled name dialog closes too and drops the text.
     if (answer == Answer::Yes && (path != "untitled" || AskForName(path)) &&
         !WriteEdit(edit, path.c_str())) {

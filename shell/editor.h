@@ -28,5 +28,5 @@ bool SaveEditors();         // at exit: asks for every changed editor; false whe
 // flag. On failure returns false and shows nothing.
 bool WriteEdit(HWND edit, const char* path);
 
-// The whole text of an edit control, and setting it from a whole file.
+// The whole text of an edit control.
 std::string EditText(HWND edit);

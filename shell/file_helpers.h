@@ -42,12 +42,12 @@ private:
 // Writes the line end CR LF.
 void Return(OutputFile& han);
 
-// Writes `Text` when it is at most 256 characters long; a longer text is left out without a word.
-// With `ret` 1 a line end follows in either case.
+// Writes `Text`, or nothing at all, without a word, when it has more than 256 characters. With
+// `ret` 1 a line end follows in either case.
 void WriteFile(OutputFile& han, std::string_view Text, int ret);
 
-// Shows why the last file operation failed: caption "WARNING", stop icon, no owner. Reasons other
-// than a missing file, too many open files, no permission and a wrong access mode show nothing.
+// Shows in a box "WARNING" of its own why the last file operation failed. Reasons other than a
+// missing file, too many open files, no permission and a wrong access mode show nothing.
 void GetErr();
 
 // Shows why a file could not be saved: as GetErr, but other reasons get a text too.

@@ -13,6 +13,20 @@ void ShowHelp(HWND hwnd, UINT command, ULONG_PTR data) {
     WinHelpA(hwnd, file.c_str(), command, data);
 }
 
+INT_PTR CALLBACK AboutDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+    case WM_INITDIALOG:
+        return TRUE;
+    case WM_COMMAND:
+        // Esc and the close box come as IDCANCEL.
+        if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)
+            EndDialog(hwnd, 0);
+        return FALSE;
+    default:
+        return DialogColours(message, wParam);
+    }
+}
+
 } // namespace
 
 void ContentsHelp(HWND hwnd) {
@@ -29,18 +43,4 @@ void TopicHelp(HWND hwnd, DWORD topic) {
 
 void AboutZentrik(HWND hwnd) {
     RunDialog(hwnd, "About", AboutDlg);
-}
-
-INT_PTR CALLBACK AboutDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        return TRUE;
-    case WM_COMMAND:
-        // Esc and the close box come as IDCANCEL.
-        if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)
-            EndDialog(hwnd, 0);
-        return FALSE;
-    default:
-        return DialogColours(message, wParam);
-    }
 }

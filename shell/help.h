@@ -7,4 +7,3 @@ void ContentsHelp(HWND hwnd);           // the help file's contents
 void IndexHelp(HWND hwnd);              // the help file's index topic
 void AboutZentrik(HWND hwnd);           // the About box
 void TopicHelp(HWND hwnd, DWORD topic); // a topic of the help file by context number
-INT_PTR CALLBACK AboutDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,5 +1,5 @@
-// MDI children: creating, finding, restoring and destroying them. A document's control is the
-// topmost child window of its MDI child; topmost means first in Z order.
+// MDI children: creating, finding, restoring and destroying them. Each holds one control, which is
+// found by its place: nothing in the child lies above it.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ constexpr int MdiChFirstIdent = 500; // identifier of the first MDI child
 
 extern int EDC_ID; // identifier of the next text editor's edit control
 
-// Creates an MDI child of class `typ` with title `nom`; returns 0 when the client refuses.
+// Makes a window of class `typ` with title `nom`; 0 when the client does not take it.
 HWND CrearMdiCh(const char* typ, const char* nom);
 
 // Destroys an MDI child and activates the next one. Returns the client's answer; for a child that
@@ -19,10 +19,10 @@ LRESULT DestroyMdiCh(HWND hwnd);
 // Activates a child and restores it from maximised or minimised.
 void RestoreMdiCh(HWND hwnd);
 
-// Puts the control of the topmost child into `edit`; 1 when the user has changed its text.
+// Puts TextHwnd() into `edit`; not 0 when the user has changed its text.
 int TextState(HWND& edit);
 
-HWND TextHwnd();         // the topmost child's topmost control
+HWND TextHwnd();         // the control of GetMdi()
 HWND GetMdi();           // the topmost MDI child, 0 when there is none
 void NextMdi(HWND hwnd); // activates the child after `hwnd`
 HWND GetFrame();         // the client's parent

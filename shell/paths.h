@@ -1,5 +1,5 @@
-// File names derived from paths. A path is cut at its first '.', also when that stands in a folder
-// name: existing projects have their side files where this rule puts them.
+// Names made from the path of a document. What follows the path's first '.' never counts, be it
+// an extension or the rest of a folder: existing projects have their side files named so.
 #pragma once
 
 #include <string>

@@ -14,12 +14,6 @@ namespace {
 HWND held_child;
 HWND held_edit;
 
-std::string Title(HWND hwnd) {
-    char title[kNameSize] = "";
-    GetWindowTextA(hwnd, title, sizeof title);
-    return title;
-}
-
 // Positions in an edit control count characters, which are bytes only then.
 bool OneByteCharacters() {
     CPINFO page{};
@@ -63,7 +57,7 @@ void SetModified(HWND edit, bool modified) {
 
 void HoldRuleWindow() {
     const HWND child = GetMdi();
-    const bool found = child && IsEditor(child) && Title(child) == Text(RuleFile);
+    const bool found = child && IsEditor(child) && ChildTitle(child) == Text(RuleFile);
     held_child = found ? child : nullptr;
     held_edit = found ? TextHwnd() : nullptr;
 }

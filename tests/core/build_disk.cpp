@@ -199,8 +199,9 @@ void PutRuntimeTemplates(const Disk& disk) {
     EXPECT_EQ(sample::WriteRuntime(std::string(SOURCE_FOLDER) + "/morv", disk.Path("morv")), "");
 }
 
-void ExpectGolden(const std::string& name, const std::string& content) {
-    const std::string path = std::string(SOURCE_FOLDER) + "/tests/core/golden/plant/" + name;
+void ExpectGolden(const std::string& name, const std::string& content, const std::string& project) {
+    const std::string path =
+        std::string(SOURCE_FOLDER) + "/tests/core/golden/" + project + "/" + name;
     std::ostringstream golden;
     golden << std::ifstream(path, std::ios::binary).rdbuf();
     if (golden.str() != content)

@@ -58,8 +58,9 @@ SystemFile EmptySystem();
 // them.
 void PutRuntimeTemplates(const Disk& disk);
 
-// Compares with tests/core/golden/plant/`name`. What differs is written beside it as `name`.new;
-// take it over by hand when it is right.
-void ExpectGolden(const std::string& name, const std::string& content);
+// Compares with tests/core/golden/`project`/`name`. What differs is written beside it as
+// `name`.new; take it over by hand when it is right.
+void ExpectGolden(const std::string& name, const std::string& content,
+                  const std::string& project = "plant");
 
 } // namespace zentrik_test

@@ -13,11 +13,7 @@ public:
     void SystemFile(const char* path) override { log.push_back("system " + std::string(path)); }
     void RulesFile(const char* path) override { log.push_back("rules " + std::string(path)); }
     void RuleName(const std::string& name) override { log.push_back("rule " + name); }
-    void Progress(char c, bool last_of_rule) override {
-        progress += 1;
-        if (last_of_rule)
-            last_characters += c;
-    }
+    void Progress(char c) override { progress += c; }
     void Finding(const std::string& line) override {
         findings.push_back(line);
         log.push_back("finding " + line);
@@ -30,8 +26,7 @@ public:
     std::string results_file;
     std::vector<std::string> findings;
     std::vector<std::string> log; // everything but the progress, in order
-    std::string last_characters;  // of each rule
-    int progress = 0;
+    std::string progress;         // its characters
 };
 
 inline RuleIndexRecord IndexRecord(const std::string& name, std::int32_t size) {

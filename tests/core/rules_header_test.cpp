@@ -145,6 +145,18 @@ TEST(RulesHeader, StopsAtAMissingExternFile) {
     EXPECT_TRUE(header.Text().ends_with("#include \"inf_eng.h\"\r\n\r\n"));
 }
 
+TEST(RulesHeader, KeepsTheIncludesOfTheExternFilesBeforeTheMissingOne) {
+    Header header;
+    header.disk.Put("extern.cpp", "#include <a>\r\n");
+    SetText(header.project.ExternFiles[2], header.disk.Path("none.cpp"));
+    SetText(header.project.ExternFiles[3], header.disk.Path("extern.cpp"));
+    header.project.ExtNum = 3;
+    EXPECT_EQ(header.Create(), -1);
+    EXPECT_EQ(header.boxes.shown,
+              (Lines{"Rule.Cpp: Extern File Error", "WARNING: No such file or directory"}));
+    EXPECT_TRUE(header.Text().ends_with("#include \"inf_eng.h\"\r\n\r\n#include <a>\r\n"));
+}
+
 TEST(RulesHeader, StopsAtAMissingResultsFile) {
     Header header;
     header.disk.Remove("plant.aux");

@@ -277,6 +277,18 @@ TEST(RulesSource, StopsAtAMissingExternFile) {
     EXPECT_TRUE(source.Written().ends_with("//- Extern Functions\r\n"));
 }
 
+TEST(RulesSource, KeepsTheExternFilesBeforeTheMissingOne) {
+    Source source;
+    source.disk.Put("extern.cpp", "int f();");
+    SetText(source.project.ExternFiles[2], source.disk.Path("none.cpp"));
+    SetText(source.project.ExternFiles[3], source.disk.Path("extern.cpp"));
+    source.project.ExtNum = 3;
+    EXPECT_EQ(source.Create(), -1);
+    EXPECT_EQ(source.boxes.shown,
+              (Lines{"WARNING: No such file or directory", "Rule.Cpp: Error During Extern Copy"}));
+    EXPECT_TRUE(source.Written().ends_with("//- Extern Functions\r\nint f();\r\n"));
+}
+
 TEST(RulesSource, StopsAtASystemFileThatCannotBeRead) {
     for (const char* how : {"missing", "short", "facts gone", "folder"}) {
         Source source;

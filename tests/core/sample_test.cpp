@@ -210,7 +210,7 @@ public:
     void SystemFile(const char*) override {}
     void RulesFile(const char*) override {}
     void RuleName(const std::string&) override {}
-    void Progress(char, bool) override {}
+    void Progress(char) override {}
     void Finding(const std::string& line) override { lines.push_back(line); }
     std::string ResultsFile() override { return results_; }
 
@@ -249,8 +249,8 @@ TEST_F(Sample, WritesTextsWithCrLfAndTheHeaderWithItsMarker) {
                   std::count(text.begin(), text.end(), '\r'));
         EXPECT_TRUE(text.ends_with("\r\n")) << name;
     }
-    EXPECT_NE(Content(Text(Systems()[0].head.HeaderName)).find("ZkRules"), std::string::npos);
-    EXPECT_EQ(Text(Systems()[1].head.HeaderName), "");
+    for (const SystemFile& system : Systems())
+        EXPECT_NE(Content(Text(system.head.HeaderName)).find("ZkRules"), std::string::npos);
 }
 
 TEST_F(Sample, WritesTheTemplatesAndTheToolsFile) {
@@ -261,7 +261,7 @@ TEST_F(Sample, WritesTheTemplatesAndTheToolsFile) {
     EXPECT_EQ(tools.compilers, std::vector<std::string>{"C:\\tools\\zkc.exe"});
     for (const char* name : {"consts1.dat", "consts2.dat", "consts3.dat", "ddecom1.dat",
                              "ddecom2.dat", "ddecom3.dat", "ddecom4.dat"})
-        EXPECT_TRUE(Content(tools.path + "\\" + name).ends_with("\r\n\n")) << name;
+        EXPECT_TRUE(Content(tools.path + "\\" + name).ends_with("\r\n\x1a")) << name;
 }
 
 TEST_F(Sample, SameSourceGivesTheSameBytes) {
@@ -274,7 +274,7 @@ TEST_F(Sample, SameSourceGivesTheSameBytes) {
         return content;
     };
     const auto before = snapshot();
-    EXPECT_EQ(before.size(), 43u);
+    EXPECT_EQ(before.size(), 45u);
     ASSERT_EQ(sample::WriteSample(kBoiler, work_, "C:\\tools\\zkc.exe"), "");
     EXPECT_EQ(snapshot(), before);
 }
@@ -302,6 +302,29 @@ TEST(SampleSource, TakesRowsAsTheyAreWhereThereAreNoSettings) {
     ASSERT_EQ(source.tags.size(), 1u);
     EXPECT_EQ(source.tags[0].rows, (std::vector<std::string>{"a = b", ".high"}));
 }
+
+#ifndef _WIN32
+
+// What is handed out has the compiler utility beside the runtime.
+TEST(SampleWriter, RegistersTheUtilityThatComesWithTheRuntime) {
+    const TempFolder temp;
+    std::filesystem::create_directories(temp.Path("examples"));
+    std::filesystem::create_directory(temp.Path("c"));
+    for (const char* folder : {"examples/boiler", "morv"})
+        std::filesystem::copy(std::string(SOURCE_FOLDER) + "/" + folder, temp.Path(folder));
+    temp.Put("morv/zkcc.exe", std::string("MZ\n\0\r", 5));
+    files::SetDriveRoot(temp.Path(""));
+    ASSERT_EQ(sample::WriteSample(temp.Path("examples/boiler"), "C:\\", ""), "");
+    ToolsFile tools;
+    EXPECT_TRUE(ReadTools("C:\\toolfile.tol", tools));
+    files::SetDriveRoot("");
+    EXPECT_EQ(tools.path, "C:\\morv");
+    EXPECT_EQ(tools.com, "\"C:\\morv\\zkcc.exe\"");
+    EXPECT_EQ(tools.compilers, std::vector<std::string>{tools.com});
+    EXPECT_EQ(temp.Content("c/morv/zkcc.exe"), std::string("MZ\n\0\r", 5));
+}
+
+#endif
 
 TEST(SampleWriter, NeedsAWorkFolderWithoutADot) {
     EXPECT_NE(sample::WriteSample(kBoiler, "C:\\my.work", ""), "");

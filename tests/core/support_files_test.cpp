@@ -122,7 +122,8 @@ TEST(Templates, LoseTheirLastByte) {
     EXPECT_EQ(WriteDdecom(support.in), 0);
     EXPECT_EQ(support.disk.Content("ddecom.h").find('x'), std::string::npos);
     EXPECT_TRUE(support.disk.Content("ddecom.h").ends_with("};\r\n"));
-    EXPECT_NE(support.SourceFrom("void NewData").size(), 0u);
+    EXPECT_NE(support.disk.Content("ddecom.cpp").find("//\r\n\r\nInformacio DDEinfo;"),
+              std::string::npos);
     EXPECT_NE(support.disk.Content("ddecom.cpp").find("};\r\nab\r\nvoid NewData"),
               std::string::npos);
 }
@@ -271,7 +272,8 @@ TEST(Consts, SaysWhenTheDiskIsFull) {
         files::FailWritesAfter(room);
         EXPECT_EQ(WriteConsts(support.in, support.last_read), -1);
         files::FailWritesAfter(-1);
-        EXPECT_EQ(support.boxes.shown.front(), "WARNING: No space left on the disk") << room;
+        EXPECT_EQ(support.boxes.shown, Lines{"WARNING: No space left on the disk"}) << room;
+        EXPECT_EQ(support.disk.Content("work\\Ktype.tmp").empty(), room == 0);
     }
 }
 

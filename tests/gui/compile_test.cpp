@@ -2,6 +2,7 @@
 // the compiler and the built program are started with.
 #include "build/tools_file.h"
 #include "tests/core/build_disk.h"
+#include "tests/gui/blocked_files.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
@@ -109,6 +110,16 @@ TEST_F(CompileTest, ReportsASourceThatCannotBeMade) {
     ExpectFailure(Missing("main.cpp"), {{"Main File Error", kRule}, {kMissing, kGetErr}, last});
 }
 
+TEST_F(CompileTest, ASystemMarkedReadOnlyCannotBeOpened) {
+    App& app = RunSample();
+    const ReadOnlyFile mark(app.Path("tank.lse"));
+    app.Start(CM_COMPILE);
+    Expect(app, {{"Open Engine error", kRule},
+                 {"Rules.cpp creation error", kCompile},
+                 {"Error de Compilacio", "Zentrik 2.0a"}});
+    app.Finish();
+}
+
 TEST_F(CompileTest, ShowsHowFarTheSourceGot) {
     App& app = RunSample(Missing("main.cpp"));
     app.Start(CM_COMPILE);
@@ -194,6 +205,74 @@ TEST_F(CompileTest, StartsTheCompilerWithOneLine) {
                                      "\n" + folder + "\n");
 }
 
+// Works the dialog of the compiler tools.
+void TakeCompiler(App& app, const std::string& com) {
+    app.Start(CM_TOOLS);
+    Dialog tools = app.WaitDialog("Compile Tools");
+    tools.SetText(TOOL_COMMAND, com);
+    tools.Click(IDOK);
+    app.Finish();
+}
+
+TEST_F(CompileTest, NewToolsHoldAtOnce) {
+    App& app = RunSample(
+        [](const WorkFolder& work) {
+            PutRecorder(work, "old");
+            PutRecorder(work, "new");
+        },
+        "old.exe");
+    TakeCompiler(app, "");
+    app.Command(CM_COMPILE);
+    TakeCompiler(app, app.Path("new.exe"));
+    app.Command(CM_COMPILE);
+    EXPECT_TRUE(Args(app, "new").starts_with(app.Path("new.exe") + " apimorv "));
+    EXPECT_FALSE(FileExists(app.Path("old.args")));
+    EXPECT_FALSE(FileExists(app.Path("old.args.part")));
+}
+
+class OpenSystemTest : public CompileTest {
+protected:
+    // The program with the sample project and, open, a system that is none of its own.
+    App& RunBoth(const App::Setup& change = {}) {
+        App& app = RunSample([&](const WorkFolder& work) {
+            PutSystem(work, "other", {"Rule 1\r\nEndRule\r\n"});
+            if (change)
+                change(work);
+        });
+        app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("other.lse"));
+        return app;
+    }
+
+    // What the open system is saved as.
+    static SystemFile Saved(App& app) {
+        app.Command(CM_SAVE_SYSTEM);
+        SystemFile system;
+        ReadSystem(app.Path("other.lse").c_str(), system);
+        return system;
+    }
+};
+
+TEST_F(OpenSystemTest, HasTheNamesOfTheSystemCompiledLast) {
+    App& app = RunBoth();
+    app.Command(CM_COMPILE);
+    const SystemFile saved = Saved(app);
+    EXPECT_EQ(Text(saved.head.RuleName), app.Path("tank.rul"));
+    EXPECT_EQ(Text(saved.head.HeaderName), app.Path("head.cpp"));
+    EXPECT_EQ(Text(saved.head.KTypeName), app.Path("tank.typ"));
+}
+
+TEST_F(OpenSystemTest, KeepsItsNamesWhenTheHeaderFails) {
+    App& app = RunBoth(Blocked("plantR.h"));
+    app.Start(CM_COMPILE);
+    Expect(app, {{kDenied, kGetErr},
+                 {"Rules.h creation error", kCompile},
+                 {"Error de Compilacio", "Zentrik 2.0a"}});
+    app.Finish();
+    const SystemFile saved = Saved(app);
+    EXPECT_EQ(Text(saved.head.RuleName), app.Path("other.rul"));
+    EXPECT_EQ(Text(saved.head.HeaderName), "");
+}
+
 TEST_F(CompileTest, ACompilerThatIsNotThereIsNotReported) {
     App& app = RunSample({}, "nowhere.exe");
     app.Command(CM_COMPILE);
@@ -212,8 +291,33 @@ TEST_F(CompileTest, ExecuteChecksCompilesAndStartsTheProgram) {
     app.Finish();
     EXPECT_EQ(app.Rows(kMessages).size(), 3u);
     EXPECT_NE(Args(app, "zkcc").find("plantR.cpp"), std::string::npos);
-    const std::string line = Args(app, "Apiplant");
-    EXPECT_EQ(line.rfind("\"" + app.Path("Apiplant.exe") + "\"", 0), 0u) << line;
+    EXPECT_EQ(Args(app, "Apiplant"),
+              "\"" + app.Path("Apiplant.exe") + "\" \"\"\n" + app.Work().Folder() + "\n");
+}
+
+TEST_F(CompileTest, ExecuteGoesOnWhenTheCheckWasLeftOut) {
+    App& app = RunSample([](const WorkFolder& work) { PutRecorder(work, "Apiplant"); });
+    app.Start(CM_EXECUTE);
+    app.WaitDialog("Debug").Close();
+    app.Finish();
+    EXPECT_EQ(app.Rows(kMessages), TextRows{});
+    EXPECT_NE(Args(app, "Apiplant"), "");
+}
+
+TEST_F(CompileTest, ExecuteGoesOnToTheBuildAfterAFailedCheck) {
+    App& app = RunSample([](const WorkFolder& work) {
+        PutRecorder(work, "Apiplant");
+        DeleteFileA(work.Path("tank.lse").c_str());
+    });
+    app.Start(CM_EXECUTE);
+    Dialog debug = app.WaitDialog("Debug");
+    debug.Press(DEBUG_START);
+    app.ExpectBox("Open System Error", "Debug");
+    app.Finish();
+    debug.Close();
+    Expect(app, {{"Open Engine error", kRule}, {"Rules.cpp creation error", kCompile}});
+    app.Finish();
+    EXPECT_FALSE(FileExists(app.Path("Apiplant.args")));
 }
 
 TEST_F(CompileTest, ExecuteStopsWhenTheBuildFails) {

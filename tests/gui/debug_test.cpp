@@ -1,4 +1,6 @@
 // The Debug command: its dialog, its findings and its failures.
+#include "tests/gui/blocked_files.h"
+#include "tests/gui/driver/screenshot.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
@@ -106,7 +108,16 @@ TEST_F(DebugTest, AMissingSystemStopsTheCheck) {
     app.Start(CM_DEBUG);
     Dialog dialog = app.WaitDialog("Debug");
     dialog.Press(DEBUG_START);
-    app.ExpectBox("Open System Error", "Debug");
+    const Box box = app.WaitBox("Debug");
+    EXPECT_EQ(box.text, "Open System Error");
+    // What was found before can be seen behind the box.
+    RECT list{};
+    GetWindowRect(app.Inner(kMessages), &list);
+    list.right = list.left + 100;
+    list.bottom = list.top + 20;
+    app.Process().WaitFor("the findings on the screen",
+                          [&] { return !IsOneColour(ScreenPixels(list)); });
+    app.Press(box);
     app.Finish();
     // The dialog stays, and so do the findings.
     EXPECT_TRUE(dialog.Open());
@@ -131,6 +142,41 @@ TEST_F(DebugTest, ASystemThatCannotBeWrittenStopsItToo) {
     app.Finish();
     dialog.Close();
     app.Finish();
+}
+
+TEST_F(DebugTest, ASystemMarkedReadOnlyStopsItToo) {
+    App& app = RunRules({{}});
+    const ReadOnlyFile mark(app.Path("s1.lse"));
+    app.Start(CM_DEBUG);
+    Dialog dialog = app.WaitDialog("Debug");
+    dialog.Press(DEBUG_START);
+    app.ExpectBox("Open System Error", "Debug");
+    app.Finish();
+    dialog.Close();
+    app.Finish();
+}
+
+TEST_F(DebugTest, ResultsNotYetSavedAreDefined) {
+    App& app = Run(Kind::Nt, [](const WorkFolder& work) {
+        PutSampleProject(work);
+        PutFile(work.Path("plant.aux"), std::string());
+    });
+    Open(app, "plant.mrv");
+    EXPECT_EQ(Debug(app).at(0), "Opposite Result not defined - HIGH");
+    app.Start(CM_ADD_RESULTS);
+    app.ChooseFile("Open MORV Result", app.Path("names.rst"));
+    Dialog add = app.WaitDialog("Add Resource");
+    add.SelectRows(ADD_OFFERED, {0, 1});
+    add.Click(ADD_ADD);
+    add.Press(ADD_OK);
+    add.WaitGone();
+    app.Finish();
+    app.Finish();
+    // The check leaves the results as they wait to be saved.
+    EXPECT_EQ(Debug(app).at(0), app.Path("tank.rul"));
+    EXPECT_EQ(FileContent(app.Path("plant.aux")), "");
+    app.Command(CM_SAVE_MORV);
+    EXPECT_EQ(FileContent(app.Path("plant.aux")), TagBytes({"HIGH", "LOW"}));
 }
 
 TEST_F(DebugTest, MissingRulesGiveOnlyTheHeading) {

@@ -1,5 +1,6 @@
 // The text editor: opening, saving and closing files, and what is asked at exit.
 #include "tests/gui/gui_test.h"
+#include "tests/gui/sample_project.h"
 
 namespace gui {
 
@@ -66,6 +67,41 @@ TEST_F(EditorTest, OpensNothingWhenCancelled) {
     EXPECT_TRUE(app.Children().empty());
     // The menu is enabled all the same.
     EXPECT_FALSE(app.IsGrey(CM_SAVE_FILE));
+}
+
+TEST_F(EditorTest, APathThatIsTooLongIsReported) {
+    App& app = Run();
+    app.Command(CM_NEW_FILE);
+    app.Type("text");
+    const auto path_of = [&](std::size_t size) {
+        const std::string path = app.Path("");
+        return path + std::string(size - path.size() - 4, 'n') + ".cpp";
+    };
+    app.Start(CM_SAVE_FILE_AS);
+    app.ChooseFile(kSaveAs, path_of(255));
+    EXPECT_EQ(app.ExpectBox("It can not read the file", "WARNING", Buttons::Ok, Icon::Stop).owner,
+              nullptr);
+    app.Finish();
+    EXPECT_EQ(TextOf(app.Child(kEditor)), "untitled");
+    app.CommandWithFile(CM_SAVE_FILE_AS, kSaveAs, path_of(254));
+    EXPECT_EQ(FileContent(path_of(254)), "text");
+    PutFile(path_of(255), "text");
+    app.Start(CM_OPEN_FILE);
+    app.ChooseFile(kOpen, path_of(255));
+    app.ExpectError("It can not read the file");
+    app.Finish();
+    EXPECT_EQ(app.Children(kEditor).size(), 1u);
+}
+
+TEST_F(EditorTest, ADoubleClickedFileEnablesTheEditItems) {
+    App& app = Run(Kind::Nt, PutSampleProject);
+    app.CommandWithFile(CM_OPEN_MORV, "Open MORV Project", app.Path("plant.mrv"));
+    EXPECT_TRUE(app.IsGrey(CM_SAVE_FILE));
+    app.StartDoubleClick(kProject, 3);
+    app.Finish();
+    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("main.cpp"));
+    for (int id : {CM_SAVE_FILE, CM_SAVE_FILE_AS, CM_CLOSE_FILE})
+        EXPECT_FALSE(app.IsGrey(id)) << id;
 }
 
 TEST_F(EditorTest, AZeroLengthFileIsAnEmptyEditor) {
@@ -374,7 +410,12 @@ TEST_F(EditorTest, AFailedSaveAtExitIsReported) {
     app.Start(CM_EXIT);
     Ask(app, Answer::Yes);
     app.ExpectError("Permison denied");
+    app.Finish();
     EXPECT_EQ(FileContent(app.Path("a.cpp")), "text");
+    // Program and text are still there.
+    EXPECT_TRUE(IsWindow(app.Frame()));
+    EXPECT_EQ(app.EditorText(), "xtext");
+    EXPECT_TRUE(Modified(app));
 }
 
 } // namespace

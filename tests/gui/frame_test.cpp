@@ -1,7 +1,9 @@
 // The frame: start, title, layout, edit and window commands, and the end of the program.
 #include "tests/gui/gui_test.h"
 
+#include "build/tools_file.h"
 #include "tests/gui/driver/failure.h"
+#include "tests/gui/sample_project.h"
 
 namespace gui {
 
@@ -251,12 +253,58 @@ TEST_F(FrameTest, AnyClosedChildLowersTheNextNumber) {
 }
 
 TEST_F(FrameTest, StartsWithAToolsFileOfAnyLength) {
-    for (std::size_t size : {0, 1, 255, 1019, 5000}) {
+    for (std::size_t size : {0, 1, 254, 255, 510, 1019, 1020, 5000}) {
         App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
             PutFile(work.Path("toolfile.tol"), std::string(size, 'x'));
         });
-        EXPECT_TRUE(app.Process().Alive());
+        // Without the file its dialog shows what was read at the start: the whole slots, each cut
+        // to leave room for its end.
+        DeleteFileA(app.Path("toolfile.tol").c_str());
+        app.Start(CM_TOOLS);
+        Dialog tools = app.WaitDialog("Compile Tools");
+        const auto slot = [&](std::size_t number) {
+            return std::string(size >= 255 * number ? 254 : 0, 'x');
+        };
+        EXPECT_EQ(tools.Text(TOOL_MORV_PATH), slot(1)) << size;
+        EXPECT_EQ(tools.Text(TOOL_INCLUDE), slot(3)) << size;
+        EXPECT_EQ(tools.Text(TOOL_COMPILER_PATH), slot(4)) << size;
+        EXPECT_EQ(tools.Text(TOOL_COMMAND), "");
+        tools.Click(IDCANCEL);
+        app.Finish();
     }
+}
+
+// The files that a program started in the root of drive C: leaves there.
+class RootFiles {
+public:
+    RootFiles() = default;
+    RootFiles(const RootFiles&) = delete;
+    RootFiles& operator=(const RootFiles&) = delete;
+    ~RootFiles() {
+        DeleteFileA("C:\\toolfile.tol");
+        DeleteFileA("C:\\Ktype.tmp");
+        RemoveDirectoryA("C:\\temp");
+    }
+};
+
+TEST_F(FrameTest, TheRootOfADriveIsAWorkFolderWithoutItsBackslash) {
+    const RootFiles files;
+    const WorkFolder work;
+    PutSampleProject(work);
+    PutTools(work, work.Path("zkcc.exe"));
+    CopyTo(work.Path("toolfile.tol"), "C:\\toolfile.tol");
+    CopyTo(BinFolder() + "\\zentrik.exe", work.Path("zentrik.exe"));
+    CopyTo(OwnFolder() + "\\record_args.exe", work.Path("zkcc.exe"));
+    Program program(work.Path("zentrik.exe"), "C:\\");
+    App app(program);
+    EXPECT_TRUE(FileExists("C:\\temp"));
+    app.CommandWithFile(CM_OPEN_MORV, "Open MORV Project", work.Path("plant.mrv"));
+    app.Command(CM_COMPILE);
+    EXPECT_TRUE(FileExists("C:\\Ktype.tmp"));
+    const std::string args = work.Path("zkcc.args");
+    program.WaitFor("the compiler", [&] { return FileExists(args); });
+    const std::string line = FileContent(args).substr(0, FileContent(args).find('\n'));
+    EXPECT_TRUE(line.ends_with(" C:\\cc C:")) << line;
 }
 
 TEST_F(FrameTest, OldWorkingCopiesStayWhenTheTempFolderIsNotEmpty) {

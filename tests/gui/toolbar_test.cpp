@@ -70,14 +70,10 @@ TEST_F(ToolbarTest, APressedButtonLooksDifferent) {
         HWND button = GetDlgItem(Toolbar(app), id);
         RECT place{};
         GetWindowRect(button, &place);
-        const auto one_colour = [](const std::vector<char>& pixels) {
-            return std::all_of(pixels.begin(), pixels.end(),
-                               [&](char c) { return c == pixels.front(); });
-        };
         std::vector<char> normal;
         app.Process().WaitFor("a picture on the button", [&] {
             normal = ScreenPixels(place);
-            return !one_colour(normal);
+            return !IsOneColour(normal);
         });
         app.Process().Send(button, BM_SETSTATE, TRUE);
         app.Process().WaitFor("the pressed picture", [&] { return ScreenPixels(place) != normal; });
@@ -115,6 +111,11 @@ TEST_F(ToolbarTest, NewFileLeavesTheEditMenuAsItWas) {
     EXPECT_EQ(TextOf(app.Child(kEditor)), "untitled");
     for (int id : {CM_SAVE_FILE, CM_SAVE_FILE_AS, CM_CLOSE_FILE})
         EXPECT_TRUE(app.IsGrey(id));
+    app.CommandWithCancel(CM_OPEN_FILE, "Open File"); // which enables them
+    Click(app, TB_NEW_FILE);
+    EXPECT_EQ(app.Children(kEditor).size(), 2u);
+    for (int id : {CM_SAVE_FILE, CM_SAVE_FILE_AS, CM_CLOSE_FILE})
+        EXPECT_FALSE(app.IsGrey(id));
 }
 
 TEST_F(ToolbarTest, DebugCompileAndExecute) {

@@ -126,6 +126,42 @@ TEST_F(ToolsTest, RemovesTheShownCompiler) {
     EXPECT_EQ(Stored(app).compilers, TextRows{"a.exe"});
 }
 
+TEST_F(ToolsTest, RemovesOnlyTheVerySameCompiler) {
+    App& app = RunTools({"", "", "", "", {"CC.exe", "cc.exe", "cc.exe2"}});
+    Dialog tools = Open(app);
+    tools.SetText(TOOL_COMMAND, "Cc.exe");
+    tools.Click(TOOL_REMOVE);
+    EXPECT_EQ(tools.ComboRows(TOOL_COMMAND), (TextRows{"CC.exe", "cc.exe", "cc.exe2"}));
+    EXPECT_EQ(tools.Text(TOOL_COMMAND), "Cc.exe");
+    tools.SetText(TOOL_COMMAND, "cc.exe");
+    tools.Click(TOOL_REMOVE);
+    EXPECT_EQ(tools.ComboRows(TOOL_COMMAND), (TextRows{"CC.exe", "cc.exe2"}));
+    EXPECT_EQ(tools.Text(TOOL_COMMAND), "");
+    tools.Click(IDCANCEL);
+    app.Finish();
+}
+
+TEST_F(ToolsTest, AFileThatIsLockedIsNotRead) {
+    std::optional<LockedFile> lock;
+    App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
+        ASSERT_TRUE(WriteTools(work.Path(kFile).c_str(),
+                               {"C:\\morv", "cc.exe", "C:\\inc", "C:\\cc", {"cc.exe"}}));
+        lock.emplace(work.Path(kFile));
+    });
+    Dialog tools = Open(app);
+    for (int id : {TOOL_MORV_PATH, TOOL_INCLUDE, TOOL_COMPILER_PATH, TOOL_COMMAND})
+        EXPECT_EQ(tools.Text(id), "") << id;
+    EXPECT_EQ(tools.ComboRows(TOOL_COMMAND), TextRows{});
+    tools.Click(IDCANCEL);
+    app.Finish();
+    // Once it is free again the dialog reads it.
+    lock.reset();
+    Dialog again = Open(app);
+    EXPECT_EQ(again.Text(TOOL_MORV_PATH), "C:\\morv");
+    again.Click(IDCANCEL);
+    app.Finish();
+}
+
 TEST_F(ToolsTest, AFileThatCannotBeWrittenStillGivesTheNewValues) {
     App& app = RunTools({"C:\\morv", "", "", "", {}});
     const std::string before = FileContent(app.Path(kFile));

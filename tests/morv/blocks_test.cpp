@@ -1,8 +1,10 @@
 // What each block of the rule language means: the rules of blocks/ run tick by tick.
 #include "blocks/ddecom.h"
 #include "morv/inf_eng.h"
+#include "morv/state.h"
 
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 Informacio DDEinfo;
@@ -115,8 +117,8 @@ TEST_F(Blocks, IfAnyFindsTheFirstFactOfTheType) {
     EXPECT_HOLDS(text, "ANY_WORN (FULL)");
     EXPECT_NOT(text, "NONE_WORN");
     EXPECT_EQ(g_boxes, std::vector<std::string>{"Second"});
-    DDEinfo.W1 = 9;
-    EXPECT_HOLDS(Tick(0, 0, 0, 0), "ANY_WORN (NORMAL)");
+    DDEinfo.W1 = 9; // the first one, less certain than the second
+    EXPECT_HOLDS(Tick(0, 0, 0, 0), "ANY_WORN (FULL)");
     EXPECT_EQ(g_boxes, std::vector<std::string>{"First"});
 }
 
@@ -185,11 +187,50 @@ TEST_F(Blocks, TheTraceTellsWhyARuleFiredOrDidNot) {
           "  IfOr B.value() > 8.0 : unknown (NULL)  [B unknown]\n"
           "  IfOr is true (HIGH)\n",
           "  IfXor is unknown (NULL): neither branch runs\n"
-          "  nothing done\n"})
+          "  nothing concluded\n"})
         EXPECT_NE(trace.find(line), std::string::npos) << line << "in:\n" << trace;
     morv::SetTrace(false);
     Tick(90, HIGH, 0, 0);
     EXPECT_EQ(g_lines.size(), 2u) << Joined(g_lines); // what holds, and the valve
+}
+
+TEST_F(Blocks, TheTraceTellsWhatAnUnknownValueWasComputedFrom) {
+    morv::SetTrace(true);
+    Tick(60, FULL, 9, 0);
+    EXPECT_NE(Joined(g_lines).find(
+                  "assign Sum = 69, lowest (NULL)  [A = 60 %, normal (FULL); B unknown]\n"),
+              std::string::npos)
+        << Joined(g_lines);
+}
+
+TEST_F(Blocks, TheTraceTellsWhichOppositeIsTakenBack) {
+    Tick(0, 0, 6, FULL); // UP
+    morv::SetTrace(true);
+    DDEinfo.W2 = 6; // DOWN
+    Tick(0, 0, 6, FULL);
+    EXPECT_NE(Joined(g_lines).find("    retract UP: it is the opposite of DOWN\n"
+                                   "    deduce DOWN (VERYHIGH)\n"),
+              std::string::npos)
+        << Joined(g_lines);
+}
+
+TEST_F(Blocks, TheTraceTellsAReadingWhoseTextIsPartOfAnother) {
+    morv::SetTrace(true);
+    {
+        const morv::Reading reading;
+        morv::Note(LOW, [] { return std::string("W12 unknown"); });
+        for (int twice = 0; twice < 2; ++twice)
+            morv::Note(LOW, [] { return std::string("W1"); });
+    }
+    EXPECT_EQ(morv::ReadText(), "  [W12 unknown; W1]");
+}
+
+TEST_F(Blocks, WithoutATraceNoTextIsMade) {
+    morv::SetTrace(false);
+    const morv::Reading reading;
+    morv::Note(LOW, []() -> std::string { throw std::logic_error("made"); });
+    EXPECT_EQ(reading.Certainty(), LOW);
+    morv::Now().reading = false;
 }
 
 TEST(Fact, TellsItsLevelAndWhetherItIsOutsideItsLimits) {
@@ -208,7 +249,7 @@ TEST(Fact, TellsItsLevelAndWhetherItIsOutsideItsLimits) {
                                        {2.0, "high"},
                                        {4.0, "highest"}}) {
         fact.assign(value, FULL);
-        EXPECT_STREQ(fact.level(), level) << value;
+        EXPECT_EQ(fact.level(), level) << value;
         EXPECT_EQ(fact.outside(), value == -6.0);
     }
     fact.assign(1, 99);
@@ -232,6 +273,27 @@ TEST(Certainty, HasAWordForEveryNumber) {
     EXPECT_STREQ(morv::CertaintyWord(FULL), "FULL");
     EXPECT_STREQ(morv::CertaintyWord(1e9), "FULL");
     EXPECT_STREQ(morv::CertaintyWord(-1), "NULL");
+    EXPECT_STREQ(morv::CertaintyWord(std::nan("")), "NULL");
+}
+
+TEST(Certainty, ThatIsNoNumberIsNone) {
+    DATAFACT fact;
+    fact.assign(1, std::nan(""));
+    EXPECT_EQ(fact.certainty(), 0);
+    DATAFACTRESULT result;
+    deduce(&result, std::nan(""));
+    EXPECT_EQ(result.certainty(), 0);
+    deduce(&result, LOW);
+    EXPECT_EQ(result.certainty(), LOW);
+}
+
+TEST(IfAnyAndForAll, WithoutAFactOfTheTypeAreFalseAndNothing) {
+    morv::Condition any(morv::Kind::IfAny);
+    DATAFACT* fact = nullptr;
+    any.Any({}, fact, "", [] { return true; });
+    EXPECT_TRUE(any.Fails());
+    EXPECT_EQ(any.Certainty(), FULL);
+    EXPECT_EQ(fact, morv::NoFact());
 }
 
 } // namespace

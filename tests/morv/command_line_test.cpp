@@ -82,6 +82,34 @@ TEST_F(CommandLine, TheIncludeAndCompilerPathsMayBeEmpty) {
     EXPECT_TRUE(job_.include.empty());
 }
 
+TEST_F(CommandLine, NamesHaveAnyCaseAndADriveIsAFolder) {
+    File("Zentrik Work/Morv/apimorv.cpp");
+    File("pR.cpp");
+    ASSERT_EQ(
+        Read("apimorv apimorv.rc pR.cpp ddecom.cpp c:\\zentrik WORK\\morv C:   C:\\ZENTRIK work"),
+        "");
+    EXPECT_EQ(Plain(job_.runtime), Plain(Drive("Zentrik Work/Morv")));
+    EXPECT_TRUE(fs::equivalent(job_.project, Drive("")));
+    EXPECT_EQ(Plain(job_.work), Plain(Drive("Zentrik Work")));
+}
+
+TEST_F(CommandLine, FindsTheProjectAlsoWhenAnotherPathIsWrong) {
+    File("morv/apimorv.cpp");
+    File("p/pR.cpp");
+    const std::string start = "apimorv apimorv.rc pR.cpp ddecom.cpp ";
+    EXPECT_EQ(
+        Read(start + "C:\\morv C:\\p C:\\none C:\\"),
+        "the Compiler Include, the Compiler Path or the work folder is not there: C:\\none C:\\");
+    EXPECT_EQ(Plain(job_.project), Plain(Drive("p")));
+    EXPECT_EQ(Read(start + "C:\\none C:\\p   C:\\")
+                  .find("no apimorv.cpp in the MORV Path, or no such path, in: "),
+              0u);
+    EXPECT_EQ(Plain(job_.project), Plain(Drive("p")));
+    EXPECT_EQ(Read(start + "C:\\morv C:\\none   C:\\"),
+              "no folder with pR.cpp in: C:\\morv C:\\none C:\\");
+    EXPECT_TRUE(job_.project.empty());
+}
+
 TEST_F(CommandLine, SaysWhatIsMissing) {
     File("morv/apimorv.cpp");
     EXPECT_NE(Read(""), "");

@@ -13,11 +13,15 @@
 
 namespace morv_test {
 
-// Writes the sample to the work folder `work` and generates its files. Returns the command line of
-// the compiler utility `compiler`.
-inline std::string GenerateSample(const std::string& work, const std::string& compiler) {
+// Writes the sample to the work folder `work`.
+inline void PutSample(const std::string& work, const std::string& compiler) {
     const std::string folder = std::string(SOURCE_FOLDER) + "/examples/boiler";
     EXPECT_EQ(sample::WriteSample(folder, work, compiler), "");
+}
+
+// Generates the files of the sample in the work folder `work`. Returns the command line of its
+// compiler utility.
+inline std::string Generate(const std::string& work) {
     const std::string path = work + "\\boiler\\boiler.mrv";
     ProjectFile project;
     EXPECT_EQ(ReadProject(path.c_str(), project), ReadResult::Ok);
@@ -34,6 +38,11 @@ inline std::string GenerateSample(const std::string& work, const std::string& co
     EXPECT_EQ(WriteConsts(support, head), 0);
     EXPECT_EQ(WriteMorvApi(support), 0);
     return CompilerLine(names, tools, work);
+}
+
+inline std::string GenerateSample(const std::string& work, const std::string& compiler) {
+    PutSample(work, compiler);
+    return Generate(work);
 }
 
 } // namespace morv_test

@@ -1,12 +1,10 @@
 // The whole way under Wine: the compiler utility is started as Zentrik starts it, the program that
 // it makes is run, and another program pokes an item into it by DDE.
 #include "tests/core/core_test.h"
+#include "tests/dde_client.h"
 #include "tests/morv/generated.h"
 
 #include <functional>
-#include <windows.h>
-
-#include <ddeml.h>
 
 namespace {
 
@@ -60,35 +58,24 @@ struct Running {
     PROCESS_INFORMATION process;
 };
 
-class Client {
-public:
-    Client() { DdeInitializeA(&instance_, Answer, APPCMD_CLIENTONLY, 0); }
-    Client(const Client&) = delete;
-    Client& operator=(const Client&) = delete;
-    ~Client() { DdeUninitialize(instance_); }
-
-    bool Connect(const char* service, const char* topic) {
-        const HSZ names[] = {DdeCreateStringHandleA(instance_, service, CP_WINANSI),
-                             DdeCreateStringHandleA(instance_, topic, CP_WINANSI)};
-        conversation_ = DdeConnect(instance_, names[0], names[1], nullptr);
-        return conversation_ != nullptr;
-    }
-
-    bool Poke(const char* item, std::string text) {
-        const HSZ name = DdeCreateStringHandleA(instance_, item, CP_WINANSI);
-        return DdeClientTransaction(reinterpret_cast<BYTE*>(text.data()),
-                                    static_cast<DWORD>(text.size() + 1), conversation_, name,
-                                    CF_TEXT, XTYP_POKE, 10000, nullptr) != nullptr;
-    }
-
-private:
-    static HDDEDATA CALLBACK Answer(UINT, UINT, HCONV, HSZ, HSZ, HDDEDATA, ULONG_PTR, ULONG_PTR) {
-        return nullptr;
-    }
-
-    DWORD instance_ = 0;
-    HCONV conversation_ = nullptr;
-};
+// New lines come into sight only when the last one was.
+void ExpectListStays(HWND list) {
+    const auto ask = [list](UINT message) { return SendMessageA(list, message, 0, 0); };
+    const auto await_lines = [&] {
+        const LRESULT before = ask(LB_GETCOUNT);
+        EXPECT_TRUE(WaitFor(30, [&] { return ask(LB_GETCOUNT) > before + 50; }));
+    };
+    await_lines();
+    EXPECT_GT(ask(LB_GETTOPINDEX), 0);
+    EXPECT_GT(ask(LB_GETHORIZONTALEXTENT), 100);
+    SendMessageA(list, LB_SETTOPINDEX, 3, 0);
+    await_lines();
+    EXPECT_EQ(ask(LB_GETTOPINDEX), 3);
+    SendMessageA(list, LB_SETTOPINDEX, static_cast<WPARAM>(ask(LB_GETCOUNT) - 1), 0);
+    SetWindowPos(GetParent(list), nullptr, 0, 0, 400, 200, SWP_NOMOVE | SWP_NOZORDER);
+    await_lines();
+    EXPECT_GT(ask(LB_GETTOPINDEX), ask(LB_GETCOUNT) - 30);
+}
 
 TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     const std::string line =
@@ -98,46 +85,56 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     ASSERT_TRUE(WaitFor(180, [&] { return Content(log).find("zkcc: ") != std::string::npos; }));
     ASSERT_EQ(Content(log), "zkcc: made Apiboiler.exe\n");
 
-    SetEnvironmentVariableA("MORV_TRACE", "1");
     SetEnvironmentVariableA("MORV_PERIOD", "200");
-    const Running program('"' + kProgram + ".exe\"");
+    const Running program('"' + kProgram + ".exe\" /trace");
     const auto says = [](const std::string& text) {
         return [text] { return Content(kProgram + ".log").find(text) != std::string::npos; };
     };
     ASSERT_TRUE(WaitFor(60, says("Tick 1: ")));
     EXPECT_FALSE(says("Steam pressure is high")());
 
-    Client client;
+    zentrik_test::DdeClient client;
     EXPECT_FALSE(client.Connect("apiboiler", "another"));
     ASSERT_TRUE(WaitFor(30, [&] { return client.Connect("apiboiler", "boiler"); }));
     client.Poke("NoSuchItem", "1"); // what it returns depends on the system
-    EXPECT_TRUE(client.Poke("Pressure", "11.5"));
+    // What was poked last before a tick is what it sees, without the end of its line.
+    client.Poke("Pressure", "12", CF_OEMTEXT);
+    EXPECT_TRUE(client.Poke("Pressure", "11.5\r\n"));
     EXPECT_TRUE(client.Poke("DrumLevel", std::string(1000, '9')));
     EXPECT_TRUE(WaitFor(30, says("> Steam pressure is high"))) << Content(kProgram + ".log");
     EXPECT_TRUE(says("initial Pressure = 11.5 bar, high (VERYHIGH)")());
-    EXPECT_TRUE(says("Poke: Pressure = 11.5")());
+    EXPECT_TRUE(says("Poke: Pressure = 11.5\r\n")());
+    EXPECT_FALSE(says("Poke: Pressure = 12")());
     EXPECT_FALSE(says("NoSuchItem")());
 
     const HWND window = FindWindowA("MorvProgram", "Apiboiler");
     ASSERT_NE(window, nullptr);
+    ExpectListStays(FindWindowExA(window, nullptr, "LISTBOX", nullptr));
     PostMessageA(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 20000), WAIT_OBJECT_0);
 }
 
-TEST(BuiltProgram, EndsByItselfAfterItsTicks) {
-    ASSERT_TRUE(fs::exists(kProgram + ".exe")) << "the test before makes it";
-    SetEnvironmentVariableA("MORV_TRACE", nullptr);
+// Runs the program for some ticks. Returns its log.
+std::string LogOfTicks(const char* ticks) {
     SetEnvironmentVariableA("MORV_PERIOD", "50");
-    SetEnvironmentVariableA("MORV_TICKS", "3");
+    SetEnvironmentVariableA("MORV_TICKS", ticks);
     const Running program('"' + kProgram + ".exe\"");
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 60000), WAIT_OBJECT_0);
     DWORD code = 1;
     EXPECT_TRUE(GetExitCodeProcess(program.process.hProcess, &code));
     EXPECT_EQ(code, 0u);
-    const std::string log = Content(kProgram + ".log");
+    return Content(kProgram + ".log");
+}
+
+TEST(BuiltProgram, EndsByItselfAfterItsTicksAndTracesWhenToldTo) {
+    ASSERT_TRUE(fs::exists(kProgram + ".exe")) << "the test before makes it";
+    std::string log = LogOfTicks("3");
     EXPECT_NE(log.find("Tick 3: "), std::string::npos) << log;
     EXPECT_EQ(log.find("Tick 4: "), std::string::npos) << log;
-    EXPECT_EQ(log.find("Rule 1 of"), std::string::npos) << log;
+    EXPECT_EQ(log.find("initial Pressure"), std::string::npos) << log;
+    SetEnvironmentVariableA("MORV_TRACE", "1");
+    log = LogOfTicks("1");
+    EXPECT_NE(log.find("initial Pressure = 0 bar"), std::string::npos) << log;
 }
 
 } // namespace

@@ -90,6 +90,25 @@ TEST(Translate, RefusesBracketsThatDoNotFit) {
               "pR.cpp:10: ForAll whose bracket is not closed");
 }
 
+TEST(Translate, ARuleHasANumber) {
+    EXPECT_EQ(Errors("Rule\r\nIf (a) Then EndIf\r\nEndRule"),
+              Texts{"pR.cpp:9: Rule without its number"});
+    EXPECT_EQ(Errors("Rule x1\r\nEndRule"), Texts{"pR.cpp:9: Rule without its number"});
+    EXPECT_EQ(Errors("Rule 12\r\nEndRule"), Texts{});
+}
+
+TEST(Translate, AnAssignedValueIsSeenWhateverStandsBetween) {
+    const auto code = [](const std::string& rules) {
+        return morv::Translate(Source("Rule 1\r\n" + rules + "\r\nEndRule"), "pR.cpp", kHeader)
+            .text;
+    };
+    for (const char* rules :
+         {"A.assign(1, FULL);", "A . assign(1, FULL);", "PF -> assign(1, FULL);",
+          "PF->/* now */assign(1, FULL);", "A.\r\n  assign(1, FULL);"})
+        EXPECT_NE(code(rules).find("computed().assign(1, FULL);"), std::string::npos) << rules;
+    EXPECT_EQ(code("assign(1, FULL);").find("computed()"), std::string::npos);
+}
+
 TEST(Translate, RefusesAResultWithTheNameOfACertainty) {
     const morv::Translation translation =
         morv::Translate(Source(""), "pR.cpp", "DATAFACTRESULT\r\n\t\t\tHIGH;\r\n#endif\r\n");

@@ -66,6 +66,101 @@ TEST(Commands, CloseFileDoesNothingWhileTheRuleEditorHasTheText) {
     EXPECT_EQ(GetMdi(), nullptr);
 }
 
+// While it lives, what the MDI client is told is noted first.
+class ClientMessages {
+public:
+    ClientMessages() : before_(SetProcedure(Note)) { current_ = this; }
+    ClientMessages(const ClientMessages&) = delete;
+    ClientMessages& operator=(const ClientMessages&) = delete;
+    ~ClientMessages() { SetProcedure(before_); }
+
+    // The first argument of each message of this kind.
+    std::vector<WPARAM> Of(UINT message) const {
+        std::vector<WPARAM> arguments;
+        for (const auto& [kind, argument] : noted_)
+            if (kind == message)
+                arguments.push_back(argument);
+        return arguments;
+    }
+
+private:
+    static WNDPROC SetProcedure(WNDPROC procedure) {
+        return reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrA(hMdiC, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
+    }
+    static LRESULT CALLBACK Note(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+        current_->noted_.emplace_back(message, wParam);
+        return CallWindowProcA(current_->before_, hwnd, message, wParam, lParam);
+    }
+
+    static inline ClientMessages* current_ = nullptr;
+    WNDPROC before_;
+    std::vector<std::pair<UINT, WPARAM>> noted_;
+};
+
+TEST(Commands, WindowCommandsArrangeTheChildren) {
+    FrameWindow frame;
+    const ClientMessages messages;
+    for (int id : {CM_CASCADE, CM_TILE_HORIZONTAL, CM_TILE_VERTICAL, CM_ARRANGE_ICONS})
+        RunCommand(id);
+    // Disabled children stay where they are.
+    EXPECT_EQ(messages.Of(WM_MDICASCADE), std::vector<WPARAM>{MDITILE_SKIPDISABLED});
+    EXPECT_EQ(messages.Of(WM_MDITILE), (std::vector<WPARAM>{MDITILE_HORIZONTAL, MDITILE_VERTICAL}));
+    EXPECT_EQ(messages.Of(WM_MDIICONARRANGE).size(), 1u);
+}
+
+// A memory picture of the size of a button.
+class Picture {
+public:
+    Picture() {
+        const HDC screen = GetDC(nullptr);
+        dc_ = CreateCompatibleDC(screen);
+        bitmap_ = CreateCompatibleBitmap(screen, kSize, kSize);
+        ReleaseDC(nullptr, screen);
+        SelectObject(dc_, bitmap_);
+        SetStretchBltMode(dc_, COLORONCOLOR);
+    }
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
+    ~Picture() {
+        DeleteDC(dc_);
+        DeleteObject(bitmap_);
+    }
+
+    // Draws a bitmap of the resources.
+    void Draw(int number) {
+        const HBITMAP bitmap = LoadBitmapA(hInst, MAKEINTRESOURCEA(number));
+        ASSERT_NE(bitmap, nullptr) << number;
+        const HDC from = CreateCompatibleDC(dc_);
+        const HGDIOBJ before = SelectObject(from, bitmap);
+        StretchBlt(dc_, 0, 0, kSize, kSize, from, 0, 0, 64, 64, SRCCOPY);
+        SelectObject(from, before);
+        DeleteDC(from);
+        DeleteObject(bitmap);
+    }
+    // Has the toolbar draw a button.
+    void DrawButton(int id, bool pressed) {
+        DRAWITEMSTRUCT item{};
+        item.CtlType = ODT_BUTTON;
+        item.CtlID = static_cast<UINT>(id);
+        item.itemState = pressed ? ODS_SELECTED : 0;
+        item.hDC = dc_;
+        item.rcItem = {0, 0, kSize, kSize};
+        SendMessageA(hTool, WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    }
+    std::vector<COLORREF> Pixels() const {
+        std::vector<COLORREF> pixels;
+        for (int i = 0; i < kSize * kSize; ++i)
+            pixels.push_back(GetPixel(dc_, i % kSize, i / kSize));
+        return pixels;
+    }
+
+private:
+    static constexpr int kSize = 25;
+    HDC dc_;
+    HBITMAP bitmap_;
+};
+
 class ToolbarTest : public testing::Test {
 protected:
     ToolbarTest() {
@@ -98,15 +193,54 @@ TEST_F(ToolbarTest, HasEightButtonsInTheirPlaces) {
     EXPECT_EQ(GetDlgItem(hTool, 18), nullptr);
 }
 
-TEST_F(ToolbarTest, ItsNewFileLeavesTheMenuAlone) {
-    nt = 1; // so that the new child's activation leaves it alone as well
-    GrayMenu(hFrame, 7);
+TEST_F(ToolbarTest, HasAPictureForEachButtonAndOneForItHeldDown) {
+    struct Pictures {
+        int button, normal, pressed;
+    };
+    constexpr Pictures kPictures[] = {{10, 8, 9},   {11, 15, 16}, {12, 13, 14}, {13, 17, 18},
+                                      {14, 19, 20}, {15, 23, 24}, {16, 21, 22}, {17, 10, 11}};
+    std::set<std::vector<COLORREF>> different;
+    for (const Pictures& pictures : kPictures) {
+        for (bool pressed : {false, true}) {
+            Picture expected;
+            Picture drawn;
+            expected.Draw(pressed ? pictures.pressed : pictures.normal);
+            drawn.DrawButton(pictures.button, pressed);
+            EXPECT_TRUE(drawn.Pixels() == expected.Pixels()) << pictures.button << pressed;
+            different.insert(drawn.Pixels());
+        }
+    }
+    EXPECT_EQ(different.size(), 16u);
+}
+
+TEST_F(ToolbarTest, ActsOnTheOlderNotificationOfItsButtons) {
     SendMessageA(hTool, WM_COMMAND, TB_NEW_FILE, 0x10000);
     EXPECT_EQ(GetMdi(), nullptr);
     SendMessageA(hTool, WM_COMMAND, 18, 0);
     EXPECT_EQ(GetMdi(), nullptr);
     SendMessageA(hTool, WM_COMMAND, TB_NEW_FILE, 0xFFFF);
     EXPECT_TRUE(IsEditor(GetMdi()));
+}
+
+TEST_F(ToolbarTest, ItsNewFileLeavesTheEditItemsAsTheyWere) {
+    for (int platform : {0, 1}) {
+        for (bool gray : {true, false}) {
+            nt = platform;
+            (gray ? GrayMenu : EnableMenu)(hFrame, 7);
+            SendMessageA(hTool, WM_COMMAND, TB_NEW_FILE, 0);
+            EXPECT_TRUE(IsEditor(GetMdi()));
+            for (int id : {CM_SAVE_FILE, CM_SAVE_FILE_AS, CM_CLOSE_FILE})
+                EXPECT_EQ(FrameWindow::IsGray(id), gray) << platform << " " << id;
+        }
+    }
+}
+
+TEST_F(ToolbarTest, ItsCloseCommandIsThatOfAChild) {
+    const ClientMessages messages;
+    const HWND top = TopChild(hTool);
+    SendMessageA(hTool, WM_SYSCOMMAND, SC_CLOSE | 2, 0);
+    EXPECT_FALSE(IsWindow(top));
+    EXPECT_EQ(messages.Of(WM_MDIDESTROY), std::vector<WPARAM>{reinterpret_cast<WPARAM>(hTool)});
 }
 
 TEST(Process, RunsTheLineWithoutWaiting) {

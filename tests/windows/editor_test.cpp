@@ -56,6 +56,19 @@ TEST_F(EditorTest, AMissingOrEmptyFileGivesAnEmptyEditor) {
     EXPECT_TRUE(boxes.shown.empty());
 }
 
+TEST_F(EditorTest, AWindowThatCannotBeMadeIsReported) {
+    const HWND client = hMdiC;
+    hMdiC = hFrame; // which makes no children
+    Boxes boxes;
+    OpenEdit(path_.c_str());
+    hMdiC = client;
+    EXPECT_EQ(boxes.shown,
+              std::vector<std::string>{"zentrik: Impossible crear finestra del editor"});
+    EXPECT_EQ(boxes.messages.at(0).owner, nullptr);
+    EXPECT_EQ(GetMdi(), nullptr);
+    EXPECT_EQ(EditState, 1);
+}
+
 TEST_F(EditorTest, SavesToItsTitleAndClearsTheModifiedFlag) {
     Boxes boxes;
     const HWND child = Open();

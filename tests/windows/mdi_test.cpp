@@ -1,3 +1,4 @@
+#include "../core/core_test.h"
 #include "frame_window.h"
 
 #include "shell/editor.h"
@@ -6,6 +7,7 @@
 
 namespace {
 
+using zentrik_test::Boxes;
 using zentrik_test::FrameWindow;
 
 std::string ClassOf(HWND hwnd) {
@@ -37,6 +39,20 @@ TEST(Mdi, EditorsAreNumberedAndEveryDestroyTakesOneBack) {
     EXPECT_FALSE(IsWindow(project));
     const HWND third = CrearMdiCh("Main", "c");
     EXPECT_EQ(GetDlgCtrlID(TopChild(third)), 51);
+}
+
+TEST(Mdi, DestroyingAChildThatIsGoneOnlyCounts) {
+    FrameWindow frame;
+    CrearMdiCh("Main", "a");
+    const HWND gone = CrearMdiCh("Message", "Debug Errors");
+    SendMessageA(gone, WM_SYSCOMMAND, SC_CLOSE, 0);
+    const HWND second = CrearMdiCh("Main", "b");
+    SendMessageA(hMdiC, WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(second), 0);
+    const int number = EDC_ID;
+    EXPECT_EQ(DestroyMdiCh(gone), 0);
+    EXPECT_EQ(EDC_ID, number - 1);
+    EXPECT_EQ(GetMdi(), second);
+    EXPECT_TRUE(IsZoomed(second));
 }
 
 TEST(Mdi, DestroyingAChildActivatesTheNext) {
@@ -72,6 +88,36 @@ TEST(Mdi, TheControlFillsItsChild) {
             EXPECT_EQ(of_control.right - of_control.left, inside.right);
             EXPECT_EQ(of_control.bottom - of_control.top, inside.bottom);
         }
+    }
+}
+
+TEST(Mdi, ListsKeepTheOrderOfTheirRowsAndTheirHeight) {
+    FrameWindow frame;
+    for (const char* type : {"Projec", "Dial", "Message"}) {
+        const LONG style = GetWindowLongA(TopChild(CrearMdiCh(type, "child")), GWL_STYLE);
+        constexpr LONG kWanted = LBS_NOTIFY | LBS_HASSTRINGS | LBS_USETABSTOPS |
+                                 LBS_NOINTEGRALHEIGHT | WS_CHILD | WS_VISIBLE;
+        EXPECT_EQ(style & kWanted, kWanted) << type;
+        EXPECT_EQ(style & LBS_SORT, 0) << type;
+    }
+}
+
+TEST(Mdi, TheFocusGoesToTheTextOfTheEditorThatHasIt) {
+    FrameWindow frame;
+    const HWND first = CrearMdiCh("Main", "a");
+    CrearMdiCh("Main", "b");
+    SendMessageA(first, WM_SETFOCUS, 0, 0);
+    EXPECT_EQ(GetFocus(), TopChild(first));
+}
+
+TEST(Mdi, AListWithoutRoomForMoreTextSaysSo) {
+    FrameWindow frame;
+    for (const char* type : {"Projec", "Dial"}) {
+        const HWND child = CrearMdiCh(type, "child");
+        Boxes boxes;
+        SendMessageA(child, WM_COMMAND, MAKEWPARAM(0, 0x500), 0);
+        EXPECT_EQ(boxes.shown, std::vector<std::string>{"Edit: Text Memory excided"}) << type;
+        EXPECT_EQ(boxes.messages.at(0).owner, hMdiC);
     }
 }
 
@@ -115,6 +161,14 @@ TEST(Mdi, OnWindowsNtTheMenuIsNotTouched) {
     GrayMenu(hFrame, 7);
     SendMessageA(editor, WM_MDIACTIVATE, 1, 0);
     EXPECT_TRUE(FrameWindow::IsGray(CM_SAVE_FILE));
+}
+
+TEST(Mdi, OnWindowsNtTheCreationOfAnEditorEnablesItsItems) {
+    FrameWindow frame;
+    nt = 1;
+    GrayMenu(hFrame, 7);
+    CrearMdiCh("Main", "a");
+    EXPECT_FALSE(FrameWindow::IsGray(CM_SAVE_FILE));
 }
 
 TEST(Mdi, TheMessagesWindowClosesByItsCloseBox) {

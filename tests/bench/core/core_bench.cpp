@@ -162,7 +162,7 @@ public:
     void SystemFile(const char*) override {}
     void RulesFile(const char*) override {}
     void RuleName(const std::string&) override {}
-    void Progress(char, bool) override {}
+    void Progress(char) override {}
     void Finding(const std::string&) override { findings += 1; }
     std::string ResultsFile() override { return Path("a.aux"); }
 

@@ -1,5 +1,6 @@
 #include "tests/gui/driver/screenshot.h"
 
+#include <algorithm>
 #include <fstream>
 #include <vector>
 #include <windows.h>
@@ -62,6 +63,12 @@ bool SaveScreenshot(const std::string& path, const RECT& place) {
 std::vector<char> ScreenPixels(const RECT& place) {
     return Pixels(place.left, place.top,
                   Header(place.right - place.left, place.bottom - place.top, 32));
+}
+
+bool IsOneColour(const std::vector<char>& pixels) {
+    constexpr std::size_t kPixel = 4;
+    return pixels.size() <= kPixel ||
+           std::equal(pixels.begin() + kPixel, pixels.end(), pixels.begin());
 }
 
 } // namespace gui

@@ -15,4 +15,6 @@ bool SaveScreenshot(const std::string& path, const RECT& place);
 // The pixels of a part of the screen, 32 bits each.
 std::vector<char> ScreenPixels(const RECT& place);
 
+bool IsOneColour(const std::vector<char>& pixels);
+
 } // namespace gui

@@ -1,26 +1,23 @@
 // Shows the program at work on the sample project in C:\zentrik:
 //     demo --open              opens the sample and leaves the program to the user
 //     demo --visit             opens the sample and exits again
+//     demo --compile           opens and compiles it, and exits when the compiler utility is done
 //     demo [--tour <folder>]   opens, debugs, compiles and executes it, with a picture of each step
 //                              in the folder (screenshots\ of the out folder)
 // Exit code 0 only when everything happened.
-#include "shell/files.h"
 #include "shell/ZENTRIK.h"
 #include "tests/gui/driver/app.h"
+#include "tests/gui/driver/built_program.h"
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/driver/screenshot.h"
 
 #include <cstdio>
-#include <functional>
 #include <string>
 
 namespace {
 
 constexpr char kWorkFolder[] = "C:\\zentrik";
-constexpr char kBuilt[] = "C:\\zentrik\\boiler\\Apiboiler"; // without its extension
-constexpr char kTicks[] = "3";                              // after which the built program ends
-constexpr int kCompileSeconds = 200;
-constexpr int kOutputSeconds = 60;
+constexpr char kSample[] = "C:\\zentrik\\boiler";
 constexpr char kProject[] = "C:\\zentrik\\boiler\\boiler.mrv";
 
 void Say(const std::string& what) {
@@ -31,7 +28,8 @@ void Say(const std::string& what) {
 class Demo {
 public:
     explicit Demo(bool leave_it)
-        : program_(gui::BinFolder() + "\\zentrik.exe", kWorkFolder, leave_it), app_(program_) {
+        : program_(gui::BinFolder() + "\\zentrik.exe", kWorkFolder, leave_it), app_(program_),
+          built_(program_, kSample, "boiler") {
         Say("started the program in " + std::string(kWorkFolder) + " and closed its About box");
     }
 
@@ -43,61 +41,60 @@ public:
         Say("opened " + std::string(kProject) + ": " + std::to_string(rows.size()) + " rows");
     }
 
-    void Picture(const std::string& folder, const std::string& name) {
-        RedrawWindow(app_.Frame(), nullptr, nullptr,
-                     RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    // `window` is in front of the program's own.
+    void Picture(const std::string& folder, const std::string& name, HWND window = nullptr) {
+        for (HWND each : {app_.Frame(), window})
+            if (each)
+                RedrawWindow(each, nullptr, nullptr,
+                             RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
         const std::string path = folder + "\\" + name + ".bmp";
         if (!gui::SaveScreenshot(path))
             gui::Fail("cannot write " + path);
         Say("saved " + path);
     }
 
-    // Debug as it runs by itself or at the start of Execute.
-    void AnswerDebug() {
-        gui::Dialog debug = app_.WaitDialog("Debug");
-        debug.Press(DEBUG_START);
-        app_.ExpectBox("Debug Finalitzat", "Debug");
-        app_.Finish();
-    }
-
     void Debug() {
-        app_.Start(CM_DEBUG);
-        AnswerDebug();
-        app_.Finish();
+        gui::CommandWithCheck(app_, CM_DEBUG);
         Say("checked the rules: " + std::to_string(app_.Rows(gui::kMessages).size()) +
             " lines of findings");
     }
 
-    void Compile() {
-        app_.Command(CM_COMPILE);
-        for (const char* file :
-             {"boilerR.h", "boilerR.cpp", "ddecom.h", "ddecom.cpp", "consts.h"}) {
-            const std::string path = std::string(kWorkFolder) + "\\boiler\\" + file;
-            if (!gui::FileExists(path))
-                gui::Fail("Compile did not write " + path);
-            Say("generated " + path);
-        }
-    }
-
     // Compile does not wait for the compiler, and Execute not either.
-    void AwaitProgram() {
-        Say("waiting for the compiler to make " + std::string(kBuilt) + ".exe");
-        Await(kCompileSeconds, std::string(kBuilt) + ".exe",
-              [] { return gui::FileExists(std::string(kBuilt) + ".exe"); });
+    void Compile() {
+        const char* const generated[] = {"boilerR.h", "boilerR.cpp", "ddecom.h", "ddecom.cpp",
+                                         "consts.h"};
+        built_.Forget();
+        for (const char* file : generated)
+            DeleteFileA(Path(file).c_str());
+        app_.Command(CM_COMPILE);
+        for (const char* file : generated) {
+            if (!gui::FileExists(Path(file)))
+                gui::Fail("Compile did not write " + Path(file));
+            Say("generated " + Path(file));
+        }
+        app_.CommandWithFile(CM_OPEN_FILE, "Open File", Path("boilerR.cpp"));
+        Say("waiting for the compiler utility");
+        built_.AwaitMade();
     }
 
-    void ShowOutput() {
-        const std::string log = std::string(kBuilt) + ".log";
-        const std::string last = "Tick " + std::string(kTicks) + ":";
-        Await(kOutputSeconds, log, [&] { return Content(log).find(last) != std::string::npos; });
-        Say("the built program says:\n" + Content(log));
-    }
-
-    void Execute() {
-        app_.Start(CM_EXECUTE);
-        AnswerDebug();
-        app_.Finish();
+    // Another program tells what the plant measures; the rules say what they make of it.
+    void Execute(const std::string& pictures) {
+        built_.ForgetCompiler();
+        gui::CommandWithCheck(app_, CM_EXECUTE);
         Say("executed: checked, generated and started the program");
+        built_.AwaitLine("Tick 1:");
+        built_.Poke("boiler", {{"Pressure", "11.5"},
+                               {"DrumLevel", "55"},
+                               {"SteamFlow", "14"},
+                               {"FeedFlow", "13.5"},
+                               {"FlameSignal", "80"},
+                               {"GasPressure", "120"},
+                               {"BurnerState", "1"}});
+        const HWND window = built_.AwaitLine("HIGH_PRESSURE (HIGH), FEED_NORMAL");
+        SetWindowPos(window, HWND_TOPMOST, 300, 250, 700, 400, SWP_NOACTIVATE);
+        Picture(pictures, "4_executed", window);
+        Say("the built program says:\n" + built_.Close(window));
+        built_.AwaitMade(); // Execute has compiled once more
     }
 
     void Exit() {
@@ -112,33 +109,15 @@ public:
     }
 
 private:
-    static std::string Content(const std::string& path) {
-        std::string text;
-        files::ReadWhole(path.c_str(), files::Mode::Read, text);
-        return text;
-    }
-
-    // Waits for what a program does that Zentrik has started; a failure tells what the compiler
-    // said.
-    void Await(int seconds, const std::string& what, const std::function<bool()>& there) const {
-        try {
-            program_.WaitFor(what, there, static_cast<DWORD>(seconds) * 1000);
-        } catch (const std::exception& failure) {
-            gui::Fail(failure.what() + std::string("\n") +
-                      Content(std::string(kWorkFolder) + "\\boiler\\zkcc.log"));
-        }
-    }
+    static std::string Path(const char* name) { return std::string(kSample) + "\\" + name; }
 
     gui::Program program_;
     gui::App app_;
+    gui::BuiltProgram built_;
 };
 
 void Tour(const std::string& folder) {
     gui::MakeFolders(folder);
-    // The programs that Zentrik starts inherit this.
-    SetEnvironmentVariableA("MORV_TICKS", kTicks);
-    DeleteFileA((std::string(kBuilt) + ".exe").c_str());
-    DeleteFileA((std::string(kBuilt) + ".log").c_str());
     Demo demo(false);
     demo.Open();
     demo.Picture(folder, "1_project");
@@ -146,10 +125,7 @@ void Tour(const std::string& folder) {
     demo.Picture(folder, "2_findings");
     demo.Compile();
     demo.Picture(folder, "3_compiled");
-    demo.AwaitProgram();
-    demo.Execute();
-    demo.ShowOutput();
-    demo.Picture(folder, "4_executed");
+    demo.Execute(folder);
     demo.Exit();
 }
 
@@ -166,10 +142,15 @@ int main(int count, char** words) {
             Demo demo(false);
             demo.Open();
             demo.Exit();
+        } else if (mode == "--compile" && count == 2) {
+            Demo demo(false);
+            demo.Open();
+            demo.Compile();
+            demo.Exit();
         } else if (count == 1 || (mode == "--tour" && count == 3)) {
             Tour(count == 1 ? gui::OutFolder() + "\\screenshots" : words[2]);
         } else {
-            Say("demo [--open | --visit | --tour <folder>]");
+            Say("demo [--open | --visit | --compile | --tour <folder>]");
             return 2;
         }
     } catch (const std::exception& failure) {

@@ -5,6 +5,7 @@
 #include "examples/sample_source.h"
 #include "examples/sample_writer.h"
 #include "tests/gui/driver/app.h"
+#include "tests/gui/driver/built_program.h"
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/driver/rule_box.h"
 #include "tests/gui/driver/screenshot.h"
@@ -19,9 +20,7 @@ namespace {
 
 constexpr char kWork[] = "C:\\zentrik";
 constexpr char kSample[] = "C:\\zentrik\\boiler\\";
-constexpr DWORD kCompileTime = 200000; // ms
-constexpr DWORD kStill = 300;          // ms, less than a caret stays
-constexpr char kProgramClass[] = "MorvProgram";
+constexpr DWORD kStill = 300; // ms, less than a caret stays
 
 // The sources, the rules and the templates; no record file.
 void PutSources(const std::string& folder) {
@@ -117,13 +116,12 @@ private:
         });
     }
 
-    // The rules came as texts: numbering and saving them in the rule editor makes their index.
+    // The rules came as texts: saving them in the rule editor makes their index.
     void IndexRules(const sample::System& system, const std::string& tags) {
         app_.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", kSample + system.name + ".lse");
         app_.StartDoubleClick(gui::kSystem, 3);
         gui::RuleBox rules(app_);
         rules.CommandWithFile(RM_OPEN_TAGS, gui::kTagsTitle, kSample + tags + ".tag");
-        rules.Click(RULE_END_RULE);
         rules.Command(RM_SAVE_FILE);
         SetWindowPos(rules.Window(), nullptr, 560, 300, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         rules.Select(0);
@@ -139,17 +137,8 @@ private:
     }
 
     void Debug() {
-        app_.Start(CM_DEBUG);
-        AnswerDebug();
-        app_.Finish();
+        gui::CommandWithCheck(app_, CM_DEBUG);
         Picture("findings", app_.Frame());
-    }
-
-    void AnswerDebug() {
-        gui::Dialog debug = app_.WaitDialog("Debug");
-        debug.Press(DEBUG_START);
-        app_.ExpectBox("Debug Finalitzat", "Debug");
-        app_.Finish();
     }
 
     // The picture that shows Zentrik as a whole: project, system and findings side by side.
@@ -162,21 +151,17 @@ private:
 
     // Compile does not wait for the compiler, and Execute not for the program.
     void Execute() {
-        const std::string built = std::string(kSample) + "Apiboiler";
-        program_.WaitFor(
-            "the built program", [&] { return gui::FileExists(built + ".exe"); }, kCompileTime);
-        app_.Start(CM_EXECUTE);
-        AnswerDebug();
-        app_.Finish();
-        HWND window = nullptr;
-        program_.WaitFor("three ticks of the built program", [&] {
-            window = FindWindowA(kProgramClass, nullptr);
-            return window && gui::FileContent(built + ".log").find("Tick 3:") != std::string::npos;
-        });
+        const gui::BuiltProgram built(program_, std::string(kWork) + "\\boiler", "boiler");
+        built.AwaitMade();
+        built.ForgetCompiler();
+        gui::CommandWithCheck(app_, CM_EXECUTE);
+        built.AwaitLine("Tick 1:");
+        built.Poke("boiler", {{"Pressure", "11.5"}, {"DrumLevel", "55"}, {"GasPressure", "120"}});
+        const HWND window = built.AwaitLine("HIGH_PRESSURE (HIGH), FEED_NORMAL");
         SetWindowPos(window, HWND_TOP, 120, 120, 620, 360, 0);
         Picture("executed", window);
-        PostMessageA(window, WM_CLOSE, 0, 0);
-        program_.WaitFor("the end of the built program", [&] { return !IsWindow(window); });
+        built.Close(window);
+        built.AwaitMade(); // Execute has compiled once more
     }
 
     std::string folder_, compiler_;
