@@ -99,6 +99,12 @@ int Above(HWND label, HWND list) {
                                                          : -1;
 }
 
+// True when `field`, one that only shows a text, is right under `label`.
+bool StandsOn(HWND field, HWND label) {
+    const LONG gap = PlaceOf(field).top - PlaceOf(label).bottom;
+    return TypeOf(field) == "Static" && gap >= 0 && gap < 8;
+}
+
 // A button's caption, or that of the label nearest to a control.
 std::string Named(HWND control) {
     const std::string type = TypeOf(control);
@@ -109,7 +115,9 @@ std::string Named(HWND control) {
     for (HWND label : ChildrenOf(GetParent(control))) {
         if (TypeOf(label) != "Static" || IdOf(label) != -1)
             continue;
-        const int distance = type == "ListBox" ? Above(label, control) : ToTheLeft(label, control);
+        int distance = type == "ListBox" ? -1 : ToTheLeft(label, control);
+        if (distance < 0 && (type == "ListBox" || StandsOn(control, label)))
+            distance = Above(label, control);
         if (distance < 0 || distance > least)
             continue;
         least = distance;
