@@ -21,7 +21,7 @@ template <std::size_t N> std::string Text(const char (&field)[N]) {
 
 // Puts `text` into a field, cut to fit, and fills the rest with zeros.
 template <std::size_t N> void SetText(char (&field)[N], std::string_view text) {
-    const std::size_t size = std::min({text.size(), text.find('\0'), N - 1});
+    const std::size_t size = strnlen(text.data(), std::min(text.size(), N - 1));
     // The text may be part of this very field.
     std::memmove(field, text.data(), size);
     std::memset(field + size, 0, N - size);
