@@ -7,13 +7,29 @@
 
 namespace gui {
 
-Program::Program(const std::string& exe, const std::string& folder, bool keep_running)
-    : keep_running_(keep_running) {
-    std::string line = "\"" + exe + "\"";
+namespace {
+
+// Under load Wine now and then makes no process and calls that an internal error; the next try
+// works.
+bool Started(const std::string& exe, const std::string& folder, PROCESS_INFORMATION& process) {
     STARTUPINFOA start{};
     start.cb = sizeof start;
-    if (!CreateProcessA(exe.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        folder.c_str(), &start, &process_))
+    for (int tries = 0; tries < 5; ++tries) {
+        std::string line = "\"" + exe + "\"";
+        if (CreateProcessA(exe.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                           folder.c_str(), &start, &process))
+            return true;
+        if (GetLastError() != ERROR_INTERNAL_ERROR)
+            break;
+    }
+    return false;
+}
+
+} // namespace
+
+Program::Program(const std::string& exe, const std::string& folder, bool keep_running)
+    : keep_running_(keep_running) {
+    if (!Started(exe, folder, process_))
         Fail("cannot start " + exe + ", error " + std::to_string(GetLastError()));
 }
 
