@@ -55,7 +55,7 @@ public:
     int NameDde(char* name);
     int NameRes(const char* name, int a); // `a` not 0 adds, 0 removes
 
-    int GetResName(const char* WPath); // sets up the working auxiliary file below `WPath`
+    int GetResName(const char* WPath); // names the working copy of ResAux below `WPath`
 
     int EditItem(char* nom);     // the selected row (256 bytes) and its section 1..5, 0 for none
     int GetIndex();              // the selected row, -1 when there is none
@@ -84,7 +84,7 @@ public:
     int ResTab(char* nom) const; // in place
     int GetPos(int Nvar);
     int RePos(int Nvar, int Nlin);
-    int ChangeName(const char* New); // moves the working auxiliary file beside the project file
+    int ChangeName(const char* New); // puts that copy beside the project file `New`
 
     ProjectRecord Record() const; // the part of the project the project file and the build use
 

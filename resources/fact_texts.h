@@ -24,5 +24,5 @@ struct FactTexts {
 
 FactTexts TextsOf(const Dat& fact);
 
-// Texts are cut to their fields; one that is not a number reads as 0.
+// Texts are cut to their fields; a number field holds 0 where its text starts with none.
 Dat FactOf(const FactTexts& texts);

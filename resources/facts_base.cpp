@@ -21,7 +21,7 @@ namespace {
 constexpr const char* kCaption = "New Fact";
 constexpr int kNumberSize = 15;
 
-std::int32_t nid; // the identifier proposed for the next new fact
+std::int32_t nid; // what the identifier field offers for a new fact
 
 // The user said yes to replacing a fact. That holds until it is done: refused fields do not end it,
 // nor does leaving the editor for a new facts base.

@@ -8,8 +8,8 @@
 // The companion file of the knowledge types that were added to a facts base.
 std::string TypesFileOf(const char* path);
 
-// The identifier proposed for the next fact of a base: one more than that of the last fact. The
-// first fact's identifier is never looked at, so a base of one fact proposes 2.
+// The identifier for the next fact of a base: one more than that of the last fact. That of the first
+// fact is not looked at, so it is 2 after a single one.
 std::int32_t NextIdent(const std::vector<Dat>& facts);
 
 // `ident` + 1; the largest identifier is followed by the smallest.

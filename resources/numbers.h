@@ -8,7 +8,7 @@
 // The shortest text of at most 5 significant digits, without a trailing '.'.
 std::string NumberText(double value);
 
-// Reads the number a text starts with; a text that is not a number reads as 0.
+// Reads the number a text starts with; 0 for a text that starts with none.
 double NumberIn(std::string_view text);
 
 // NumberIn without its fraction. What 32 bits cannot hold becomes the nearest number they can.

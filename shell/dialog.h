@@ -48,7 +48,7 @@ template <class T> struct DialogState {
     }
 };
 
-// Answers the colour messages of a dialog: the light grey stock brush, static text on grey 200.
+// Answers the colour messages of a dialog: light grey, with texts on a grey of 200.
 // Returns 0 for any other message.
 INT_PTR DialogColours(UINT message, WPARAM wParam);
 

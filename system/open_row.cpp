@@ -84,8 +84,8 @@ void EditItem2(int, const char*) {
         RunRuleEditor(name.c_str());
         if (running || !IsWindow(hMdiC))
             return; // it keeps the rules it has; or the program was left while it was open
-        // Now the place of the first '.' in the path takes the part of the kind: such paths have
-        // always opened the rules once more (4) or gone on to the variables (5).
+        // The kind is now where the path has its first '.': with that at 4 the rules have always
+        // opened once more, with that at 5 the variables.
         kind = static_cast<int>(std::min<std::size_t>(name.find('.'), kNameSize));
     }
     if (kind == kHeaderRow)
