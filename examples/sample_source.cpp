@@ -64,7 +64,7 @@ std::vector<double> Numbers(const std::string& text, std::size_t count, Failure&
         if (!word.empty())
             numbers.push_back(Number(word, failure));
     if (numbers.size() != count)
-        failure.Note(std::to_string(count) + " numbers are needed: " + text);
+        failure.Note("numbers needed, " + std::to_string(count) + ": " + text);
     numbers.resize(count);
     return numbers;
 }

@@ -109,7 +109,7 @@ public:
     }
 
 private:
-    static std::string Path(const char* name) { return std::string(kSample) + "\\" + name; }
+    static std::string Path(const char* name) { return kSample + ("\\" + std::string(name)); }
 
     gui::Program program_;
     gui::App app_;
