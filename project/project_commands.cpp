@@ -15,17 +15,17 @@ namespace {
 constexpr char kProjectFilter[] = "MORV Project Files (*.mrv)\0*.mrv\0 All Files (*.*)\0*.*\0";
 
 const SavedDocument kDocument{
-    Project.MORState,
-    Project.MORVmod,
-    Project.hwndPro,
-    Project.MORVName,
-    [] { return Project.IsUntitled() != 0; },
-    [](const char* name) { Project.ChName(name); },
-    [] { return Project.SavePro(); },
-    kProjectFilter,
-    "Save MORV Project As...",
-    ".mrv",
-    false,
+    .state = Project.MORState,
+    .modified = Project.MORVmod,
+    .window = Project.hwndPro,
+    .name = Project.MORVName,
+    .untitled = [] { return Project.IsUntitled() != 0; },
+    .rename = [](const char* name) { Project.ChName(name); },
+    .save = [] { return Project.SavePro(); },
+    .filter = kProjectFilter,
+    .title = "Save MORV Project As...",
+    .extension = ".mrv",
+    .forgets_when_cancelled = false,
 };
 
 // A chosen path; the document puts a TAB in front of some.

@@ -18,17 +18,17 @@
 namespace {
 
 const SavedDocument kDocument{
-    System.EngineState,
-    System.Engmod,
-    System.hwndSys,
-    System.EngineName,
-    [] { return System.IsUntitled(); },
-    [](const char* name) { System.ChangeName(name); },
-    [] { return System.SaveSys(); },
-    "MORV System Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0",
-    "Save MORV System As...",
-    ".lse",
-    true,
+    .state = System.EngineState,
+    .modified = System.Engmod,
+    .window = System.hwndSys,
+    .name = System.EngineName,
+    .untitled = [] { return System.IsUntitled(); },
+    .rename = [](const char* name) { System.ChangeName(name); },
+    .save = [] { return System.SaveSys(); },
+    .filter = "MORV System Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0",
+    .title = "Save MORV System As...",
+    .extension = ".lse",
+    .forgets_when_cancelled = true,
 };
 
 // Shows that no system is open, unless one is.

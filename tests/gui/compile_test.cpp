@@ -41,21 +41,39 @@ protected:
                           box.caption == kGetErr ? Icon::Stop : Icon::None);
     }
 
-    // A build of the changed sample fails with these boxes.
-    void ExpectFailure(const App::Setup& change, const std::vector<ShownBox>& boxes) {
-        App& app = RunSample(change);
-        app.Start(CM_COMPILE);
-        Expect(app, boxes);
-        Expect(app, {{"Error de Compilacio", "Zentrik 2.0a"}});
-        app.Finish();
+    // Something done to a file of the sample, and what takes it back.
+    struct Change {
+        App::Setup make, undo;
+    };
+
+    // A build fails with these boxes while the change is there.
+    void ExpectFailure(const Change& change, const std::vector<ShownBox>& boxes) {
+        if (!app_)
+            app_ = &RunSample();
+        change.make(app_->Work());
+        app_->Start(CM_COMPILE);
+        Expect(*app_, boxes);
+        Expect(*app_, {{"Error de Compilacio", "Zentrik 2.0a"}});
+        app_->Finish();
+        change.undo(app_->Work());
     }
 
-    static App::Setup Missing(const std::string& name) {
-        return [name](const WorkFolder& work) { DeleteFileA(work.Path(name).c_str()); };
+    static Change Missing(const std::string& name) {
+        const auto move = [name](const std::string& from, const std::string& to) {
+            return [=](const WorkFolder& work) {
+                MoveFileA(work.Path(name + from).c_str(), work.Path(name + to).c_str());
+            };
+        };
+        return {move("", ".away"), move(".away", "")};
     }
 
-    static App::Setup Blocked(const std::string& name) {
-        return [name](const WorkFolder& work) { MakeFolders(work.Path(name)); };
+    // A folder in the place of a file that is to be made.
+    static Change Blocked(const std::string& name) {
+        return {[name](const WorkFolder& work) {
+                    DeleteFileA(work.Path(name).c_str());
+                    MakeFolders(work.Path(name));
+                },
+                [name](const WorkFolder& work) { RemoveDirectoryA(work.Path(name).c_str()); }};
     }
 
     // Answers the dialog of the rule check that Execute starts with.
@@ -75,6 +93,9 @@ protected:
     static void PutRecorder(const WorkFolder& work, const std::string& name) {
         CopyTo(OwnFolder() + "\\record_args.exe", work.Path(name + ".exe"));
     }
+
+private:
+    App* app_ = nullptr;
 };
 
 TEST_F(CompileTest, NeedsASavedProject) {
@@ -121,7 +142,7 @@ TEST_F(CompileTest, ASystemMarkedReadOnlyCannotBeOpened) {
 }
 
 TEST_F(CompileTest, ShowsHowFarTheSourceGot) {
-    App& app = RunSample(Missing("main.cpp"));
+    App& app = RunSample(Missing("main.cpp").make);
     app.Start(CM_COMPILE);
     Expect(app, {{"Main File Error", kRule},
                  {kMissing, kGetErr},
@@ -262,7 +283,7 @@ TEST_F(OpenSystemTest, HasTheNamesOfTheSystemCompiledLast) {
 }
 
 TEST_F(OpenSystemTest, KeepsItsNamesWhenTheHeaderFails) {
-    App& app = RunBoth(Blocked("plantR.h"));
+    App& app = RunBoth(Blocked("plantR.h").make);
     app.Start(CM_COMPILE);
     Expect(app, {{kDenied, kGetErr},
                  {"Rules.h creation error", kCompile},

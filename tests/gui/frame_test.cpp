@@ -253,7 +253,7 @@ TEST_F(FrameTest, AnyClosedChildLowersTheNextNumber) {
 }
 
 TEST_F(FrameTest, StartsWithAToolsFileOfAnyLength) {
-    for (std::size_t size : {0, 1, 254, 255, 510, 1019, 1020, 5000}) {
+    for (std::size_t size : {0, 254, 1019, 5000}) {
         App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
             PutFile(work.Path("toolfile.tol"), std::string(size, 'x'));
         });
