@@ -23,8 +23,7 @@ std::vector<int> ColumnWidths(HWND list, const TextMeasure& measure) {
             if (column == widths.size())
                 widths.push_back(0);
             const std::string_view text = std::string_view(row).substr(at, end - at);
-            if (measure.MayExceed(text, widths[column]))
-                widths[column] = std::max(widths[column], measure.Width(text));
+            widths[column] = std::max(widths[column], measure.Width(text));
             at = end + 1;
         }
     }

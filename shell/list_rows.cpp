@@ -95,8 +95,6 @@ ListWidth::ListWidth(HWND list) : list_(list), measure_(list) {
 
 void ListWidth::Take(const std::string& row) {
     constexpr int kMargin = 8;
-    if (!measure_.MayExceed(row, width_ - kMargin))
-        return;
     const int width = measure_.TabbedWidth(row) + kMargin;
     if (width <= width_)
         return;

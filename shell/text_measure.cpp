@@ -2,14 +2,19 @@
 
 #include <algorithm>
 
+bool OneByteCharacters() {
+    CPINFO page{};
+    return GetCPInfo(CP_ACP, &page) && page.MaxCharSize == 1;
+}
+
 TextMeasure::TextMeasure(HWND hwnd) : hwnd_(hwnd), dc_(GetDC(hwnd)) {
     const auto font = reinterpret_cast<HFONT>(SendMessageA(hwnd, WM_GETFONT, 0, 0));
     before_ = SelectObject(dc_, font ? font : GetStockObject(SYSTEM_FONT));
     TEXTMETRICA metrics{};
     GetTextMetricsA(dc_, &metrics);
     constexpr int kCharactersInATab = 8;
-    widest_character_ = metrics.tmMaxCharWidth;
-    tab_width_ = std::max<int>(metrics.tmMaxCharWidth, kCharactersInATab * metrics.tmAveCharWidth);
+    tab_width_ = std::max<int>(1, kCharactersInATab * metrics.tmAveCharWidth);
+    added_up_ = OneByteCharacters() && GetCharWidth32A(dc_, 0, 255, widths_);
 }
 
 TextMeasure::~TextMeasure() {
@@ -18,21 +23,27 @@ TextMeasure::~TextMeasure() {
 }
 
 int TextMeasure::Width(std::string_view text) const {
+    if (added_up_) {
+        int width = 0;
+        for (const char c : text)
+            width += widths_[static_cast<unsigned char>(c)];
+        return width;
+    }
     SIZE size{};
     GetTextExtentPoint32A(dc_, text.data(), static_cast<int>(text.size()), &size);
     return size.cx;
 }
 
 int TextMeasure::TabbedWidth(std::string_view text) const {
-    const DWORD extent =
-        GetTabbedTextExtentA(dc_, text.data(), static_cast<int>(text.size()), 0, nullptr);
-    return LOWORD(extent);
-}
-
-bool TextMeasure::MayExceed(std::string_view text, int width) const {
-    const auto tabs = static_cast<int>(std::count(text.begin(), text.end(), '\t'));
-    const int others = static_cast<int>(text.size()) - tabs;
-    return others * widest_character_ + tabs * tab_width_ > width;
+    int left = 0;
+    for (;;) {
+        const std::size_t tab = std::min(text.find('\t'), text.size());
+        left += Width(text.substr(0, tab));
+        if (tab == text.size())
+            return left;
+        left = (left / tab_width_ + 1) * tab_width_;
+        text.remove_prefix(tab + 1);
+    }
 }
 
 int TextMeasure::AverageWidth() const {

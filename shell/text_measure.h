@@ -4,6 +4,11 @@
 #include <string_view>
 #include <windows.h>
 
+// Every byte is a character in the system's code page.
+bool OneByteCharacters();
+
+// Adds up the widths of characters, which it asks for once: a call of the window system for every
+// row would take longer than filling the list with them.
 class TextMeasure {
 public:
     explicit TextMeasure(HWND hwnd);
@@ -14,10 +19,6 @@ public:
     int Width(std::string_view text) const;       // of one without TABs
     int TabbedWidth(std::string_view text) const; // with the window system's own tab stops
 
-    // False when `text` fits `width` pixels whatever its characters are: then it needs no
-    // measuring.
-    bool MayExceed(std::string_view text, int width) const;
-
     // The average character width that tab stops are counted in fourths of.
     int AverageWidth() const;
 
@@ -25,6 +26,7 @@ private:
     HWND hwnd_;
     HDC dc_;
     HGDIOBJ before_;
-    int widest_character_;
+    bool added_up_; // else the window system measures every text
+    INT widths_[256];
     int tab_width_;
 };

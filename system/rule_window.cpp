@@ -2,6 +2,7 @@
 
 #include "shell/editor.h"
 #include "shell/mdi.h"
+#include "shell/text_measure.h"
 
 #include <algorithm>
 #include <ranges>
@@ -13,12 +14,6 @@ namespace {
 
 HWND held_child;
 HWND held_edit;
-
-// Positions in an edit control count characters, which are bytes only then.
-bool OneByteCharacters() {
-    CPINFO page{};
-    return GetCPInfo(CP_ACP, &page) && page.MaxCharSize == 1;
-}
 
 // Makes `text` of the text `before` in the control. Breaking a long text into lines takes the
 // control its time, so it gets just the part that differs; and a text that differs in most parts
@@ -32,6 +27,7 @@ void ReplaceDifference(HWND edit, const std::string& before, const std::string& 
     const auto same_end =
         std::ranges::mismatch(old_rest | std::views::reverse, new_rest | std::views::reverse);
     const std::string part(new_begin, same_end.in2.base());
+    // Positions in an edit control count characters.
     if (part.size() > text.size() / 2 || !OneByteCharacters()) {
         SetWindowTextA(edit, "");
         SetWindowTextA(edit, text.c_str());

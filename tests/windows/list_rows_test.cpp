@@ -20,6 +20,30 @@ protected:
     ListRows rows_;
 };
 
+TEST_F(ListRowsTest, MeasuresTextsAsTheWindowSystemDoes) {
+    std::string all;
+    for (char c = ' '; c <= '~'; ++c)
+        all += c;
+    for (int font : {SYSTEM_FONT, DEFAULT_GUI_FONT, SYSTEM_FIXED_FONT}) {
+        SendMessageA(list_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(font)), 0);
+        const TextMeasure measure(list_);
+        const HDC dc = GetDC(list_);
+        SelectObject(dc, GetStockObject(font));
+        for (const std::string& text :
+             {std::string(), std::string("Rule 10"), all, std::string("\xe9\xfc"),
+              std::string("\tWide WWW\tx"), std::string("\t\t"), all + "\t" + all}) {
+            const auto size = static_cast<int>(text.size());
+            EXPECT_EQ(measure.TabbedWidth(text),
+                      LOWORD(GetTabbedTextExtentA(dc, text.data(), size, 0, nullptr)))
+                << font << text;
+        }
+        SIZE extent{};
+        GetTextExtentPoint32A(dc, all.data(), static_cast<int>(all.size()), &extent);
+        EXPECT_EQ(measure.Width(all), extent.cx);
+        ReleaseDC(list_, dc);
+    }
+}
+
 TEST_F(ListRowsTest, KeepsTheOrderOfItsRows) {
     EXPECT_EQ(rows_.Add("b"), 0);
     EXPECT_EQ(rows_.Add("\ta"), 1);
