@@ -4,7 +4,9 @@
 
 namespace {
 
-constexpr char kFilling[] = "ZentrikFilling"; // a property of a list: its ListFill
+// The fills that live, the newest first. (A property of the list would cost a call of the window
+// system for every row.)
+ListFill* newest_fill;
 
 int Send(HWND list, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     return list ? static_cast<int>(SendMessageA(list, message, wParam, lParam)) : LB_ERR;
@@ -103,25 +105,30 @@ void ListWidth::Take(const std::string& row) {
 }
 
 ListFill::ListFill(HWND list, Width width, int rows, int bytes)
-    : list_(list), first_(list && !Of(list)), kind_(width) {
-    if (first_) {
-        SetPropA(list_, kFilling, this);
+    : list_(list), first_(list && !Of(list)), kind_(width), older_(newest_fill) {
+    newest_fill = this;
+    if (first_)
         SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
-    }
     if (rows > 0)
         SendMessageA(list_, LB_INITSTORAGE, static_cast<WPARAM>(rows), bytes);
 }
 
 ListFill::~ListFill() {
+    ListFill** link = &newest_fill;
+    while (*link != this)
+        link = &(*link)->older_;
+    *link = older_;
     if (!first_)
         return;
-    RemovePropA(list_, kFilling);
     SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list_, nullptr, TRUE);
 }
 
 ListFill* ListFill::Of(HWND list) {
-    return static_cast<ListFill*>(GetPropA(list, kFilling));
+    ListFill* fill = newest_fill;
+    while (fill && !(fill->first_ && fill->list_ == list))
+        fill = fill->older_;
+    return fill;
 }
 
 void ListFill::Widen(const std::string& row) {

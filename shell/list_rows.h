@@ -68,5 +68,6 @@ private:
     HWND list_;
     bool first_;
     Width kind_;
+    ListFill* older_; // the one that lived already
     std::optional<ListWidth> width_;
 };
