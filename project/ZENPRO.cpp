@@ -45,7 +45,7 @@ int ZKPROJECT::Init() {
 }
 
 WindowHandle ZKPROJECT::List() {
-    hwndList = TopChild(hwndPro);
+    hwndList = ListOf(hwndPro, hwndList);
     return hwndList;
 }
 

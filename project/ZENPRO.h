@@ -104,6 +104,6 @@ private:
     int AddTo(const Names& section, char* name);
     void DeleteFrom(const Names& section, int index);
 
-    WindowHandle List(); // fetches hwndList again
+    WindowHandle List(); // brings hwndList up to date
     void CountResults(); // places the results and makes their number that of the rows
 };

@@ -58,6 +58,11 @@ HWND TopChild(HWND hwnd) {
     return hwnd ? GetTopWindow(hwnd) : nullptr;
 }
 
+HWND ListOf(HWND child, HWND known) {
+    const bool there = child && IsWindow(known) && GetParent(known) == child;
+    return there ? known : TopChild(child);
+}
+
 std::string ChildTitle(HWND child) {
     char title[kNameSize] = "";
     GetWindowTextA(child, title, sizeof title);

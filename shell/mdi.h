@@ -30,6 +30,10 @@ HWND GetFrame();         // the client's parent
 // The topmost child window of `hwnd`, 0 when there is none.
 HWND TopChild(HWND hwnd);
 
+// The list box in a document's child: its topmost one. While `known`, where it was before, is still
+// in the child that is the answer; the system is slow to tell which window is on top.
+HWND ListOf(HWND child, HWND known);
+
 std::string ChildTitle(HWND child); // of an editor the path of its file
 
 // True when `hwnd` is a text editor child.

@@ -20,7 +20,7 @@ int ZKSYSTEMS::Init() {
 }
 
 WindowHandle ZKSYSTEMS::List() {
-    hwndList = TopChild(hwndSys);
+    hwndList = ListOf(hwndSys, hwndList);
     return hwndList;
 }
 

@@ -113,5 +113,5 @@ private:
     void Take(const char* name, const SystemFile& file);
     void AppendRows(const SystemFile& file);
 
-    WindowHandle List(); // fetches hwndList again
+    WindowHandle List(); // brings hwndList up to date
 };
