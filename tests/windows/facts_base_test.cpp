@@ -1,78 +1,14 @@
-#include "dialog_test.h"
-#include "tests/core/core_test.h"
-#include "write_lock.h"
-
-#include "resources/fact.h"
-#include "resources/facts_base.h"
-#include "resources/knowledge_types.h"
-#include "shell/ZENTRIK.h"
+// The facts base editor over sound files.
+#include "facts_base_fixture.h"
 
 namespace {
 
 using namespace zentrik_test;
-using Texts = std::vector<std::string>;
 
 constexpr int kFields[] = {KNOW_NAME,     KNOW_DESCRIPTION, KNOW_TYPE,         KNOW_UNIT,
                            KNOW_STEP,     KNOW_LOWER_LIMIT, KNOW_HIGHER_LIMIT, KNOW_LOWEST,
                            KNOW_INTERVAL, KNOW_LOW,         KNOW_NORMAL,       KNOW_HIGH,
                            KNOW_HIGHEST};
-
-Dat Fact(const std::string& name, int ident) {
-    Dat fact{};
-    SetText(fact.Name, name);
-    SetText(fact.KnowType, "ACTION");
-    fact.Ident = ident;
-    return fact;
-}
-
-class FactsBase : public testing::Test {
-protected:
-    FactsBase() {
-        SetText(KnowFileName, temp.Path("base.fac"));
-        // Opening an existing base forgets a replacement that is still pending.
-        Open({Fact("a", 1)});
-        ShownDialog("Knowledge_Box", KnowledgeNew);
-    }
-
-    void Open(const std::vector<Dat>& facts) {
-        temp.Put("base.fac", BytesOf(facts));
-        KTyp = 1;
-    }
-
-    std::vector<Dat> Facts() const {
-        std::vector<Dat> facts;
-        ReadRecords(KnowFileName, files::Mode::Read, facts);
-        return facts;
-    }
-    Texts Names() const {
-        Texts names;
-        for (const Dat& fact : Facts())
-            names.push_back(Text(fact.Name));
-        return names;
-    }
-    int Ident(std::size_t fact) const { return int{Facts().at(fact).Ident}; }
-
-    static void Add(const DialogHandle& dialog, const std::string& name,
-                    const std::string& type = "ACTION") {
-        dialog.Put(KNOW_NAME, name);
-        dialog.Put(KNOW_TYPE, type);
-        dialog.Press(IDOK);
-    }
-
-    void ExpectOneBox(const std::string& text, Buttons buttons = Buttons::Ok) {
-        ASSERT_EQ(boxes.messages.size(), 1u);
-        const Message& box = boxes.messages.front();
-        EXPECT_EQ(box.text, text);
-        EXPECT_EQ(box.caption, "New Fact");
-        EXPECT_EQ(box.icon, Icon::Exclamation);
-        EXPECT_EQ(box.buttons, buttons);
-        boxes.messages.clear();
-        boxes.shown.clear();
-    }
-
-    TempFolder temp;
-    Boxes boxes{Answer::Yes};
-};
 
 TEST_F(FactsBase, ANewOneIsCreatedEmptyAndProposesOne) {
     temp.Put("base.typ", std::string("OWN") + std::string(47, '\0'));
@@ -114,14 +50,6 @@ TEST_F(FactsBase, ThatIsMissingIsCreated) {
     ShownDialog dialog("Knowledge_Box", KnowledgeNew);
     EXPECT_TRUE(files::Exists(KnowFileName));
     EXPECT_TRUE(boxes.shown.empty());
-}
-
-TEST_F(FactsBase, ADamagedRestIsNoFact) {
-    temp.Put("base.fac", std::string(BytesOf(Fact("a", 1))) + std::string(200, 'x'));
-    ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-    EXPECT_EQ(dialog.Rows(KNOW_FACTS), Texts{"a"});
-    Add(dialog, "b");
-    EXPECT_EQ(Names(), (Texts{"a", "b"}));
 }
 
 TEST_F(FactsBase, AnAddedFactIsWrittenAtOnceWithEveryField) {
@@ -332,79 +260,6 @@ TEST_F(FactsBase, CloseAndTheCloseBoxAndEscEndIt) {
     EXPECT_EQ(temp.Content("base.fac"), before);
 }
 
-TEST_F(FactsBase, ThatVanishedSaysSoAndKeepsTheList) {
-    Open({Fact("a", 1), Fact("b", 5)});
-    ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-    files::Remove(KnowFileName);
-    dialog.Select(KNOW_FACTS, 0);
-    dialog.Press(KNOW_REMOVE);
-    Add(dialog, "B");
-    EXPECT_EQ(boxes.shown,
-              (Texts{"WARNING: No such file or directory", "New Fact: Fats already exist, modify?",
-                     "WARNING: No such file or directory"}));
-    EXPECT_EQ(dialog.Rows(KNOW_FACTS), (Texts{"a", "b"}));
-    EXPECT_EQ(dialog.Text(KNOW_NAME), "B");
-    // A new fact starts the file again, and the list shows what is in it.
-    Add(dialog, "c");
-    EXPECT_EQ(Names(), Texts{"c"});
-    EXPECT_EQ(dialog.Rows(KNOW_FACTS), Texts{"c"});
-}
-
-TEST_F(FactsBase, ThatIsReadOnlyIsShownAndNotChanged) {
-    const WriteLock lock(KnowFileName);
-    ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-    EXPECT_EQ(dialog.Rows(KNOW_FACTS), Texts{"a"});
-    Add(dialog, "b");
-    dialog.Select(KNOW_FACTS, 0);
-    dialog.Press(KNOW_REMOVE);
-    EXPECT_EQ(boxes.shown, (Texts{"WARNING: Permison denied", "WARNING: Permison denied"}));
-    EXPECT_EQ(dialog.Rows(KNOW_FACTS), Texts{"a"});
-    EXPECT_EQ(dialog.Text(KNOW_NAME), "b");
-    EXPECT_EQ(dialog.Text(KNOW_IDENT), "2");
-    EXPECT_EQ(Names(), Texts{"a"});
-}
-
-TEST_F(FactsBase, ThatLostFactsBehindTheListIsListedAgainAfterAReplacement) {
-    Open({Fact("a", 1), Fact("b", 5), Fact("c", 6), Fact("d", 7)});
-    ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-    temp.Put("base.fac", BytesOf(Fact("a", 1)));
-    Add(dialog, "D");
-    EXPECT_EQ(Names(), (Texts{"a", "D"}));
-    EXPECT_EQ(dialog.Rows(KNOW_FACTS), (Texts{"a", "D"}));
-}
-
-TEST_F(FactsBase, ThatLostFactsBehindTheListIsListedAgainByRemove) {
-    Open({Fact("a", 1), Fact("b", 5), Fact("c", 6)});
-    ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-    temp.Put("base.fac", BytesOf(Fact("z", 1)));
-    dialog.Select(KNOW_FACTS, 2);
-    dialog.Press(KNOW_REMOVE);
-    EXPECT_EQ(Names(), Texts{"z"});
-    EXPECT_EQ(dialog.Rows(KNOW_FACTS), Texts{"z"});
-    // Nothing is left of it, which is no reason to delete its types.
-    temp.Put("base.fac", "");
-    temp.Put("base.typ", std::string(50, 'T'));
-    dialog.Select(KNOW_FACTS, 0);
-    dialog.Press(KNOW_REMOVE);
-    EXPECT_TRUE(files::Exists(KnowFileName));
-    EXPECT_TRUE(files::Exists(temp.Path("base.typ").c_str()));
-    EXPECT_TRUE(dialog.Rows(KNOW_FACTS).empty());
-    EXPECT_TRUE(boxes.shown.empty());
-}
-
-TEST_F(FactsBase, ThatCanNotBeReadSaysSoAndLosesNothing) {
-    Open({Fact("a", 1), Fact("b", 5)});
-    {
-        const WholeLock lock(KnowFileName);
-        ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-        EXPECT_TRUE(dialog.Rows(KNOW_FACTS).empty());
-        Add(dialog, "c");
-        EXPECT_EQ(boxes.shown, (Texts{"WARNING: Permison denied", "WARNING: Permison denied"}));
-        EXPECT_EQ(dialog.Text(KNOW_NAME), "c");
-    }
-    EXPECT_EQ(Names(), (Texts{"a", "b"}));
-}
-
 TEST_F(FactsBase, OfTwoFactsWithOneNameReplacesTheFirst) {
     Open({Fact("a", 1), Fact("twin", 5), Fact("twin", 6)});
     ShownDialog dialog("Knowledge_Box", KnowledgeNew);
@@ -413,45 +268,6 @@ TEST_F(FactsBase, OfTwoFactsWithOneNameReplacesTheFirst) {
     EXPECT_EQ(dialog.Rows(KNOW_FACTS), (Texts{"a", "TWIN", "twin"}));
     EXPECT_EQ(Text(Facts()[1].KnowType), "DETECTION");
     EXPECT_EQ(Text(Facts()[2].KnowType), "ACTION");
-}
-
-TEST_F(FactsBase, WhoseTypesWouldHaveItsOwnNameHasNone) {
-    const std::string folder = temp.Path("");
-    const std::string longest =
-        folder + std::string(static_cast<std::size_t>(kNameSize) - 1 - folder.size(), 'n');
-    for (const std::string& path : {longest, temp.Path("base.TYP")}) {
-        SetText(KnowFileName, path);
-        KTyp = 0;
-        ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-        Add(dialog, "a");
-        const std::vector<Dat> before = Facts();
-        ASSERT_EQ(before.size(), 1u) << path;
-        DialogSteps steps;
-        steps.Never("Knowledge Type");
-        dialog.Press(KNOW_ADD_TYPE);
-        EXPECT_EQ(Text(KTypeFileName), "");
-        EXPECT_EQ(boxes.shown, Texts{"WARNING: No such file or directory"});
-        EXPECT_EQ(dialog.Rows(KNOW_TYPES), (Texts{"DETECTION", "DIAGNOSTIC", "ACTION"}));
-        EXPECT_EQ(BytesOf(Facts()), BytesOf(before));
-        boxes.shown.clear();
-        // Nor are types read when the base is opened again.
-        KTyp = 1;
-        ShownDialog again("Knowledge_Box", KnowledgeNew);
-        EXPECT_EQ(again.Rows(KNOW_TYPES).size(), 3u) << path;
-    }
-}
-
-TEST_F(FactsBase, OnAFullDiskKeepsWhatItHas) {
-    ShownDialog dialog("Knowledge_Box", KnowledgeNew);
-    files::FailWritesAfter(0);
-    Add(dialog, "b");
-    files::FailWritesAfter(-1);
-    EXPECT_EQ(boxes.shown, Texts{"WARNING: No space left on the disk"});
-    EXPECT_EQ(Names(), Texts{"a"});
-    EXPECT_EQ(dialog.Text(KNOW_NAME), "b");
-    Add(dialog, "b");
-    EXPECT_EQ(Names(), (Texts{"a", "b"}));
-    EXPECT_EQ(Ident(1), 2);
 }
 
 TEST_F(FactsBase, TextsAreLimitedToTheirFields) {

@@ -1,52 +1,9 @@
-#include "project/project_commands.h"
-
-#include "dialog_test.h"
-#include "document_test.h"
-#include "file_choices.h"
-#include "shell/editor.h"
-#include "shell/menu.h"
-#include "shell/ZENTRIK.h"
+// New, Open, adding and removing items, and the history length.
+#include "project_commands_fixture.h"
 
 namespace {
 
 using namespace zentrik_test;
-
-class ProjectCommands : public DocumentTest {
-protected:
-    ProjectCommands() {
-        for (int group = 1; group <= 8; ++group)
-            GrayMenu(hFrame, group);
-        SetText(WorkPath, Path("work"));
-        std::filesystem::create_directories(Path("work") + "\\temp");
-    }
-    ~ProjectCommands() override { EditState = 0; }
-
-    static RowTexts Rows() { return RowsOf(Project.hwndPro); }
-
-    // Chooses a file in the dialog that `command` shows.
-    template <class Command> void Choose(const std::string& name, Command command) {
-        if (!files::Exists(Path(name).c_str()))
-            temp_.Put(name, "");
-        FileChoices choices;
-        choices.Choose(Path(name));
-        command(hFrame);
-    }
-    template <class Command> static void Cancel(Command command) {
-        FileChoices choices;
-        choices.Cancel();
-        command(hFrame);
-    }
-
-    // Opens a saved project of this name.
-    void OpenSaved(const std::string& name) {
-        ASSERT_TRUE(WriteProject(Path(name).c_str(), ProjectFile()));
-        Choose(name, OpenMORV);
-        ASSERT_EQ(Project.MORState, 1);
-    }
-
-    static constexpr const char* kChanged =
-        "Close MORV Project: MORV Project has been changed. Save before Close?";
-};
 
 TEST_F(ProjectCommands, NewProjectEnablesItsMenus) {
     NewMORV(hFrame);
@@ -219,32 +176,6 @@ TEST_F(ProjectCommands, AddMainIsRefusedWhenAMainCameMeanwhile) {
     EXPECT_EQ(Rows(), (RowTexts{"MORVName", "\tuntitled.mrv", "Main", "\tfirst"}));
 }
 
-TEST_F(ProjectCommands, CloseAndExitStopWhenTheProjectIsGone) {
-    auto close = [](HWND frame) { EXPECT_EQ(CloseMORV(frame), 1); };
-    for (const std::function<void(HWND)>& command :
-         {std::function<void(HWND)>(close), std::function<void(HWND)>(ExitZentrik)}) {
-        NewMORV(hFrame);
-        Project.MORVmod = 1;
-        Boxes boxes(Answer::Yes);
-        FileChoices choices;
-        choices.Meanwhile(
-            [] {
-                Project.MORVmod = 0;
-                CloseMORV(hFrame);
-                DestroyMdiP();
-                NewMORV(hFrame);
-            },
-            Path("p.mrv"));
-        command(hFrame);
-        EXPECT_FALSE(files::Exists(Path("p.mrv").c_str()));
-        EXPECT_TRUE(IsWindow(hFrame));
-        EXPECT_EQ(Project.MORState, 1);
-        EXPECT_EQ(Rows().size(), 2u);
-        CloseMORV(hFrame);
-        DestroyMdiP();
-    }
-}
-
 TEST_F(ProjectCommands, RefuseTheNinthSystemAndTheFourthExtern) {
     NewMORV(hFrame);
     for (int i = 0; i < 8; ++i)
@@ -256,83 +187,6 @@ TEST_F(ProjectCommands, RefuseTheNinthSystemAndTheFourthExtern) {
     AddExtern(hFrame);
     EXPECT_EQ(boxes.shown, (RowTexts{"Add MORV System: There is too much Systems",
                                      "Add MORV Externs: There is too much Extern Files"}));
-}
-
-TEST_F(ProjectCommands, SaveAsksForANameWhileUntitled) {
-    NewMORV(hFrame);
-    Project.MORVmod = 1;
-    Cancel(SaveMORV);
-    EXPECT_EQ(Project.IsUntitled(), 1);
-    EXPECT_EQ(Project.MORVmod, 1);
-    {
-        FileChoices choices;
-        choices.Choose(Path("p.mrv"));
-        SaveMORV(hFrame);
-    }
-    EXPECT_EQ(Project.MORVmod, 0);
-    EXPECT_EQ(Rows(), (RowTexts{"MORVName", ItemRow(Path("p.mrv"))}));
-    EXPECT_EQ(temp_.Content("p.mrv").size(), 4096u);
-    Project.DatHisLen = 7;
-    SaveMORV(hFrame);
-    EXPECT_EQ(temp_.Content("p.mrv").substr(4092), Number(7));
-}
-
-TEST_F(ProjectCommands, AFailedSaveKeepsNameAndChanges) {
-    NewMORV(hFrame);
-    Project.NameMain("m.cpp");
-    Boxes boxes(Answer::Yes);
-    files::FailWritesAfter(0);
-    {
-        FileChoices choices;
-        choices.Choose(Path("p.mrv"));
-        SaveAsMORV(hFrame);
-    }
-    EXPECT_EQ(Project.IsUntitled(), 1);
-    EXPECT_EQ(Project.MORVmod, 1);
-    Project.ChName(Path("p.mrv").c_str());
-    SaveMORV(hFrame);
-    EXPECT_EQ(Project.MORVmod, 1);
-    EXPECT_EQ(CloseMORV(hFrame), 1);
-    ExitZentrik(hFrame);
-    files::FailWritesAfter(-1);
-    EXPECT_TRUE(IsWindow(hFrame));
-    EXPECT_EQ(Project.MORState, 1);
-    EXPECT_EQ(Rows().size(), 4u);
-}
-
-TEST_F(ProjectCommands, CloseAsksForAChangedProject) {
-    OpenSaved("p.mrv");
-    Project.NameMain("m.cpp");
-    {
-        Boxes boxes(Answer::Cancel);
-        EXPECT_EQ(CloseMORV(hFrame), 1);
-        EXPECT_EQ(boxes.shown, RowTexts{kChanged});
-        EXPECT_EQ(boxes.messages[0].buttons, Buttons::YesNoCancel);
-        EXPECT_EQ(boxes.messages[0].owner, hFrame);
-        EXPECT_EQ(Project.MORState, 1);
-    }
-    Boxes boxes(Answer::Yes);
-    EXPECT_EQ(CloseMORV(hFrame), 0);
-    DestroyMdiP();
-    EXPECT_EQ(Project.MORState, 0);
-    EXPECT_EQ(temp_.Content("p.mrv").substr(0, 255), Field("m.cpp"));
-    for (int id : {CM_SAVE_MORV, CM_CLOSE_MORV, CM_COMPILE, CM_REMOVE_ITEM})
-        EXPECT_TRUE(FrameWindow::IsGray(id)) << id;
-    // An unchanged one closes without a question.
-    Choose("p.mrv", OpenMORV);
-    EXPECT_FALSE(FrameWindow::IsGray(CM_REMOVE_ITEM)); // it has a main file
-    EXPECT_EQ(CloseMORV(hFrame), 0);
-    EXPECT_EQ(boxes.shown.size(), 1u);
-}
-
-TEST_F(ProjectCommands, CloseGivesUpAnUntitledProjectWhoseNameWasCancelled) {
-    NewMORV(hFrame);
-    Project.MORVmod = 1;
-    Boxes boxes(Answer::Yes);
-    FileChoices choices;
-    choices.Cancel();
-    EXPECT_EQ(CloseMORV(hFrame), 0);
-    EXPECT_EQ(Project.MORState, 0);
 }
 
 TEST_F(ProjectCommands, OpenEnablesTheMenusEvenWhenItFails) {
@@ -450,84 +304,6 @@ TEST_F(ProjectCommands, HistoryLengthTakesAnyText) {
         EXPECT_FALSE(dialog.IsOpen());
         EXPECT_EQ(Project.DatHisLen, 4);
     }
-}
-
-TEST_F(ProjectCommands, ExitAsksForProjectAndSystemInTurn) {
-    NewMORV(hFrame);
-    System.NameSys("untitled.lse");
-    System.CreateSys();
-    System.EngineState = 1;
-    Project.MORVmod = 1;
-    {
-        Boxes boxes(Answer::Cancel);
-        ExitZentrik(hFrame);
-        EXPECT_EQ(boxes.shown, RowTexts{kChanged});
-        EXPECT_EQ(boxes.messages[0].owner, hFrame);
-        EXPECT_EQ(Project.MORState, 1);
-        EXPECT_EQ(System.EngineState, 1);
-    }
-    Project.MORVmod = 0;
-    System.Engmod = 1;
-    {
-        Boxes boxes(Answer::Cancel);
-        ExitZentrik(hFrame);
-        EXPECT_EQ(boxes.shown, RowTexts{"Close MORV Project: Save Current MORV System"});
-        EXPECT_EQ(boxes.messages[0].owner, hFrame);
-        // The project is closed by then, the system is not.
-        EXPECT_EQ(Project.MORState, 0);
-        EXPECT_EQ(System.EngineState, 1);
-        EXPECT_TRUE(IsWindow(hFrame));
-    }
-    Boxes boxes(Answer::No);
-    const HWND frame = hFrame;
-    ExitZentrik(hFrame);
-    EXPECT_EQ(System.EngineState, 0);
-    EXPECT_FALSE(IsWindow(frame));
-}
-
-TEST_F(ProjectCommands, ExitSavesWhatItIsToldTo) {
-    OpenSaved("p.mrv");
-    Project.NameMain("m.cpp");
-    System.NameSys(Path("a.lse").c_str());
-    System.CreateSys();
-    System.EngineState = 1;
-    System.NameHeader("h.cpp");
-    Boxes boxes(Answer::Yes);
-    const HWND frame = hFrame;
-    ExitZentrik(hFrame);
-    EXPECT_FALSE(IsWindow(frame));
-    EXPECT_EQ(boxes.shown.size(), 2u);
-    EXPECT_EQ(temp_.Content("p.mrv").substr(0, 255), Field("m.cpp"));
-    EXPECT_EQ(temp_.Content("a.lse").substr(765, 255), Field("h.cpp"));
-}
-
-TEST_F(ProjectCommands, ExitKeepsASystemThatCouldNotBeSaved) {
-    System.NameSys(Path("a.lse").c_str());
-    System.CreateSys();
-    System.EngineState = 1;
-    System.Engmod = 1;
-    Boxes boxes(Answer::Yes);
-    files::FailWritesAfter(0);
-    ExitZentrik(hFrame);
-    files::FailWritesAfter(-1);
-    EXPECT_TRUE(IsWindow(hFrame));
-    EXPECT_EQ(System.EngineState, 1);
-    EXPECT_EQ(System.Engmod, 1);
-}
-
-TEST_F(ProjectCommands, ExitStopsAtATextTheUserKeeps) {
-    OpenEdit("untitled");
-    SendMessageA(TextHwnd(), EM_SETMODIFY, TRUE, 0);
-    {
-        Boxes boxes(Answer::Cancel);
-        ExitZentrik(hFrame);
-        EXPECT_EQ(boxes.shown.size(), 1u);
-        EXPECT_TRUE(IsWindow(hFrame));
-    }
-    Boxes boxes(Answer::No);
-    const HWND frame = hFrame;
-    ExitZentrik(hFrame);
-    EXPECT_FALSE(IsWindow(frame));
 }
 
 } // namespace
