@@ -102,6 +102,22 @@ TEST_F(DebugTest, UndefinedOppositesComeBeforeTheRules) {
     EXPECT_EQ(rows[2], app.Path("tank.rul"));
 }
 
+TEST_F(DebugTest, ATextBesideItIsPaintedAgain) {
+    App& app = RunRules({{"Rule 1\r\nEndRule"}});
+    Debug(app);
+    app.CommandWithFile(CM_OPEN_FILE, "Open File", app.Path("s1.rul"));
+    const HWND edit = app.Inner(kEditor);
+    RECT text{};
+    GetWindowRect(edit, &text);
+    text.right = text.left + 100;
+    text.bottom = text.top + 40;
+    const auto painted = [&] { return !IsOneColour(ScreenPixels(text)); };
+    app.Process().WaitFor("the text on the screen", painted);
+    // The new window of findings is brought to the front and takes the place of the old.
+    Debug(app);
+    app.Process().WaitFor("the text on the screen again", painted);
+}
+
 TEST_F(DebugTest, AMissingSystemStopsTheCheck) {
     App& app = RunRules({{"Rule 1\r\nEndRule"}, {}, {}});
     DeleteFileA(app.Path("s2.lse").c_str());

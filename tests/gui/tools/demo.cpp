@@ -13,6 +13,8 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -47,6 +49,7 @@ public:
             if (each)
                 RedrawWindow(each, nullptr, nullptr,
                              RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        AwaitStillScreen();
         const std::string path = folder + "\\" + name + ".bmp";
         if (!gui::SaveScreenshot(path))
             gui::Fail("cannot write " + path);
@@ -109,7 +112,23 @@ public:
     }
 
 private:
-    static std::string Path(const char* name) { return kSample + ("\\" + std::string(name)); }
+    // Windows of another program are painted some time after they are asked to be.
+    void AwaitStillScreen() {
+        constexpr int kLooks = 10;
+        const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+        std::vector<char> before;
+        int same = 0;
+        program_.WaitFor("a screen that does not change", [&] {
+            std::vector<char> now = gui::ScreenPixels(screen);
+            same = now == before ? same + 1 : 0;
+            before = std::move(now);
+            return same == kLooks;
+        });
+    }
+
+    static std::string Path(const char* name) {
+        return std::string(kSample).append("\\").append(name);
+    }
 
     gui::Program program_;
     gui::App app_;
