@@ -1,14 +1,16 @@
 #include "build/compile.h"
 
-#include "build/rules_header.h"
-#include "build/rules_source.h"
-#include "build/support_files.h"
+#include "build/core/rules_header.h"
+#include "build/core/rules_source.h"
+#include "build/core/support_files.h"
 #include "build/tools.h"
-#include "shell/editor.h"
-#include "shell/menu.h"
-#include "shell/messages.h"
-#include "shell/process.h"
-#include "shell/VARMORV.h"
+#include "project/ZENPRO.h"
+#include "shell/core/messages.h"
+#include "shell/services/editor.h"
+#include "shell/services/menu.h"
+#include "shell/services/process.h"
+#include "shell/services/VARMORV.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

@@ -1,12 +1,13 @@
 #include "build/debug.h"
 
-#include "build/rule_checker.h"
-#include "shell/dialog.h"
-#include "shell/list_rows.h"
-#include "shell/mdi.h"
-#include "shell/messages.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "build/core/rule_checker.h"
+#include "project/ZENPRO.h"
+#include "shell/core/messages.h"
+#include "shell/services/dialog.h"
+#include "shell/services/list_rows.h"
+#include "shell/services/mdi.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
 
 #include <optional>
 

@@ -1,10 +1,10 @@
 #include "build/execute.h"
 
-#include "build/build_names.h"
 #include "build/compile.h"
+#include "build/core/build_names.h"
 #include "build/debug.h"
-#include "shell/process.h"
-#include "shell/VARMORV.h"
+#include "project/ZENPRO.h"
+#include "shell/services/process.h"
 
 void ExecMORV(HWND hwnd) {
     DebugMORV(hwnd);

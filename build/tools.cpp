@@ -1,11 +1,11 @@
 #include "build/tools.h"
 
-#include "shell/dialog.h"
-#include "shell/file_dialogs.h"
-#include "shell/help.h"
-#include "shell/messages.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "shell/core/messages.h"
+#include "shell/services/dialog.h"
+#include "shell/services/file_dialogs.h"
+#include "shell/services/help.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
 
 #include <algorithm>
 

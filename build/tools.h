@@ -1,7 +1,7 @@
 // The compiler tools: their settings and the dialog "Tool_Box".
 #pragma once
 
-#include "build/tools_file.h"
+#include "build/core/tools_file.h"
 
 #include <windows.h>
 

@@ -2,7 +2,7 @@
 //     make_sample [--root <folder>] <source folder> <work folder> [compiler command]
 // --root is there on hosts without drives: drive C: is its subfolder "c".
 #include "examples/sample_writer.h"
-#include "shell/files.h"
+#include "shell/core/files.h"
 
 #include <cstdio>
 #include <string>

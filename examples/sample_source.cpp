@@ -1,7 +1,7 @@
 #include "examples/sample_source.h"
 
-#include "project/project_file.h"
-#include "resources/dde_item.h"
+#include "project/core/project_file.h"
+#include "resources/core/dde_item.h"
 
 #include <algorithm>
 #include <charconv>

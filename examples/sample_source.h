@@ -1,7 +1,7 @@
 // The readable source of a sample project: its format stands at the top of boiler/boiler.txt.
 #pragma once
 
-#include "resources/fact.h"
+#include "resources/core/fact.h"
 
 #include <cstdint>
 #include <string>

@@ -1,12 +1,12 @@
 #include "examples/sample_writer.h"
 
-#include "build/tools_file.h"
+#include "build/core/tools_file.h"
 #include "examples/sample_source.h"
-#include "project/project_file.h"
-#include "resources/dde_item.h"
-#include "resources/variable.h"
-#include "system/rule_text.h"
-#include "system/system_file.h"
+#include "project/core/project_file.h"
+#include "resources/core/dde_item.h"
+#include "resources/core/variable.h"
+#include "system/core/rule_text.h"
+#include "system/core/system_file.h"
 
 namespace sample {
 

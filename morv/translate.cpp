@@ -1,6 +1,6 @@
 #include "translate.h"
 
-#include "rule_blocks.h"
+#include "language/rule_blocks.h"
 
 #include <algorithm>
 #include <map>

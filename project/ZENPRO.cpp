@@ -1,10 +1,12 @@
 #include "project/ZENPRO.h"
 
-#include "project/results_file.h"
-#include "shell/file_helpers.h"
-#include "shell/mdi.h"
-#include "shell/record_text.h"
-#include "shell/section_rows.h"
+#include "project/core/results_file.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/record_text.h"
+#include "shell/services/mdi.h"
+#include "shell/services/section_rows.h"
+
+ZKPROJECT Project;
 
 namespace {
 

@@ -2,8 +2,8 @@
 // the list are what, and the paths of the results files stand in those rows alone.
 #pragma once
 
-#include "project/project_file.h"
-#include "shell/window_handle.h"
+#include "project/core/project_file.h"
+#include "shell/core/window_handle.h"
 
 class ZKPROJECT {
 public:
@@ -107,3 +107,5 @@ private:
     WindowHandle List(); // brings hwndList up to date
     void CountResults(); // places the results and makes their number that of the rows
 };
+
+extern ZKPROJECT Project; // the one project document

@@ -1,12 +1,12 @@
 // The project document's files: the project file and the auxiliary results file.
 #include "project/ZENPRO.h"
-#include "shell/file_helpers.h"
-#include "shell/mdi.h"
-#include "shell/messages.h"
-#include "shell/paths.h"
-#include "shell/record_text.h"
-#include "shell/section_rows.h"
-#include "shell/working_copy.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/messages.h"
+#include "shell/core/paths.h"
+#include "shell/core/record_text.h"
+#include "shell/core/working_copy.h"
+#include "shell/services/mdi.h"
+#include "shell/services/section_rows.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // "HL_Box": the project's value history length.
 #include "project/project_commands.h"
-#include "shell/dialog.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "project/ZENPRO.h"
+#include "shell/services/dialog.h"
+#include "shell/services/ZENTRIK.h"
 
 #include <cstdlib>
 

@@ -1,14 +1,16 @@
 #include "project/project_commands.h"
 
-#include "shell/dialog.h"
-#include "shell/document_save.h"
-#include "shell/editor.h"
-#include "shell/file_dialogs.h"
-#include "shell/menu.h"
-#include "shell/messages.h"
-#include "shell/VARMORV.h"
+#include "project/ZENPRO.h"
+#include "shell/core/messages.h"
+#include "shell/services/dialog.h"
+#include "shell/services/document_save.h"
+#include "shell/services/editor.h"
+#include "shell/services/file_dialogs.h"
+#include "shell/services/menu.h"
+#include "shell/services/VARMORV.h"
 #include "system/add_resource.h"
 #include "system/system_commands.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

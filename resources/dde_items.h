@@ -1,7 +1,7 @@
 // "Dde_Box": the DDE items editor.
 #pragma once
 
-#include "shell/record_text.h"
+#include "shell/core/record_text.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
 // "Knowledge_Box": the facts base editor.
 #pragma once
 
-#include "shell/record_text.h"
+#include "shell/core/record_text.h"
 
 #include <windows.h>
 

@@ -1,16 +1,17 @@
 #include "resources/initial_facts.h"
 
-#include "resources/list_texts.h"
-#include "resources/record_files.h"
+#include "resources/core/record_files.h"
+#include "resources/core/value_entries.h"
 #include "resources/value_controls.h"
-#include "resources/value_entries.h"
-#include "shell/dialog.h"
-#include "shell/file_helpers.h"
-#include "shell/list_columns.h"
-#include "shell/list_rows.h"
-#include "shell/messages.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/messages.h"
+#include "shell/services/dialog.h"
+#include "shell/services/list_columns.h"
+#include "shell/services/list_rows.h"
+#include "shell/services/list_texts.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

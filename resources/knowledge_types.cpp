@@ -1,12 +1,12 @@
 #include "resources/knowledge_types.h"
 
-#include "resources/list_texts.h"
-#include "resources/record_files.h"
-#include "shell/dialog.h"
-#include "shell/file_helpers.h"
-#include "shell/list_rows.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "resources/core/record_files.h"
+#include "shell/core/file_helpers.h"
+#include "shell/services/dialog.h"
+#include "shell/services/list_rows.h"
+#include "shell/services/list_texts.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/ZENSYS.h"
 
 char KTypeFileName[kNameSize];
 

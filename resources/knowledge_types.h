@@ -1,7 +1,7 @@
 // "KnowType_Box": the knowledge types that were added to a facts base.
 #pragma once
 
-#include "shell/record_text.h"
+#include "shell/core/record_text.h"
 
 #include <windows.h>
 

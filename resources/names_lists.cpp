@@ -1,15 +1,16 @@
 #include "resources/names_lists.h"
 
+#include "project/ZENPRO.h"
+#include "resources/core/record_files.h"
 #include "resources/facts_base.h"
-#include "resources/list_texts.h"
-#include "resources/record_files.h"
-#include "shell/dialog.h"
-#include "shell/file_dialogs.h"
-#include "shell/file_helpers.h"
-#include "shell/list_rows.h"
-#include "shell/messages.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/messages.h"
+#include "shell/services/dialog.h"
+#include "shell/services/file_dialogs.h"
+#include "shell/services/list_rows.h"
+#include "shell/services/list_texts.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
 
 int TagNum;
 

@@ -1,14 +1,15 @@
 #include "resources/opposites.h"
 
-#include "resources/list_texts.h"
-#include "resources/record_files.h"
-#include "shell/dialog.h"
-#include "shell/list_columns.h"
-#include "shell/list_rows.h"
-#include "shell/mdi.h"
-#include "shell/messages.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "resources/core/record_files.h"
+#include "shell/core/messages.h"
+#include "shell/services/dialog.h"
+#include "shell/services/list_columns.h"
+#include "shell/services/list_rows.h"
+#include "shell/services/list_texts.h"
+#include "shell/services/mdi.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "resources/value_controls.h"
 
-#include "resources/value_entries.h"
-#include "shell/dialog.h"
-#include "shell/list_rows.h"
+#include "resources/core/value_entries.h"
+#include "shell/services/dialog.h"
+#include "shell/services/list_rows.h"
 
 void FillTypes(HWND dialog, int id, int size) {
     for (const char* type : kValueTypes)

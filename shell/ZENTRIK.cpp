@@ -1,19 +1,22 @@
 // The program's entry: window classes, the frame window and the message loop.
-#include "shell/ZENTRIK.h"
+#include "shell/services/ZENTRIK.h"
 
 #include "build/tools.h"
 #include "project/project_commands.h"
+#include "project/ZENPRO.h"
 #include "shell/commands.h"
-#include "shell/editor.h"
-#include "shell/files.h"
-#include "shell/help.h"
-#include "shell/mdi.h"
+#include "shell/core/files.h"
+#include "shell/core/messages.h"
 #include "shell/mdi_windows.h"
-#include "shell/menu.h"
-#include "shell/message_box.h"
-#include "shell/messages.h"
+#include "shell/services/editor.h"
+#include "shell/services/handles.h"
+#include "shell/services/help.h"
+#include "shell/services/mdi.h"
+#include "shell/services/menu.h"
+#include "shell/services/message_box.h"
+#include "shell/services/VARMORV.h"
 #include "shell/toolbar.h"
-#include "shell/VARMORV.h"
+#include "system/ZENSYS.h"
 
 #include <algorithm>
 #include <string>

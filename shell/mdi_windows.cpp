@@ -1,12 +1,12 @@
 #include "shell/mdi_windows.h"
 
 #include "project/project_commands.h"
-#include "shell/editor.h"
-#include "shell/list_rows.h"
-#include "shell/mdi.h"
-#include "shell/menu.h"
-#include "shell/messages.h"
-#include "shell/VARMORV.h"
+#include "shell/core/messages.h"
+#include "shell/services/editor.h"
+#include "shell/services/handles.h"
+#include "shell/services/list_rows.h"
+#include "shell/services/mdi.h"
+#include "shell/services/menu.h"
 #include "system/open_row.h"
 #include "system/system_commands.h"
 

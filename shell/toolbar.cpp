@@ -5,11 +5,11 @@
 #include "build/execute.h"
 #include "build/tools.h"
 #include "project/project_commands.h"
-#include "shell/editor.h"
-#include "shell/mdi.h"
-#include "shell/menu.h"
-#include "shell/VARMORV.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/editor.h"
+#include "shell/services/handles.h"
+#include "shell/services/mdi.h"
+#include "shell/services/menu.h"
+#include "shell/services/ZENTRIK.h"
 #include "system/system_commands.h"
 
 #include <iterator>
@@ -100,7 +100,7 @@ void DrawButton(const DRAWITEMSTRUCT& item) {
 void RunButton(WPARAM wParam, LPARAM lParam) {
     const int index = IndexOf(LOWORD(wParam));
     if ((lParam >> 16) == 0 && index >= 0)
-        kButtons[index].run(hFrame);
+        kButtons[index].run(GetFrame());
 }
 
 void DeletePictures() {

@@ -1,9 +1,11 @@
 #include "system/ZENSYS.h"
 
-#include "shell/mdi.h"
-#include "shell/paths.h"
-#include "shell/record_text.h"
-#include "shell/section_rows.h"
+#include "shell/core/paths.h"
+#include "shell/core/record_text.h"
+#include "shell/services/mdi.h"
+#include "shell/services/section_rows.h"
+
+ZKSYSTEMS System;
 
 ZKSYSTEMS::ZKSYSTEMS() : hwndSys(nullptr), hwndList(nullptr) {
     Init();

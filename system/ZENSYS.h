@@ -2,8 +2,8 @@
 // other place than the rows of that list.
 #pragma once
 
-#include "shell/window_handle.h"
-#include "system/system_file.h"
+#include "shell/core/window_handle.h"
+#include "system/core/system_file.h"
 
 class ZKSYSTEMS {
 public:
@@ -115,3 +115,5 @@ private:
 
     WindowHandle List(); // brings hwndList up to date
 };
+
+extern ZKSYSTEMS System; // the one system document

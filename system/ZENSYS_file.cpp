@@ -1,11 +1,11 @@
 // The system document's files: the system file and the working copies of the local variables and
 // the initial facts.
-#include "shell/file_helpers.h"
-#include "shell/mdi.h"
-#include "shell/messages.h"
-#include "shell/paths.h"
-#include "shell/section_rows.h"
-#include "shell/working_copy.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/messages.h"
+#include "shell/core/paths.h"
+#include "shell/core/working_copy.h"
+#include "shell/services/mdi.h"
+#include "shell/services/section_rows.h"
 #include "system/ZENSYS.h"
 
 #include <unordered_map>

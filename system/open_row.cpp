@@ -1,15 +1,18 @@
 #include "system/open_row.h"
 
+#include "project/ZENPRO.h"
 #include "resources/dde_items.h"
 #include "resources/local_variables.h"
-#include "shell/dialog.h"
-#include "shell/editor.h"
-#include "shell/mdi.h"
-#include "shell/paths.h"
-#include "shell/VARMORV.h"
+#include "shell/core/paths.h"
+#include "shell/services/dialog.h"
+#include "shell/services/editor.h"
+#include "shell/services/handles.h"
+#include "shell/services/mdi.h"
+#include "shell/services/VARMORV.h"
 #include "system/add_resource.h"
 #include "system/rule_editor.h"
 #include "system/system_commands.h"
+#include "system/ZENSYS.h"
 
 namespace {
 
@@ -37,7 +40,7 @@ void OpenSystem(const std::string& name) {
     System.NameSys(name.c_str());
     System.CreateSys();
     System.OpenSys(name.c_str());
-    EnableSystemMenus(hFrame);
+    EnableSystemMenus(GetFrame());
 }
 
 void EditDde(const std::string& name) {

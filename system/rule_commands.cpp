@@ -1,13 +1,13 @@
 #include "system/rule_commands.h"
 
-#include "shell/editor.h"
-#include "shell/file_dialogs.h"
-#include "shell/file_helpers.h"
-#include "shell/list_rows.h"
-#include "shell/messages.h"
-#include "shell/paths.h"
-#include "shell/ZENTRIK.h"
-#include "system/rule_text.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/messages.h"
+#include "shell/core/paths.h"
+#include "shell/services/editor.h"
+#include "shell/services/file_dialogs.h"
+#include "shell/services/list_rows.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/core/rule_text.h"
 #include "system/rule_window.h"
 
 int RuleNum;

@@ -1,9 +1,9 @@
 #include "system/rule_editor.h"
 
-#include "shell/dialog.h"
-#include "shell/editor.h"
-#include "shell/paths.h"
-#include "shell/ZENTRIK.h"
+#include "shell/core/paths.h"
+#include "shell/services/dialog.h"
+#include "shell/services/editor.h"
+#include "shell/services/ZENTRIK.h"
 #include "system/rule_commands.h"
 #include "system/rule_window.h"
 

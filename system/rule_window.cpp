@@ -1,8 +1,8 @@
 #include "system/rule_window.h"
 
-#include "shell/editor.h"
-#include "shell/mdi.h"
-#include "shell/text_measure.h"
+#include "shell/services/editor.h"
+#include "shell/services/mdi.h"
+#include "shell/services/text_measure.h"
 
 #include <algorithm>
 #include <ranges>

@@ -2,7 +2,7 @@
 // or made it, whatever is active later; once it is gone the functions do nothing.
 #pragma once
 
-#include "shell/record_text.h"
+#include "shell/core/record_text.h"
 
 #include <string>
 #include <windows.h>

@@ -1,6 +1,6 @@
 #include "build_disk.h"
 
-#include "build/banner.h"
+#include "build/core/banner.h"
 
 namespace {
 

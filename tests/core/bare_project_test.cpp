@@ -1,9 +1,9 @@
 // A project with no items, results, facts and types: all its generated files.
 #include "build_disk.h"
 
-#include "build/rules_header.h"
-#include "build/rules_source.h"
-#include "build/support_files.h"
+#include "build/core/rules_header.h"
+#include "build/core/rules_source.h"
+#include "build/core/support_files.h"
 
 namespace {
 

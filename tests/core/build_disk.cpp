@@ -1,7 +1,7 @@
 #include "build_disk.h"
 
 #include "examples/sample_writer.h"
-#include "resources/variable.h"
+#include "resources/core/variable.h"
 
 namespace zentrik_test {
 

@@ -4,9 +4,9 @@
 
 #include "core_test.h"
 
-#include "project/project_file.h"
-#include "shell/files.h"
-#include "system/system_file.h"
+#include "project/core/project_file.h"
+#include "shell/core/files.h"
+#include "system/core/system_file.h"
 
 namespace zentrik_test {
 

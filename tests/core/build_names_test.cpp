@@ -1,6 +1,6 @@
 #include "core_test.h"
 
-#include "build/build_names.h"
+#include "build/core/build_names.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // What the tests of the rule check share: a view that logs, and rules with their index.
 #pragma once
 
-#include "build/rule_checker.h"
+#include "build/core/rule_checker.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // What the core tests share: a passing folder, and a recorder of message boxes.
 #pragma once
 
-#include "shell/messages.h"
+#include "shell/core/messages.h"
 
 #include <filesystem>
 #include <fstream>

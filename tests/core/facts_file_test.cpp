@@ -1,8 +1,8 @@
 #include "core_test.h"
 
-#include "resources/fact_texts.h"
-#include "resources/facts_file.h"
-#include "shell/record_text.h"
+#include "resources/core/fact_texts.h"
+#include "resources/core/facts_file.h"
+#include "shell/core/record_text.h"
 
 #include <chrono>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "core_test.h"
 
-#include "shell/file_helpers.h"
-#include "shell/files.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/files.h"
 
 #include <cerrno>
 #include <limits>

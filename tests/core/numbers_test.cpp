@@ -1,6 +1,6 @@
 #include "core_test.h"
 
-#include "resources/numbers.h"
+#include "resources/core/numbers.h"
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,6 @@
 #include "core_test.h"
 
-#include "project/project_file.h"
+#include "project/core/project_file.h"
 
 namespace {
 

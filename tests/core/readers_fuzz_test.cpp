@@ -3,13 +3,13 @@
 #include "build_disk.h"
 #include "check_log.h"
 
-#include "build/rules_header.h"
-#include "build/rules_source.h"
-#include "build/support_files.h"
-#include "resources/fact_texts.h"
-#include "resources/facts_file.h"
-#include "resources/record_files.h"
-#include "resources/value_entries.h"
+#include "build/core/rules_header.h"
+#include "build/core/rules_source.h"
+#include "build/core/support_files.h"
+#include "resources/core/fact_texts.h"
+#include "resources/core/facts_file.h"
+#include "resources/core/record_files.h"
+#include "resources/core/value_entries.h"
 
 #include <chrono>
 #include <random>

@@ -1,6 +1,6 @@
 #include "core_test.h"
 
-#include "resources/record_files.h"
+#include "resources/core/record_files.h"
 
 #include <cerrno>
 

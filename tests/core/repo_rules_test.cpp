@@ -24,10 +24,10 @@ std::vector<std::string> Lines(const std::string& text) {
     return lines;
 }
 
-// The identifiers of shell/ZENTRIK.h with their values.
+// The identifiers of shell/services/ZENTRIK.h with their values.
 std::map<std::string, int> Identifiers() {
     std::map<std::string, int> identifiers;
-    for (const std::string& line : Lines(ReadText(kSources / "shell/ZENTRIK.h"))) {
+    for (const std::string& line : Lines(ReadText(kSources / "shell/services/ZENTRIK.h"))) {
         std::istringstream words(line);
         std::string define;
         std::string name;
@@ -131,42 +131,133 @@ TEST(RepoRules, EveryIdentifierInTheResourcesIsNamed) {
     EXPECT_GE(named, 52u);
 }
 
-// Adds `file` and all of the project's files that it includes.
-void AddWithIncludes(const std::string& file, std::set<std::string>& files) {
-    if (!files.insert(file).second)
-        return;
-    ASSERT_TRUE(fs::exists(kSources / file)) << file;
-    for (const std::string& name : Includes(kSources / file))
-        AddWithIncludes(name, files);
+// The sources below the folders of the program, with '/' in their names.
+std::vector<std::string> Sources() {
+    std::vector<std::string> sources;
+    for (const char* folder :
+         {"shell", "project", "system", "resources", "build", "language", "morv", "examples"})
+        for (const auto& entry : fs::recursive_directory_iterator(kSources / folder))
+            if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
+                sources.push_back(fs::relative(entry.path(), kSources).generic_string());
+    return sources;
 }
 
-TEST(RepoRules, TheCoreIncludesNoWindowsHeader) {
-    const std::string build = ReadText(kSources / "CMakeLists.txt");
-    const std::string start = "zentrik_core STATIC";
-    const std::size_t from = build.find(start);
-    ASSERT_NE(from, std::string::npos);
-    const std::size_t after = from + start.size();
-    std::istringstream names(build.substr(after, build.find(')', after) - after));
-    std::set<std::string> files;
-    for (std::string name; names >> name;)
-        AddWithIncludes(name, files);
-    EXPECT_TRUE(files.contains("shell/files.h"));
-    for (const std::string& file : files)
+bool IsIn(const std::string& file, const std::string& folder) {
+    return file.starts_with(folder + "/");
+}
+
+bool IsCore(const std::string& file) {
+    return file.find("/core/") != std::string::npos;
+}
+
+// Right in shell/: the frame, its commands, toolbar and window procedures.
+bool IsFrame(const std::string& file) {
+    return fs::path(file).parent_path() == "shell";
+}
+
+// What `file` may not include although it does; `may` says what it may.
+template <class May> void ExpectIncludes(const std::string& file, May may) {
+    for (const std::string& name : Includes(kSources / file))
+        EXPECT_TRUE(may(name)) << file << " includes " << name;
+}
+
+TEST(RepoRules, TheCoreIncludesTheCoreOnlyAndNoWindowsHeader) {
+    std::size_t seen = 0;
+    for (const std::string& file : Sources()) {
+        if (!IsCore(file))
+            continue;
+        ++seen;
+        ExpectIncludes(file, IsCore);
         EXPECT_EQ(ReadText(kSources / file).find("#include <windows.h>"), std::string::npos)
             << file;
+    }
+    EXPECT_GE(seen, 50u);
+}
+
+TEST(RepoRules, TheServicesIncludeNoSubject) {
+    std::size_t seen = 0;
+    for (const std::string& file : Sources()) {
+        if (!IsIn(file, "shell/services") && !IsIn(file, "shell/platform"))
+            continue;
+        ++seen;
+        ExpectIncludes(file, [](const std::string& name) {
+            return IsIn(name, "shell/services") || IsIn(name, "shell/core");
+        });
+    }
+    EXPECT_GE(seen, 30u);
 }
 
 TEST(RepoRules, NothingIncludesTheFrame) {
-    const std::set<std::string> frame{"ZENTRIK", "commands", "mdi_windows", "toolbar"};
-    const std::set<std::string> headers{"shell/commands.h", "shell/mdi_windows.h",
-                                        "shell/toolbar.h"};
-    for (const char* folder : {"shell", "project", "system", "resources", "build"})
-        for (const fs::path& path : FilesIn(folder, {".cpp", ".h"})) {
-            if (std::string(folder) == "shell" && frame.contains(path.stem().string()))
-                continue;
-            for (const std::string& name : Includes(path))
-                EXPECT_FALSE(headers.contains(name)) << path;
+    std::size_t seen = 0;
+    for (const std::string& file : Sources()) {
+        if (IsFrame(file)) {
+            ++seen;
+            continue;
         }
+        ExpectIncludes(file, [](const std::string& name) { return !IsFrame(name); });
+    }
+    EXPECT_GE(seen, 7u);
+}
+
+TEST(RepoRules, TheLanguageIncludesNothingElse) {
+    std::size_t seen = 0;
+    for (const std::string& file : Sources()) {
+        if (!IsIn(file, "language"))
+            continue;
+        ++seen;
+        ExpectIncludes(file, [](const std::string& name) { return IsIn(name, "language"); });
+    }
+    EXPECT_GE(seen, 4u);
+}
+
+// The project's files by what they include.
+using Graph = std::map<std::string, std::vector<std::string>>;
+
+// Walks the includes from `file`; `path` holds the files on the way to it. Returns a circle, or
+// nothing when there is none.
+std::vector<std::string> Circle(const Graph& graph, const std::string& file,
+                                std::vector<std::string>& path, std::set<std::string>& done) {
+    if (done.contains(file))
+        return {};
+    const auto before = std::find(path.begin(), path.end(), file);
+    if (before != path.end())
+        return {before, path.end()};
+    path.push_back(file);
+    if (const auto found = graph.find(file); found != graph.end())
+        for (const std::string& name : found->second)
+            if (auto circle = Circle(graph, name, path, done); !circle.empty())
+                return circle;
+    path.pop_back();
+    done.insert(file);
+    return {};
+}
+
+std::vector<std::string> AnyCircle(const Graph& graph) {
+    std::set<std::string> done;
+    for (const auto& [file, includes] : graph) {
+        std::vector<std::string> path;
+        if (auto circle = Circle(graph, file, path, done); !circle.empty())
+            return circle;
+    }
+    return {};
+}
+
+TEST(RepoRules, TheCircleSearchSeesCircles) {
+    EXPECT_EQ(AnyCircle({{"a", {"b", "c"}}, {"b", {"c"}}}), std::vector<std::string>{});
+    EXPECT_EQ(AnyCircle({{"a", {"b"}}, {"b", {"c"}}, {"c", {"b"}}}).size(), 2u);
+    EXPECT_EQ(AnyCircle({{"a", {"a"}}}).size(), 1u);
+}
+
+TEST(RepoRules, NoFileIncludesItselfByWayOfOthers) {
+    Graph graph;
+    for (const std::string& file : Sources())
+        for (const std::string& name : Includes(kSources / file)) {
+            // The runtime is compiled on its own: its files name each other without the folder.
+            const std::string beside = (fs::path(file).parent_path() / name).generic_string();
+            graph[file].push_back(fs::exists(kSources / beside) ? beside : name);
+        }
+    const std::vector<std::string> circle = AnyCircle(graph);
+    EXPECT_TRUE(circle.empty()) << testing::PrintToString(circle);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "core_test.h"
 
-#include "project/results_file.h"
-#include "shell/record_text.h"
+#include "project/core/results_file.h"
+#include "shell/core/record_text.h"
 
 #include <chrono>
 

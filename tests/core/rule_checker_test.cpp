@@ -2,7 +2,7 @@
 #include "build_disk.h"
 #include "check_log.h"
 
-#include "build/rule_structure.h"
+#include "build/core/rule_structure.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "core_test.h"
 
-#include "shell/file_helpers.h"
-#include "system/rule_index.h"
-#include "system/rule_text.h"
+#include "shell/core/file_helpers.h"
+#include "system/core/rule_index.h"
+#include "system/core/rule_text.h"
 
 #include <chrono>
 #include <random>

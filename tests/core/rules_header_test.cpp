@@ -1,7 +1,7 @@
 // The generated rules header.
 #include "build_disk.h"
 
-#include "build/rules_header.h"
+#include "build/core/rules_header.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The generated rules source.
 #include "build_disk.h"
 
-#include "build/rules_source.h"
+#include "build/core/rules_source.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 #include "core_test.h"
 
-#include "build/rule_checker.h"
-#include "build/tools_file.h"
+#include "build/core/rule_checker.h"
+#include "build/core/tools_file.h"
 #include "examples/sample_source.h"
 #include "examples/sample_writer.h"
-#include "project/project_file.h"
-#include "resources/dde_item.h"
-#include "resources/variable.h"
-#include "system/rule_index.h"
-#include "system/system_file.h"
+#include "project/core/project_file.h"
+#include "resources/core/dde_item.h"
+#include "resources/core/variable.h"
+#include "system/core/rule_index.h"
+#include "system/core/system_file.h"
 
 #include <algorithm>
 #include <map>

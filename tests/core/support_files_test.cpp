@@ -1,7 +1,7 @@
 // The generated support files.
 #include "build_disk.h"
 
-#include "build/support_files.h"
+#include "build/core/support_files.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "core_test.h"
 
-#include "system/system_file.h"
+#include "system/core/system_file.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "core_test.h"
 
-#include "resources/value_entries.h"
-#include "shell/files.h"
+#include "resources/core/value_entries.h"
+#include "shell/core/files.h"
 
 #include <chrono>
 

@@ -1,7 +1,7 @@
 #include "core_test.h"
 
-#include "shell/files.h"
-#include "shell/working_copy.h"
+#include "shell/core/files.h"
+#include "shell/core/working_copy.h"
 
 namespace {
 

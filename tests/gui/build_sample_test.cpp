@@ -2,7 +2,7 @@
 // dialogs, to the very bytes that its record writers give.
 #include "examples/sample_source.h"
 #include "examples/sample_writer.h"
-#include "shell/record_text.h"
+#include "shell/core/record_text.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_making.h"
 

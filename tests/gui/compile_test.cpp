@@ -1,6 +1,6 @@
 // The Compile and Execute commands: boxes in order for each failure, the generated files, and what
 // the compiler and the built program are started with.
-#include "build/tools_file.h"
+#include "build/core/tools_file.h"
 #include "tests/core/build_disk.h"
 #include "tests/gui/blocked_files.h"
 #include "tests/gui/gui_test.h"

@@ -1,5 +1,5 @@
 // DDE items: their editor and their file.
-#include "resources/dde_item.h"
+#include "resources/core/dde_item.h"
 #include "tests/gui/blocked_files.h"
 #include "tests/gui/gui_test.h"
 

@@ -1,9 +1,9 @@
 // The fields of the facts base's dialog as a record of it.
 #pragma once
 
-#include "resources/fact.h"
-#include "shell/record_text.h"
-#include "shell/ZENTRIK.h"
+#include "resources/core/fact.h"
+#include "shell/core/record_text.h"
+#include "shell/services/ZENTRIK.h"
 #include "tests/gui/driver/dialog.h"
 
 #include <charconv>

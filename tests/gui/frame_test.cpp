@@ -1,7 +1,7 @@
 // The frame: start, title, layout, edit and window commands, and the end of the program.
 #include "tests/gui/gui_test.h"
 
-#include "build/tools_file.h"
+#include "build/core/tools_file.h"
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/sample_project.h"
 

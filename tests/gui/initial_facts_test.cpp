@@ -1,6 +1,6 @@
 // Initial facts: their dialog, their working copy and the file beside the system.
-#include "resources/dde_item.h"
-#include "resources/variable.h"
+#include "resources/core/dde_item.h"
+#include "resources/core/variable.h"
 #include "tests/gui/blocked_files.h"
 #include "tests/gui/system_steps.h"
 

@@ -1,8 +1,8 @@
 // What a double-click on a row of the project or of the system opens.
-#include "system/system_file.h"
+#include "system/core/system_file.h"
 #include "tests/gui/driver/failure.h"
-#include "tests/gui/gui_test.h"
 #include "tests/gui/driver/rule_box.h"
+#include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "tests/gui/sample_project.h"
 
-#include "build/tools_file.h"
-#include "resources/dde_item.h"
-#include "system/rule_index.h"
-#include "system/system_file.h"
+#include "build/core/tools_file.h"
+#include "resources/core/dde_item.h"
+#include "system/core/rule_index.h"
+#include "system/core/system_file.h"
 #include "tests/gui/driver/failure.h"
 
 namespace gui {

@@ -1,7 +1,7 @@
 // A small project of real files, made for tests with the program's own record layouts.
 #pragma once
 
-#include "project/project_file.h"
+#include "project/core/project_file.h"
 #include "tests/gui/driver/places.h"
 
 #include <string>

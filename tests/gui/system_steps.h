@@ -1,7 +1,7 @@
 // What the tests of a system's commands and editors share.
 #pragma once
 
-#include "system/system_file.h"
+#include "system/core/system_file.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 

@@ -1,5 +1,5 @@
 // The compiler tools: their dialog and their file.
-#include "build/tools_file.h"
+#include "build/core/tools_file.h"
 #include "tests/gui/gui_test.h"
 
 namespace gui {

@@ -3,7 +3,7 @@
 #include "tests/core/core_test.h"
 #include "tests/morv/generated.h"
 
-#include "shell/files.h"
+#include "shell/core/files.h"
 
 #include <cstdlib>
 

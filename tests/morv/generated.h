@@ -1,13 +1,13 @@
 // The sample project, generated as the Compile command does it.
 #pragma once
 
-#include "build/build_names.h"
-#include "build/rules_header.h"
-#include "build/rules_source.h"
-#include "build/support_files.h"
-#include "build/tools_file.h"
+#include "build/core/build_names.h"
+#include "build/core/rules_header.h"
+#include "build/core/rules_source.h"
+#include "build/core/support_files.h"
+#include "build/core/tools_file.h"
 #include "examples/sample_writer.h"
-#include "project/project_file.h"
+#include "project/core/project_file.h"
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,13 @@
 #include "tests/core/core_test.h"
 #include "write_lock.h"
 
-#include "resources/fact.h"
-#include "resources/record_files.h"
-#include "shell/ZENTRIK.h"
+#include "project/ZENPRO.h"
+#include "resources/core/fact.h"
+#include "resources/core/record_files.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
 #include "system/add_resource.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

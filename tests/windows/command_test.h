@@ -3,8 +3,9 @@
 
 #include "document_test.h"
 #include "file_choices.h"
-#include "shell/editor.h"
-#include "shell/menu.h"
+#include "shell/services/editor.h"
+#include "shell/services/menu.h"
+#include "shell/services/VARMORV.h"
 
 namespace zentrik_test {
 

@@ -2,11 +2,11 @@
 
 #include "../core/core_test.h"
 #include "frame_window.h"
-#include "shell/editor.h"
-#include "shell/menu.h"
-#include "shell/process.h"
+#include "shell/services/editor.h"
+#include "shell/services/menu.h"
+#include "shell/services/process.h"
+#include "shell/services/ZENTRIK.h"
 #include "shell/toolbar.h"
-#include "shell/ZENTRIK.h"
 
 #include <set>
 

@@ -1,6 +1,7 @@
 // The controls of every dialog by the numbers that macros and drivers of the program know them by,
 // which is why they stand here as numbers.
-#include "shell/VARMORV.h"
+
+#include "shell/services/handles.h"
 
 #include <gtest/gtest.h>
 #include <map>

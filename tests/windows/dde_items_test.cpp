@@ -2,9 +2,9 @@
 #include "tests/core/core_test.h"
 #include "write_lock.h"
 
-#include "resources/dde_item.h"
+#include "resources/core/dde_item.h"
 #include "resources/dde_items.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/ZENTRIK.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // Dialogs in the process, over their real controls.
 #pragma once
 
-#include "shell/dialog.h"
-#include "shell/list_rows.h"
-#include "shell/VARMORV.h"
+#include "shell/services/dialog.h"
+#include "shell/services/handles.h"
+#include "shell/services/list_rows.h"
 
 #include <chrono>
 #include <deque>
@@ -116,8 +116,9 @@ public:
         return *this;
     }
     // Gives the file dialog `title` a path, after something else was done beside it.
-    DialogSteps& ChooseFile(const std::string& title, const std::string& path,
-                            const std::function<void()>& beside = [] {}) {
+    DialogSteps& ChooseFile(
+        const std::string& title, const std::string& path,
+        const std::function<void()>& beside = [] {}) {
         return When(title, [path, beside](const DialogHandle& dialog) {
             beside();
             constexpr int kNewName = 1148;

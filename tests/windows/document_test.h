@@ -3,7 +3,9 @@
 
 #include "../core/core_test.h"
 #include "frame_window.h"
-#include "shell/section_rows.h"
+#include "project/ZENPRO.h"
+#include "shell/services/section_rows.h"
+#include "system/ZENSYS.h"
 
 namespace zentrik_test {
 

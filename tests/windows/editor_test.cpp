@@ -1,8 +1,10 @@
-#include "shell/editor.h"
+#include "shell/services/editor.h"
 
 #include "../core/core_test.h"
 #include "frame_window.h"
-#include "shell/files.h"
+#include "project/ZENPRO.h"
+#include "shell/core/files.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include "dialog_test.h"
 #include "tests/core/core_test.h"
 
-#include "resources/fact.h"
+#include "resources/core/fact.h"
 #include "resources/facts_base.h"
 #include "resources/knowledge_types.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/ZENTRIK.h"
 
 namespace zentrik_test {
 

@@ -1,8 +1,8 @@
 // File dialogs answered in the process, and what they were asked.
 #pragma once
 
-#include "shell/file_dialogs.h"
-#include "shell/record_text.h"
+#include "shell/core/record_text.h"
+#include "shell/services/file_dialogs.h"
 
 #include <deque>
 #include <gtest/gtest.h>

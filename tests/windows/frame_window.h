@@ -1,9 +1,9 @@
 // A frame with the program's menu and an MDI client, for tests that need children.
 #pragma once
 
-#include "shell/mdi.h"
 #include "shell/mdi_windows.h"
-#include "shell/VARMORV.h"
+#include "shell/services/handles.h"
+#include "shell/services/mdi.h"
 
 #include <gtest/gtest.h>
 #include <set>

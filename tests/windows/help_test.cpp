@@ -3,8 +3,9 @@
 #include "frame_window.h"
 
 #include "build/tools.h"
-#include "shell/help.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/help.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
 
 namespace {
 

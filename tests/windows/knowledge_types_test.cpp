@@ -2,9 +2,10 @@
 #include "tests/core/core_test.h"
 #include "write_lock.h"
 
+#include "resources/core/record_files.h"
 #include "resources/knowledge_types.h"
-#include "resources/record_files.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // What holds for the layout of every dialog of the program.
-#include "shell/VARMORV.h"
+
+#include "shell/services/handles.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,5 +1,5 @@
-#include "shell/list_columns.h"
-#include "shell/VARMORV.h"
+#include "shell/services/handles.h"
+#include "shell/services/list_columns.h"
 
 #include <gtest/gtest.h>
 

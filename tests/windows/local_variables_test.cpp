@@ -2,10 +2,12 @@
 #include "system_window.h"
 #include "tests/core/core_test.h"
 
-#include "resources/dde_item.h"
+#include "resources/core/dde_item.h"
+#include "resources/core/variable.h"
 #include "resources/local_variables.h"
-#include "resources/variable.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // Tests over real windows, in the process.
-#include "shell/VARMORV.h"
+
+#include "shell/services/handles.h"
 
 #include <gtest/gtest.h>
 

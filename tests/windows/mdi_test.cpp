@@ -1,9 +1,9 @@
 #include "../core/core_test.h"
 #include "frame_window.h"
 
-#include "shell/editor.h"
-#include "shell/menu.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/editor.h"
+#include "shell/services/menu.h"
+#include "shell/services/ZENTRIK.h"
 
 namespace {
 

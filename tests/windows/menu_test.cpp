@@ -1,8 +1,9 @@
 #include "frame_window.h"
 
-#include "shell/menu.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/menu.h"
+#include "shell/services/ZENTRIK.h"
 
+#include <algorithm>
 #include <map>
 #include <vector>
 

@@ -2,10 +2,12 @@
 #include "tests/core/core_test.h"
 #include "write_lock.h"
 
+#include "project/ZENPRO.h"
+#include "resources/core/record_files.h"
 #include "resources/facts_base.h"
 #include "resources/names_lists.h"
-#include "resources/record_files.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
 
 namespace {
 

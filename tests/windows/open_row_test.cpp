@@ -2,11 +2,14 @@
 #include "frame_window.h"
 #include "tests/core/core_test.h"
 
+#include "project/ZENPRO.h"
 #include "resources/dde_items.h"
-#include "shell/editor.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/editor.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
 #include "system/open_row.h"
 #include "system/rule_window.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

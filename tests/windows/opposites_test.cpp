@@ -2,9 +2,11 @@
 #include "system_window.h"
 #include "tests/core/core_test.h"
 
+#include "resources/core/record_files.h"
 #include "resources/opposites.h"
-#include "resources/record_files.h"
-#include "shell/ZENTRIK.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

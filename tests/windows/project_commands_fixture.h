@@ -5,7 +5,8 @@
 
 #include "command_test.h"
 #include "dialog_test.h"
-#include "shell/ZENTRIK.h"
+#include "project/ZENPRO.h"
+#include "shell/services/ZENTRIK.h"
 
 namespace zentrik_test {
 

@@ -1,5 +1,7 @@
 // New, Open, adding and removing items, and the history length.
+#include "project/ZENPRO.h"
 #include "project_commands_fixture.h"
+#include "shell/services/VARMORV.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // The project document over a real list box: its rows and their positions.
 #include "document_test.h"
+#include "project/ZENPRO.h"
 
 namespace {
 

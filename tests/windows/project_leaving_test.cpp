@@ -1,5 +1,7 @@
 // Saving, closing and the exit of the program.
+#include "project/ZENPRO.h"
 #include "project_commands_fixture.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
 // The project document's files.
 #include "document_test.h"
 
-#include "shell/paths.h"
+#include "project/ZENPRO.h"
+#include "shell/core/paths.h"
 
 #include <chrono>
 

@@ -5,13 +5,13 @@
 #include "tests/windows/dialog_test.h"
 #include "tests/windows/frame_window.h"
 
-#include "shell/editor.h"
-#include "shell/paths.h"
-#include "shell/ZENTRIK.h"
+#include "shell/core/paths.h"
+#include "shell/services/editor.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/core/rule_index.h"
+#include "system/core/rule_text.h"
 #include "system/rule_commands.h"
 #include "system/rule_editor.h"
-#include "system/rule_index.h"
-#include "system/rule_text.h"
 #include "system/rule_window.h"
 
 #include <memory>

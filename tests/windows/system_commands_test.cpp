@@ -2,7 +2,10 @@
 
 #include "command_test.h"
 #include "dialog_test.h"
-#include "shell/ZENTRIK.h"
+#include "project/ZENPRO.h"
+#include "shell/services/VARMORV.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // The system document over a real list box: its rows and their positions.
 #include "document_test.h"
+#include "system/ZENSYS.h"
 
 namespace {
 

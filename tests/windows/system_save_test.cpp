@@ -1,5 +1,6 @@
 // The system document's files.
 #include "document_test.h"
+#include "system/ZENSYS.h"
 
 #include <chrono>
 

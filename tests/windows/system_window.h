@@ -1,7 +1,8 @@
 // An open system, for dialogs that work on it.
 #pragma once
 
-#include "shell/VARMORV.h"
+#include "shell/services/handles.h"
+#include "system/ZENSYS.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,12 +1,12 @@
 // How long the rule check and the generators take at growing sizes: each table doubles its work
 // from line to line, so a ratio near 2 means that the time grows with the work alone.
-#include "build/rule_checker.h"
-#include "build/rules_header.h"
-#include "build/rules_source.h"
-#include "build/support_files.h"
-#include "resources/dde_item.h"
-#include "resources/variable.h"
-#include "shell/messages.h"
+#include "build/core/rule_checker.h"
+#include "build/core/rules_header.h"
+#include "build/core/rules_source.h"
+#include "build/core/support_files.h"
+#include "resources/core/dde_item.h"
+#include "resources/core/variable.h"
+#include "shell/core/messages.h"
 
 #include <cstdio>
 #include <cstdlib>

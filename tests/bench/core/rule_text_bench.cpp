@@ -1,5 +1,5 @@
 // How long renumbering takes.
-#include "system/rule_text.h"
+#include "system/core/rule_text.h"
 
 #include <algorithm>
 #include <chrono>

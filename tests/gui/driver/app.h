@@ -1,8 +1,8 @@
 // The program as a user has it: commands, boxes, file dialogs, documents.
 #pragma once
 
-#include "shell/messages.h"
-#include "shell/ZENTRIK.h"
+#include "shell/core/messages.h"
+#include "shell/services/ZENTRIK.h"
 #include "tests/gui/driver/dialog.h"
 #include "tests/gui/driver/inside.h"
 #include "tests/gui/driver/places.h"

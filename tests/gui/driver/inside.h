@@ -1,7 +1,7 @@
 // What can be learnt only inside the program: its menu and the icons of its message boxes.
 #pragma once
 
-#include "shell/messages.h"
+#include "shell/core/messages.h"
 #include "tests/gui/driver/program.h"
 
 #include <string>

@@ -1,9 +1,9 @@
 // Measures the shipped program from outside: how long a user waits. Prints a table; the exit code
 // is 1 when something took longer than it may.
-#include "project/project_file.h"
-#include "shell/ZENTRIK.h"
-#include "system/rule_index.h"
-#include "system/system_file.h"
+#include "project/core/project_file.h"
+#include "shell/services/ZENTRIK.h"
+#include "system/core/rule_index.h"
+#include "system/core/system_file.h"
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/driver/rule_box.h"

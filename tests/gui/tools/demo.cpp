@@ -5,7 +5,7 @@
 //     demo [--tour <folder>]   opens, debugs, compiles and executes it, with a picture of each step
 //                              in the folder (screenshots\ of the out folder)
 // Exit code 0 only when everything happened.
-#include "shell/ZENTRIK.h"
+#include "shell/services/ZENTRIK.h"
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/built_program.h"
 #include "tests/gui/driver/failure.h"

@@ -1,0 +1,36 @@
+// The rule check: the block structure of every rule of every system of a project.
+#pragma once
+
+#include "project/core/project_file.h"
+#include "shell/core/window_handle.h"
+#include "system/core/rule_index.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Where the check shows what it does and what it found.
+class CheckView {
+public:
+    virtual ~CheckView() = default;
+    virtual void SystemFile(const char* path) = 0;
+    virtual void RulesFile(const char* path) = 0;
+    virtual void RuleName(const std::string& name) = 0;
+    // The character reached, at a pace of the checker's choice; always the last one of a rule.
+    virtual void Progress(char c) = 0;
+    virtual void Finding(const std::string& line) = 0; // one line of the findings list
+    virtual std::string ResultsFile() = 0; // asked before the first opposite of each run
+};
+
+// Where in the text the check is. It goes on so from rule to rule and from run to run: what one
+// leaves open silences the others.
+enum class Lexical { Code, LineComment, BlockComment, String };
+
+// Checks the systems of a project in order. Returns false, after "Open System Error" in a box owned
+// by `owner`, when a system file is missing or no system file at all.
+bool CheckProject(const ProjectRecord& project, Lexical& anul, CheckView& view, WindowHandle owner);
+
+// Checks the rules of one system: `text` is its rules file, of which each record of `index` takes
+// the next `size` bytes.
+void CheckRules(std::string_view text, const std::vector<RuleIndexRecord>& index, Lexical& anul,
+                CheckView& view);

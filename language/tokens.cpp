@@ -1,0 +1,73 @@
+#include "language/tokens.h"
+
+#include <algorithm>
+
+namespace morv {
+
+namespace {
+
+bool InWord(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
+}
+
+template <class Test> std::size_t While(const std::string& text, std::size_t at, Test test) {
+    while (at < text.size() && test(text[at]))
+        ++at;
+    return at;
+}
+
+// The end of the text that begins with the quote at `at`.
+std::size_t TextEnd(const std::string& text, std::size_t at) {
+    const char quote = text[at];
+    for (++at; at < text.size() && text[at] != '\n'; ++at) {
+        if (text[at] == quote)
+            return at + 1;
+        if (text[at] == '\\' && at + 1 < text.size())
+            ++at;
+    }
+    return std::min(at, text.size());
+}
+
+std::size_t CommentEnd(const std::string& text, std::size_t at) {
+    if (text[at + 1] == '/')
+        return std::min(text.find('\n', at), text.size());
+    const std::size_t end = text.find("*/", at + 2);
+    return end == std::string::npos ? text.size() : end + 2;
+}
+
+} // namespace
+
+std::vector<Token> Tokens(const std::string& text) {
+    std::vector<Token> tokens;
+    int line = 1;
+    for (std::size_t at = 0; at < text.size();) {
+        const char c = text[at];
+        const bool word_before = !tokens.empty() && tokens.back().kind == Token::Word;
+        Token::Kind kind = Token::Other;
+        std::size_t end = at + 1;
+        if (InWord(c)) {
+            kind = Token::Word;
+            end = While(text, at, InWord);
+        } else if (IsBlank(c)) {
+            kind = Token::Blank;
+            end = While(text, at, IsBlank);
+        } else if (c == '/' && end < text.size() && (text[end] == '/' || text[end] == '*')) {
+            kind = Token::Comment;
+            end = CommentEnd(text, at);
+        } else if (c == '"' || (c == '\'' && !word_before)) { // 1'000 has no text
+            kind = Token::Text;
+            end = TextEnd(text, at);
+        }
+        tokens.push_back({kind, text.substr(at, end - at), line});
+        line += static_cast<int>(std::count(text.begin() + static_cast<std::ptrdiff_t>(at),
+                                            text.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
+        at = end;
+    }
+    return tokens;
+}
+
+} // namespace morv

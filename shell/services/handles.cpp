@@ -1,0 +1,7 @@
+#include "shell/services/handles.h"
+
+HINSTANCE hInst;
+HWND hFrame;
+HWND hMdiC;
+HWND hTool;
+int nt;
