@@ -100,24 +100,17 @@ void RunCheck(HWND hwnd) {
     if (!done)
         return; // the dialog stays open
     ShowMessage(hwnd, "Debug Finalitzat", "Debug");
-    EndDialog(hwnd, 0);
+    CloseDialog(hwnd);
 }
 
+constexpr DialogAction kActions[] = {
+    {DEBUG_START, BN_CLICKED, RunCheck},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTable = {.open = [](HWND) {}, .actions = kActions};
+
 INT_PTR CALLBACK InfoBox(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        return TRUE;
-    case WM_COMMAND:
-        if (LOWORD(wParam) == DEBUG_START)
-            RunCheck(hwnd);
-        else if (LOWORD(wParam) == IDCANCEL)
-            EndDialog(hwnd, 0);
-        else
-            return FALSE;
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }
 
 } // namespace

@@ -247,8 +247,7 @@ void Remove(HWND hwnd) {
 
 void AddType(HWND hwnd) {
     NameTypesFile();
-    // Without an owner: the facts base stays usable meanwhile.
-    RunDialog(nullptr, "KnowType_Box", TypeKnowledge);
+    EditKnowledgeTypes();
     ListTypes(hwnd, NamesIn(KTypeFileName));
 }
 
@@ -261,7 +260,7 @@ constexpr DialogAction kActions[] = {
     {KNOW_CLOSE, BN_CLICKED, LeaveDialog},
     {IDCANCEL, BN_CLICKED, LeaveDialog},
 };
-constexpr DialogTable kTable = {.open = Open, .actions = kActions};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions, .changed = MayBeChanged};
 
 } // namespace
 

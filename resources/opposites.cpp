@@ -91,7 +91,7 @@ void Close(HWND hwnd) {
     if (System.OppNum > 0)
         System.TitleOpp();
     System.Engmod = 1; // also when nothing changed
-    EndDialog(hwnd, 0);
+    CloseDialog(hwnd);
 }
 
 constexpr DialogAction kActions[] = {
@@ -103,7 +103,7 @@ constexpr DialogAction kActions[] = {
     {OPP_CLOSE, BN_CLICKED, Close},
     {IDCANCEL, BN_CLICKED, LeaveDialog},
 };
-constexpr DialogTable kTable = {.open = Open, .actions = kActions};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions, .changed = MayBeChanged};
 
 } // namespace
 

@@ -58,9 +58,7 @@ void EditResults(const std::string& name) {
 
 } // namespace
 
-// What the window passes is not needed: the document knows its selected row and the row's kind.
-
-void EditItem(int, const char*) {
+void EditItem() {
     std::string name;
     switch (SelectedRow(Project, name)) {
     case kMainRow:
@@ -79,7 +77,7 @@ void EditItem(int, const char*) {
     }
 }
 
-void EditItem2(int, const char*) {
+void EditItem2() {
     std::string name;
     int kind = SelectedRow(System, name);
     if (kind == kRulesRow) {
