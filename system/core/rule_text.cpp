@@ -12,8 +12,8 @@ constexpr std::string_view kEndRule = "EndRule";
 constexpr std::string_view kLineEnd = "\r\n";
 
 // One walk over a text. What is finished stands in `out_`; `at_` is the first character of the
-// text not yet taken over. The next rule is searched from `scan_`, an index of `out_`: between it
-// and the end of `out_` there is at most a line end or a blank and a number, which no search sees.
+// text that is not yet taken over. A search for the next word starts at `scan_`, a place in `out_`:
+// only a line end, or a blank and a number, may stand behind it, and no word begins in those.
 class Renumbering {
 public:
     explicit Renumbering(std::string_view text) : text_(text), next_end_(FindStr(kEndRule, text)) {
@@ -80,8 +80,9 @@ private:
         const std::size_t end = out_.size();
         const bool seen = FindStr(kEndRule, out_, static_cast<std::ptrdiff_t>(scan_)) != -1;
         out_ += kLineEnd;
-        // Behind the beginning of another "EndRule" the new one is not found: then the rule
-        // reaches to the next one that is. Without any the walk goes on behind the new one.
+        // Where the text before it ends with the beginning of the word, as with "E", a search
+        // misses the new "EndRule". Then the rule reaches to the next one that is found; if there
+        // is none, the walk goes on behind the new one.
         const std::ptrdiff_t e = seen ? -1 : NextEnd();
         if (e == -1)
             scan_ = end;
@@ -101,8 +102,8 @@ private:
             scan_ = out_.size();
             return static_cast<std::size_t>(r);
         }
-        // Behind the beginning of another "Rule" the new one is not found: the end of "EndRule" is
-        // taken for the rule.
+        // Where the text before it ends with the beginning of the word, as with "R", a search
+        // misses the new "Rule": the one in "EndRule" is taken for it.
         const std::size_t start = out_.size() - kRule.size();
         PutNumber(std::ssize(text_));
         return start;
