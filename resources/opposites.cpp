@@ -17,7 +17,7 @@ namespace {
 // earlier dialog.
 int CON = -1;
 
-// Gives the dialog's window class the background of the dialogs, for those that are made later.
+// Registers the dialog's window class again, with a grey background. Dialogs made later have it.
 void GreyClass(HWND hwnd) {
     char name[kNameSize];
     WNDCLASSA data;

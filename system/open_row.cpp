@@ -85,8 +85,8 @@ void EditItem2() {
         RunRuleEditor(name.c_str());
         if (running || !IsWindow(hMdiC))
             return; // it keeps the rules it has; or the program was left while it was open
-        // The kind is now where the path has its first '.': with that at 4 the rules have always
-        // opened once more, with that at 5 the variables.
+        // From here on the place of the path's first '.' counts as the kind: with 4 the rules have
+        // always opened once more, with 5 the variables.
         kind = static_cast<int>(std::min<std::size_t>(name.find('.'), kNameSize));
     }
     if (kind == kHeaderRow)

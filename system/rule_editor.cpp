@@ -15,13 +15,13 @@ namespace {
 HWND rule_box;     // the dialog while it is open
 bool busy = false; // a command runs: it may show boxes, and they leave the dialog usable
 
-// Above the frame, which it would vanish behind, but not above other programs.
+// Keeps the dialog above the frame, which would hide it otherwise, but not above other programs.
 void StayAbove(HWND dialog, bool active) {
     SetWindowPos(dialog, active ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-// Below the boxes and file dialogs of the command meanwhile: they have no owner either.
+// Runs a command. Its boxes and file dialogs have no owner, so the dialog must not stay above them.
 template <void (*command)(HWND)> void Run(HWND dialog) {
     if (busy) {
         BringDialogToFront();
@@ -34,7 +34,7 @@ template <void (*command)(HWND)> void Run(HWND dialog) {
     busy = false;
 }
 
-// At the right edge half way down, where it leaves the beginning of the text free.
+// Puts the dialog to the right edge, half way down: the beginning of the text stays free.
 void Place(HWND dialog) {
     constexpr int kMargin = 24; // leaves a scroll bar at the edge free
     RECT client, box, work;

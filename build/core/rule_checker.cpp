@@ -29,7 +29,7 @@ private:
     void DebugError(int code);
     void MessageError(RuleError Terr);
 
-    const WordScanner& scanner_ = WordScanner::Shared();
+    WordScanner scanner_;
     const char* at_;
     const char* const file_end_;
     Lexical& Anul;
@@ -38,7 +38,6 @@ private:
 
     std::string name_;
     const char* rule_begin_ = nullptr;
-    WordScanner::State state_ = WordScanner::kStart;
     WordCounts B{};
     RuleStructure structure_;
 };
@@ -47,7 +46,7 @@ void RulesCheck::CheckRule(const RuleIndexRecord& record) {
     name_ = Text(record.name);
     view_.RuleName(name_);
     rule_begin_ = at_;
-    state_ = WordScanner::kStart;
+    scanner_.Restart();
     B = {};
     structure_.Reset();
 
@@ -63,7 +62,7 @@ void RulesCheck::CheckRule(const RuleIndexRecord& record) {
 }
 
 void RulesCheck::CheckPiece(const char* begin, const char* end) {
-    WordScanner::Stop stop = scanner_.Run(state_, begin, end);
+    WordScanner::Stop stop = scanner_.Next(begin, end);
     while (stop.at != end) {
         const char* const next = stop.at + 1;
         if (*stop.at == '\n')
@@ -71,7 +70,7 @@ void RulesCheck::CheckPiece(const char* begin, const char* end) {
         else
             DebugError(
                 ObsInst(stop.words, B, next != file_end_ ? static_cast<unsigned char>(*next) : -1));
-        stop = scanner_.Run(state_, next, end);
+        stop = scanner_.Next(next, end);
     }
 }
 

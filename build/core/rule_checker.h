@@ -22,8 +22,8 @@ public:
     virtual std::string ResultsFile() = 0; // asked before the first opposite of each run
 };
 
-// Where in the text the check is. It goes on so from rule to rule and from run to run: what one
-// leaves open silences the others.
+// What the check is in the middle of. This carries over from rule to rule and from run to run: a
+// comment or string that is left open hides the blocks of the rules behind it.
 enum class Lexical { Code, LineComment, BlockComment, String };
 
 // Checks the systems of a project in order. Returns false, after "Open System Error" in a box owned
