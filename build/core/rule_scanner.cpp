@@ -33,6 +33,10 @@ WordSet Advance(Matched& A, char c) {
 
 } // namespace
 
+std::string_view WordText(RuleWord word) {
+    return Com[word];
+}
+
 const WordScanner& WordScanner::Shared() {
     static const WordScanner scanner;
     return scanner;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 // A word's value is its instruction code.
@@ -28,6 +29,9 @@ enum RuleWord : int {
     kOtherwise,
     kRuleWords // how many there are
 };
+
+// How a word is spelt.
+std::string_view WordText(RuleWord word);
 
 // The words, as bits, that one byte of text completed.
 using WordSet = std::uint32_t;
