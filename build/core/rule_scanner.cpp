@@ -20,6 +20,10 @@ constexpr auto kStarting = [] {
 
 } // namespace
 
+std::string_view WordText(RuleWord word) {
+    return Com[word];
+}
+
 void WordScanner::Restart() {
     matched_ = {};
     half_matched_ = 0;

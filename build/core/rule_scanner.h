@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 // A word's value is its instruction code.
 enum RuleWord : int {
@@ -27,6 +28,9 @@ enum RuleWord : int {
     kOtherwise,
     kRuleWords // how many there are
 };
+
+// How a word is spelt.
+std::string_view WordText(RuleWord word);
 
 // The words, as bits, that end at one byte of text.
 using WordSet = std::uint32_t;

@@ -136,7 +136,7 @@ TEST(RepoRules, EveryIdentifierInTheResourcesIsNamed) {
 std::vector<std::string> Sources() {
     std::vector<std::string> sources;
     for (const char* folder :
-         {"shell", "project", "system", "resources", "build", "language", "morv", "examples"})
+         {"shell", "project", "system", "resources", "build", "language", "morv", "console", "examples"})
         for (const auto& entry : fs::recursive_directory_iterator(kSources / folder))
             if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
                 sources.push_back(fs::relative(entry.path(), kSources).generic_string());
@@ -209,6 +209,19 @@ TEST(RepoRules, TheLanguageIncludesNothingElse) {
         ExpectIncludes(file, [](const std::string& name) { return IsIn(name, "language"); });
     }
     EXPECT_GE(seen, 4u);
+}
+
+TEST(RepoRules, TheConsoleIncludesTheCoreAndTheLanguageOnly) {
+    std::size_t seen = 0;
+    for (const std::string& file : Sources()) {
+        if (!IsIn(file, "console"))
+            continue;
+        ++seen;
+        ExpectIncludes(file, [](const std::string& name) {
+            return IsIn(name, "console") || IsIn(name, "language") || IsCore(name);
+        });
+    }
+    EXPECT_GE(seen, 20u);
 }
 
 // The project's files by what they include.
