@@ -4,12 +4,16 @@
 #include "project/ZENPRO.h"
 #include "shell/core/messages.h"
 #include "shell/services/dialog.h"
+#include "shell/services/editor.h"
 #include "shell/services/list_rows.h"
 #include "shell/services/mdi.h"
 #include "shell/services/VARMORV.h"
 #include "shell/services/ZENTRIK.h"
+#include "system/open_row.h"
 
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -20,6 +24,14 @@ Lexical Anul = Lexical::Code;
 
 constexpr ULONGLONG kRepaintEvery = 40; // milliseconds; quicker than that nobody can see
 
+// What a row of the messages window leads to.
+struct RowPlace {
+    std::string file; // the rules file, or of an opposite the system file
+    int line = 0;     // from 0
+    bool system = false;
+};
+std::vector<RowPlace> row_places; // of every row
+
 // Shows the check in the dialog and its findings in the messages window. The fields that change
 // with every rule are set and painted only at the pace a person can follow, and at the end.
 class DebugView : public CheckView {
@@ -29,11 +41,13 @@ public:
     void SystemFile(const char* path) override {
         // A box may come next; the findings so far can then be read behind it.
         fill_.reset();
+        system_ = path;
         Set(DEBUG_SYSTEM, path);
         Paint();
     }
 
     void RulesFile(const char* path) override {
+        rules_ = path;
         Set(DEBUG_RULES_FILE, path);
         Paint();
     }
@@ -46,11 +60,13 @@ public:
             Paint();
     }
 
-    void Finding(const std::string& line) override {
-        if (!fill_)
-            fill_.emplace(list_);
-        ListRows(list_).Add(line);
+    void Finding(const std::string& line) override { AddRow(line, {rules_}); }
+
+    void RuleFinding(const std::string& line, const RulePlace& place) override {
+        AddRow(line, {rules_, place.line});
     }
+
+    void OppositeFinding(const std::string& line) override { AddRow(line, {system_, 0, true}); }
 
     // The check looks names up in the results that were in force before GetResName, and puts that
     // name back as the one in force.
@@ -68,6 +84,13 @@ public:
     }
 
 private:
+    void AddRow(const std::string& line, RowPlace place) {
+        if (!fill_)
+            fill_.emplace(list_);
+        ListRows(list_).Add(line);
+        row_places.push_back(std::move(place));
+    }
+
     void Set(int id, const char* text) {
         // The default procedure stores the text; the control's own would paint it each time.
         DefWindowProcA(GetDlgItem(dialog_, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
@@ -87,6 +110,8 @@ private:
     HWND dialog_;
     HWND list_;
     std::optional<ListFill> fill_;
+    std::string system_;
+    std::string rules_;
     std::string rule_;
     char character_[2] = "";
     ULONGLONG painted_ = 0;
@@ -125,6 +150,18 @@ void DebugMORV(HWND hwnd) {
         DestroyWindow(TopChild(hwndMes));
         DestroyMdiCh(hwndMes);
     }
+    row_places.clear();
     hwndMes = CrearMdiCh("Message", "Debug Errors");
     RunDialog(hwnd, "Debug_Box", InfoBox);
+}
+
+void OpenFinding() {
+    const int row = ListRows(TopChild(hwndMes)).Selected();
+    if (row < 0 || row >= std::ssize(row_places))
+        return;
+    const RowPlace place = row_places[static_cast<std::size_t>(row)];
+    if (place.system)
+        OpenSystem(place.file);
+    else
+        ShowLine(place.file.c_str(), place.line);
 }

@@ -223,12 +223,16 @@ bool CloseAll(HWND hwnd) {
         if (!MayClose(hwnd))
             return false;
         Project.DestroyPro();
+        for (const MenuGroup group : kProjectGroups)
+            GrayMenu(hwnd, group);
         DestroyMdiP();
     }
     if (System.EngineState == 1) {
         if (!MayCloseSystem(hwnd))
             return false;
         System.DestroySys();
+        for (const MenuGroup group : kSystemGroups)
+            GrayMenu(hwnd, group);
         DestroyMdiS();
     }
     return EditState != 1 || SaveEditors();

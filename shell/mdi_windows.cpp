@@ -1,5 +1,6 @@
 #include "shell/mdi_windows.h"
 
+#include "build/debug.h"
 #include "project/project_commands.h"
 #include "shell/core/messages.h"
 #include "shell/services/editor.h"
@@ -118,7 +119,35 @@ LRESULT DocumentProc(const DocumentWindow& document, HWND hwnd, UINT message, WP
     return ListWindow(hwnd, message, wParam, lParam, document.order);
 }
 
+WNDPROC list_procedure; // the system's own
+
+// Enter on a row does what a double-click does there; a list tells its window of the latter only.
+LRESULT CALLBACK MessagesList(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_KEYDOWN && wParam == VK_RETURN) {
+        const int id = GetDlgCtrlID(list);
+        SendMessageA(GetParent(list), WM_COMMAND, MAKEWPARAM(id, LBN_DBLCLK),
+                     reinterpret_cast<LPARAM>(list));
+        return 0;
+    }
+    return CallWindowProcA(list_procedure, list, message, wParam, lParam);
+}
+
+void WatchEnter(HWND list) {
+    list_procedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(MessagesList)));
+}
+
 LRESULT MessagesProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_COMMAND) {
+        if (HIWORD(wParam) == LBN_DBLCLK)
+            OpenFinding();
+        return 0;
+    }
+    if (message == WM_CREATE) {
+        const LRESULT answer = ListWindow(hwnd, message, wParam, lParam, 0);
+        WatchEnter(TopChild(hwnd));
+        return answer;
+    }
     // The Debug command keeps the handle of the window closed here: its next run asks to destroy
     // a window that is gone, which does nothing.
     if (IsClose(message, wParam))

@@ -34,15 +34,6 @@ template <class Document> int SelectedRow(Document& document, std::string& name)
     return kind;
 }
 
-void OpenSystem(const std::string& name) {
-    if (System.EngineState == 1)
-        return;
-    System.NameSys(name.c_str());
-    System.CreateSys();
-    System.OpenSys(name.c_str());
-    EnableSystemMenus(GetFrame());
-}
-
 void EditDde(const std::string& name) {
     DDEType = 1;
     SetText(DDEFileName, name);
@@ -57,6 +48,18 @@ void EditResults(const std::string& name) {
 }
 
 } // namespace
+
+void OpenSystem(const std::string& name) {
+    if (System.EngineState == 1) {
+        if (lstrcmpiA(System.EngineName, name.c_str()) == 0)
+            ActivateMdiCh(System.hwndSys);
+        return;
+    }
+    System.NameSys(name.c_str());
+    System.CreateSys();
+    System.OpenSys(name.c_str());
+    EnableSystemMenus(GetFrame());
+}
 
 void EditItem() {
     std::string name;

@@ -123,6 +123,25 @@ void OpenEdit(const char* nom) {
     EditState = 1;
 }
 
+void ShowLine(const char* path, int line) {
+    const std::vector<HWND> editors = Editors();
+    const auto shows = [path](HWND child) {
+        return lstrcmpiA(ChildTitle(child).c_str(), path) == 0;
+    };
+    if (const auto editor = std::ranges::find_if(editors, shows); editor != editors.end())
+        ActivateMdiCh(*editor);
+    else
+        OpenEdit(path);
+    const HWND edit = TextHwnd();
+    const int last = static_cast<int>(SendMessageA(edit, EM_GETLINECOUNT, 0, 0)) - 1;
+    const auto shown = static_cast<WPARAM>(std::clamp(line, 0, std::max(last, 0)));
+    const LRESULT begin = SendMessageA(edit, EM_LINEINDEX, shown, 0);
+    const LRESULT size = SendMessageA(edit, EM_LINELENGTH, static_cast<WPARAM>(begin), 0);
+    SendMessageA(edit, EM_SETSEL, static_cast<WPARAM>(begin), begin + size);
+    SendMessageA(edit, EM_SCROLLCARET, 0, 0);
+    SetFocus(edit);
+}
+
 void OpenFile() {
     char name[kNameSize];
     if (OpenDlg(" Files (*.cpp)\0*.cpp\0", "Open File", ".cpp", name, OFN_CREATEPROMPT) != 0)

@@ -36,6 +36,12 @@ LRESULT DestroyMdiCh(HWND hwnd) {
     return SendMessageA(hMdiC, WM_MDIDESTROY, reinterpret_cast<WPARAM>(hwnd), 0);
 }
 
+void ActivateMdiCh(HWND hwnd) {
+    if (IsIconic(hwnd))
+        SendMessageA(hMdiC, WM_MDIRESTORE, reinterpret_cast<WPARAM>(hwnd), 0);
+    SendMessageA(hMdiC, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(hwnd), 0);
+}
+
 void RestoreMdiCh(HWND hwnd) {
     SendMessageA(hMdiC, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(hwnd), 0);
     SendMessageA(hMdiC, WM_MDIRESTORE, reinterpret_cast<WPARAM>(hwnd), 0);

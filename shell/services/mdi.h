@@ -16,6 +16,9 @@ HWND CrearMdiCh(const char* typ, const char* nom);
 // is gone already, 0.
 LRESULT DestroyMdiCh(HWND hwnd);
 
+// Brings a child to the front, from minimised to its place.
+void ActivateMdiCh(HWND hwnd);
+
 // Activates a child and restores it from maximised or minimised.
 void RestoreMdiCh(HWND hwnd);
 

@@ -1,8 +1,11 @@
 // The Debug command: its dialog, its findings and its failures.
 #include "tests/gui/blocked_files.h"
+#include "tests/gui/driver/rule_box.h"
 #include "tests/gui/driver/screenshot.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
+
+#include <algorithm>
 
 namespace gui {
 
@@ -208,6 +211,86 @@ TEST_F(DebugTest, TheDialogCanBeLeftWithoutACheck) {
     app.WaitDialog("Debug").Close();
     app.Finish();
     EXPECT_EQ(app.Rows(kMessages), TextRows{});
+}
+
+// Where a row of the findings leads.
+class FindingTest : public DebugTest {
+protected:
+    static void OpenRow(App& app, int row) {
+        app.StartDoubleClick(kMessages, row);
+        app.Finish();
+    }
+
+    // The selected text of the topmost editor.
+    static std::string Selected(App& app) {
+        const auto selection =
+            static_cast<DWORD>(app.Process().Send(app.Inner(kEditor), EM_GETSEL));
+        return app.EditorText().substr(LOWORD(selection), HIWORD(selection) - LOWORD(selection));
+    }
+
+    static int FirstLine(App& app) {
+        return static_cast<int>(app.Process().Send(app.Inner(kEditor), EM_GETFIRSTVISIBLELINE));
+    }
+};
+
+TEST_F(FindingTest, ADoubleClickSelectsTheLine) {
+    std::string filler;
+    for (int i = 0; i < 300; ++i)
+        filler += "  x\r\n";
+    App& app = RunRules({{"Rule 1\r\n" + filler + "EndRule\r\n"},
+                         {"Rule 1\r\n" + filler + "  Else here\r\nEndRule\r\n"}});
+    const TextRows rows = Debug(app);
+    const auto error = std::ranges::find(rows, "Rule 1 : Line :301 : There are Else whithout Then");
+    ASSERT_NE(error, rows.end());
+    const int row = static_cast<int>(error - rows.begin());
+    OpenRow(app, row);
+    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("s2.rul"));
+    EXPECT_EQ(Selected(app), "  Else here");
+    EXPECT_GT(FirstLine(app), 200);
+    EXPECT_FALSE(app.IsGrey(CM_SAVE_FILE));
+    // The same again in the same window, from another one and minimised.
+    app.Process().Send(app.Client(), WM_MDIACTIVATE,
+                       reinterpret_cast<WPARAM>(app.Child(kMessages)));
+    ShowWindow(app.Child(kEditor), SW_MINIMIZE);
+    OpenRow(app, row);
+    EXPECT_EQ(app.Children(kEditor).size(), 1u);
+    EXPECT_EQ(Selected(app), "  Else here");
+    EXPECT_FALSE(IsIconic(app.Child(kEditor)));
+    // A row that names a file opens it at its top; a whole rule is shown by its beginning.
+    OpenRow(app, 0);
+    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("s1.rul"));
+    EXPECT_EQ(FirstLine(app), 0);
+    EXPECT_EQ(Selected(app), "Rule 1");
+    app.Process().Send(app.Inner(kEditor), EM_LINESCROLL, 0, 200);
+    OpenRow(app, 1);
+    EXPECT_EQ(Selected(app), "Rule 1");
+    EXPECT_EQ(FirstLine(app), 0);
+}
+
+TEST_F(FindingTest, EnterDoesTheSame) {
+    App& app = RunRules({{"Rule 1\r\nElse\r\nEndRule\r\n"}});
+    Debug(app);
+    app.SelectRow(kMessages, 1);
+    app.Process().Send(app.Inner(kMessages), WM_KEYDOWN, VK_RETURN);
+    EXPECT_EQ(Selected(app), "Else");
+}
+
+TEST_F(FindingTest, TheRuleEditorsTextIsUsed) {
+    App& app = Run(Kind::Nt, PutSampleProject);
+    Open(app, "plant.mrv");
+    app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("tank.lse"));
+    app.StartDoubleClick(kSystem, 3);
+    RuleBox rules(app);
+    app.Start(CM_DEBUG);
+    Dialog dialog = app.WaitDialog("Debug");
+    dialog.Press(DEBUG_START);
+    app.ExpectBox("Debug Finalitzat", "Debug");
+    app.Finish();
+    app.Finish();
+    OpenRow(app, 2);
+    EXPECT_EQ(app.Children(kEditor).size(), 1u);
+    EXPECT_EQ(Selected(app), "Rule 2");
+    rules.Close();
 }
 
 } // namespace
