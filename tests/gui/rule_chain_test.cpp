@@ -1,7 +1,7 @@
 // The way of a rule by hand: written in the rule editor, saved, put into a system and that into a
 // project, checked, mended, checked again and compiled.
-#include "tests/gui/gui_test.h"
 #include "tests/gui/driver/rule_box.h"
+#include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
 #include <algorithm>

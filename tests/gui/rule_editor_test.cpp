@@ -1,6 +1,6 @@
 // The rule editor: what its buttons and menu do to the text, the lists and the files.
-#include "tests/gui/gui_test.h"
 #include "tests/gui/driver/rule_box.h"
+#include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
 #include <optional>

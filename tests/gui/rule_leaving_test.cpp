@@ -1,7 +1,7 @@
 // The rule editor among the other windows: what is asked before its text is left, and what the
 // frame and the text windows can do while it is open.
-#include "tests/gui/gui_test.h"
 #include "tests/gui/driver/rule_box.h"
+#include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
 
 #include <optional>

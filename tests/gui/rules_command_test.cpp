@@ -1,6 +1,6 @@
 // The "Rules" command: which windows it closes before the rule editor starts.
-#include "tests/gui/gui_test.h"
 #include "tests/gui/driver/rule_box.h"
+#include "tests/gui/gui_test.h"
 
 namespace gui {
 
