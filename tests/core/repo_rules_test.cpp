@@ -135,8 +135,8 @@ TEST(RepoRules, EveryIdentifierInTheResourcesIsNamed) {
 // The sources below the folders of the program, with '/' in their names.
 std::vector<std::string> Sources() {
     std::vector<std::string> sources;
-    for (const char* folder :
-         {"shell", "project", "system", "resources", "build", "language", "morv", "console", "examples"})
+    for (const char* folder : {"shell", "project", "system", "resources", "build", "language",
+                               "morv", "console", "examples"})
         for (const auto& entry : fs::recursive_directory_iterator(kSources / folder))
             if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
                 sources.push_back(fs::relative(entry.path(), kSources).generic_string());
