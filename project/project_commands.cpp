@@ -21,7 +21,7 @@ const SavedDocument kDocument{
     .modified = Project.MORVmod,
     .window = Project.hwndPro,
     .name = Project.MORVName,
-    .untitled = [] { return Project.IsUntitled() != 0; },
+    .untitled = [] { return Project.NeedsName(); },
     .rename = [](const char* name) { Project.ChName(name); },
     .save = [] { return Project.SavePro(); },
     .filter = kProjectFilter,

@@ -123,7 +123,7 @@ void Close(HWND dialog) {
         return;
     for (const std::string& row : RowTexts(Items(dialog)))
         dde.items.push_back(DdeItemIn(row));
-    if (!files::ReplaceWhole(target.c_str(), DdeBytes(dde))) {
+    if (!files::ReplaceKeeping(target.c_str(), DdeBytes(dde))) {
         // Still changed and, when new, still untitled: the user can choose another place.
         SaveErr();
         return;
