@@ -1,16 +1,21 @@
 #include "build/compile.h"
 
+#include "build/core/own_sources.h"
 #include "build/core/rules_header.h"
 #include "build/core/rules_source.h"
 #include "build/core/support_files.h"
 #include "build/tools.h"
 #include "project/ZENPRO.h"
+#include "shell/core/file_helpers.h"
+#include "shell/core/files.h"
 #include "shell/core/messages.h"
 #include "shell/services/editor.h"
 #include "shell/services/menu.h"
 #include "shell/services/process.h"
 #include "shell/services/VARMORV.h"
 #include "system/ZENSYS.h"
+
+#include <cerrno>
 
 namespace {
 
@@ -21,16 +26,31 @@ int Refuse(HWND hwnd, const char* text) {
     return -1;
 }
 
-int WriteRulesSource(HWND hwnd, const ProjectRecord& project, const BuildNames& names,
-                     SystemHead& last_read) {
-    if (CrearRulesCpp(project, last_read, names.rules_cpp.c_str(), names.rules_h_name.c_str(),
-                      hwnd) == 0)
-        return 0;
+int SourceFailed(HWND hwnd, const BuildNames& names) {
     Refuse(hwnd, "Rules.cpp creation error");
     // The half-written source shows how far it got.
     EnableMenu(hwnd, kTextOnTop);
     OpenEdit(names.rules_cpp.c_str());
     return -1;
+}
+
+int WriteRulesSource(HWND hwnd, const ProjectRecord& project, const BuildNames& names,
+                     SystemHead& last_read) {
+    const int done = CrearRulesCpp(project, last_read, names.rules_cpp.c_str(),
+                                   names.rules_h_name.c_str(), hwnd);
+    return done == 0 ? 0 : SourceFailed(hwnd, names);
+}
+
+// A file that the project is made from must not be written over. It counts as one that cannot be
+// created, before anything else is.
+int RefuseToOverwrite(HWND hwnd, const BuildNames& names, Overwritten what) {
+    files::SetLastError(EACCES);
+    if (what == Overwritten::RulesSource)
+        ShowMessage(hwnd, "Creation file error", "Rule.Cpp");
+    GetErr();
+    if (what == Overwritten::RulesHeader)
+        return Refuse(hwnd, "Rules.h creation error");
+    return what == Overwritten::RulesSource ? SourceFailed(hwnd, names) : -1;
 }
 
 int WriteFiles(HWND hwnd, const BuildNames& names) {
@@ -56,6 +76,9 @@ int CompileMORV(HWND hwnd) {
     if (Project.IsUntitled())
         return Refuse(hwnd, "Save Project before compile");
     const BuildNames names(Project.MORVName);
+    const Overwritten what = WouldOverwrite(Project.Record(), names, Path, WorkPath);
+    if (what != Overwritten::Nothing)
+        return RefuseToOverwrite(hwnd, names, what);
     if (WriteFiles(hwnd, names) != 0)
         return -1;
     if (Com[0] != '\0')

@@ -74,7 +74,7 @@ public:
         Project.GetResName(WorkPath);
         SetText(Project.ResName, Text(Project.OldResAux));
         SetText(Project.OldResAux, "");
-        return Text(Project.ResName);
+        return Project.ResultsInForce();
     }
 
     // Paints what is pending.

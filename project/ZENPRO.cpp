@@ -43,6 +43,8 @@ int ZKPROJECT::Init() {
     std::memset(ExternFiles, 0, sizeof ExternFiles);
     EngNum = ExtNum = ResNum = 0;
     DatHisLen = 4;
+    written_results_.clear();
+    cut_short_ = false;
     return 0;
 }
 
@@ -71,6 +73,10 @@ int ZKPROJECT::ShowPro() {
 
 int ZKPROJECT::IsUntitled() const {
     return Text(MORVName) == "untitled.mrv";
+}
+
+bool ZKPROJECT::NeedsName() const {
+    return IsUntitled() != 0 || cut_short_;
 }
 
 int ZKPROJECT::DestroyPro() {
@@ -316,10 +322,9 @@ int ZKPROJECT::DeleteRes(int index) {
         return 0;
     const WindowHandle list = List();
     ListRows rows(list);
-    // A working file that was never written has no names to take out.
-    const char* auxiliary = files::Exists(ResName) ? ResName : ResAux;
-    const bool written =
-        all ? EmptyResults(auxiliary) : PruneResults(auxiliary, ItemText(rows, index).c_str());
+    const std::string auxiliary = ResultsInForce();
+    const bool written = all ? EmptyResults(auxiliary.c_str())
+                             : PruneResults(auxiliary.c_str(), ItemText(rows, index).c_str());
     if (!written) {
         SaveErr();
         return -1;

@@ -44,6 +44,7 @@ public:
     int CreatePro();
     int ShowPro();
     int IsUntitled() const;
+    bool NeedsName() const; // what Save must not write to: untitled, or a file that was cut short
     int DestroyPro();
     int DestroyMdi();
 
@@ -55,7 +56,11 @@ public:
     int NameDde(char* name);
     int NameRes(const char* name, int a); // `a` not 0 adds, 0 removes
 
-    int GetResName(const char* WPath); // names the working copy of ResAux below `WPath`
+    // Names the working copy of ResAux below `WPath`. A name that does not fit stays empty: -1.
+    int GetResName(const char* WPath);
+    void WroteResults();                // the working copy was written
+    std::string ResultsInForce() const; // the working copy once it is written, else ResAux
+    std::string ResultsSource() const;  // what their dialog starts from
 
     int EditItem(char* nom);     // the selected row (256 bytes) and its section 1..5, 0 for none
     int GetIndex();              // the selected row, -1 when there is none
@@ -105,7 +110,15 @@ private:
     void DeleteFrom(const Names& section, int index);
 
     WindowHandle List(); // brings hwndList up to date
+    bool HasWrittenResults() const;
+    WorkingCopy Results(const char* path) const;
+    std::string ResAuxAfter(const WorkingCopy& results) const;
     void CountResults(); // places the results and makes their number that of the rows
+
+    // The working copy that was written since the project was opened; ResName may have been named
+    // anew, or given up, after that. Empty when there is none.
+    std::string written_results_;
+    bool cut_short_ = false; // the file lacked something when it was opened
 };
 
 extern ZKPROJECT Project; // the one project document

@@ -25,16 +25,6 @@ void TakeRecord(ZKPROJECT& project, const ProjectRecord& record) {
     project.DatHisLen = record.DatHisLen;
 }
 
-WorkingCopy Auxiliary(const ZKPROJECT& project, const char* path) {
-    return {Text(project.ResName), Text(project.ResAux), WithExtension(path, ".aux")};
-}
-
-// The auxiliary file that will be the saved one once the project is saved as `path`.
-std::string SavedAuxiliary(const ZKPROJECT& project, const char* path) {
-    return project.ResName[0] == '\0' ? Text(project.ResAux)
-                                      : NameAfterMove(Auxiliary(project, path));
-}
-
 // Fills the list of a project that was just read, section by section.
 void AppendRows(ZKPROJECT& project, WindowHandle list, const std::vector<NameRecord>& results) {
     ListRows rows(list);
@@ -94,16 +84,51 @@ ProjectRecord ZKPROJECT::Record() const {
 
 int ZKPROJECT::GetResName(const char* WPath) {
     SetText(OldResAux, ResName[0] != '\0' ? Text(ResName) : Text(ResAux));
-    SetText(ResName, std::string(WPath) + "\\temp\\" + Stem(Text(MORVName), true) + ".aux");
-    return 0;
+    const std::string name = std::string(WPath) + "\\temp\\" + Stem(Text(MORVName), true) + ".aux";
+    return SetMadeName(ResName, name) ? 0 : -1;
+}
+
+void ZKPROJECT::WroteResults() {
+    written_results_ = Text(ResName);
+}
+
+bool ZKPROJECT::HasWrittenResults() const {
+    return !written_results_.empty() && files::Exists(written_results_.c_str());
+}
+
+std::string ZKPROJECT::ResultsInForce() const {
+    return HasWrittenResults() ? written_results_ : Text(ResAux);
+}
+
+// A copy that was named and never written is no source: what lies there is of another project.
+std::string ZKPROJECT::ResultsSource() const {
+    const bool named = Text(OldResAux) == Text(ResName);
+    return named || HasWrittenResults() ? ResultsInForce() : Text(OldResAux);
+}
+
+// The results as they are moved when the project is saved as `path`; all empty when they are not.
+WorkingCopy ZKPROJECT::Results(const char* path) const {
+    const bool written = HasWrittenResults();
+    const std::string working = written ? written_results_ : Text(ResName);
+    if (working.empty())
+        return {};
+    return {working, Text(ResAux), WithExtension(path, ".aux"), written};
+}
+
+std::string ZKPROJECT::ResAuxAfter(const WorkingCopy& results) const {
+    return results.working.empty() ? Text(ResAux) : NameAfterMove(results);
 }
 
 int ZKPROJECT::ChangeName(const char* New) {
-    const std::string saved = SavedAuxiliary(*this, New);
-    if (ResName[0] != '\0' && !MoveToPlace(Auxiliary(*this, New)))
+    const WorkingCopy results = Results(New);
+    const std::string saved = ResAuxAfter(results);
+    files::Replacement files;
+    if (!AddMove(files, results) || !files.CarryOut())
         return -1;
+    RemoveMoved(results);
     SetText(ResAux, saved);
     SetText(ResName, "");
+    written_results_.clear();
     return 0;
 }
 
@@ -113,18 +138,22 @@ int ZKPROJECT::SavePro() {
         return -1;
     if (ResNum > 0)
         CountResults();
-    // The project file goes first: when it cannot be written, the working auxiliary file and the
-    // one that belongs to the old project file are both still where they were.
+    const WorkingCopy auxiliary = Results(MORVName);
+    const std::string saved = ResAuxAfter(auxiliary);
     ProjectFile project;
     project.head = Record();
-    SetText(project.head.ResAux, SavedAuxiliary(*this, MORVName));
+    SetText(project.head.ResAux, saved);
     const ListRows rows(List());
     for (int i = 0; i < ResNum; ++i)
         SetText(project.results.emplace_back().name, ItemText(rows, PRes + i));
-    if (!WriteProject(MORVName, project) || ChangeName(MORVName) != 0) {
+    if (!WriteProject(MORVName, project, auxiliary)) {
         SaveErr();
         return -1;
     }
+    SetText(ResAux, saved);
+    SetText(ResName, "");
+    written_results_.clear();
+    cut_short_ = false;
     return 0;
 }
 
@@ -137,6 +166,7 @@ int ZKPROJECT::OpenPro(const char* nom) {
     const bool readable = result == ReadResult::Ok || result == ReadResult::Damaged;
     if (readable) {
         TakeRecord(*this, project.head);
+        cut_short_ = result == ReadResult::Damaged;
         hwndPro = CrearMdiCh("Projec", "MORV Project");
         MORState = 1;
         AppendRows(*this, List(), project.results);

@@ -22,7 +22,7 @@ const Document kDocument{
     .modified = Project.MORVmod,
     .window = Project.hwndPro,
     .name = Project.MORVName,
-    .untitled = [] { return Project.IsUntitled() != 0; },
+    .untitled = [] { return Project.NeedsName(); },
     .rename = [](const char* name) { Project.ChName(name); },
     .save = [] { return Project.SavePro(); },
     .question = {kProjectFilter, "Save MORV Project As...", ".mrv"},

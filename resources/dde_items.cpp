@@ -101,7 +101,7 @@ bool Write(HWND dialog, const std::string& path) {
     dde.name = ControlText(dialog, DDE_NAME, kNameSize);
     for (const std::string& row : RowTexts(Items(dialog)))
         dde.items.push_back(DdeItemIn(row));
-    if (!files::ReplaceWhole(path.c_str(), DdeBytes(dde))) {
+    if (!files::ReplaceKeeping(path.c_str(), DdeBytes(dde))) {
         SaveErr();
         return false;
     }

@@ -7,6 +7,7 @@
 #include "resources/knowledge_types.h"
 #include "shell/core/file_helpers.h"
 #include "shell/core/messages.h"
+#include "shell/core/replacement.h"
 #include "shell/services/dialog.h"
 #include "shell/services/file_dialogs.h"
 #include "shell/services/list_rows.h"
@@ -21,6 +22,8 @@ namespace {
 
 constexpr const char* kCaption = "New Fact";
 constexpr int kNumberSize = 15;
+
+bool g_kept; // the content that the base had when the dialog opened is safe
 
 std::int32_t nid; // what the identifier field offers for a new fact
 
@@ -97,7 +100,15 @@ std::vector<Dat> ListFacts(HWND hwnd) {
     return facts;
 }
 
+// Every fact is written at once, so it is the first change that keeps the content before.
+void KeepFacts() {
+    if (!g_kept)
+        files::KeepBefore(KnowFileName);
+    g_kept = true;
+}
+
 void CreateFacts() {
+    KeepFacts();
     const int han = files::Open(KnowFileName, files::Mode::Create);
     if (han == -1)
         SaveErr();
@@ -117,6 +128,7 @@ void Open(HWND hwnd) {
         LimitText(hwnd, field.id, field.size);
     KTypeFileName[0] = '\0';
     nid = 1;
+    g_kept = false;
     if (KTyp == 1) {
         nid = NextIdent(ListFacts(hwnd));
         Knowrev = 0;
@@ -176,6 +188,7 @@ bool TypeIsListed(HWND hwnd, const FactTexts& texts) {
 // again. Returns false when the fact could not be written.
 bool Append(HWND hwnd, const Dat& fact) {
     ListRows rows(GetDlgItem(hwnd, KNOW_FACTS));
+    KeepFacts();
     const int at = AppendFact(KnowFileName, fact);
     if (at == rows.Count())
         rows.Add(Text(fact.Name));
@@ -190,6 +203,7 @@ bool Replace(HWND hwnd, const Dat& fact) {
     ListRows rows(list);
     const int row = std::min(Knownum, rows.Count());
     Knowrev = Knownum = 0;
+    KeepFacts();
     const int at = ReplaceFact(KnowFileName, static_cast<std::size_t>(row), fact);
     const ListFill fill(list);
     if (at == row) {
@@ -232,6 +246,7 @@ void Remove(HWND hwnd) {
     const int row = rows.Selected();
     if (row < 0)
         return;
+    KeepFacts();
     switch (RemoveFact(KnowFileName, static_cast<std::size_t>(row))) {
     case Removal::Done:
         rows.Delete(row);

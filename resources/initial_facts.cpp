@@ -21,7 +21,7 @@ HWND Facts(HWND dialog) {
 
 // A row for each fact of the system, in its order: what the file says of other facts is dropped.
 std::vector<std::string> FactRows() {
-    const InitialValues values(System.OldInitName);
+    const InitialValues values(System.InitialFactsSource().c_str());
     std::vector<std::string> rows;
     for (int i = 0; i < System.DatNum; ++i) {
         char name[kNameSize + 1] = "";
@@ -38,8 +38,7 @@ void Open(HWND dialog) {
         const ColumnFill fill(Facts(dialog));
         AddRows(Facts(dialog), FactRows());
     }
-    std::vector<std::string> parts =
-        VariableNames(System.VarFile[0] ? System.VarFile : System.VarName);
+    std::vector<std::string> parts = VariableNames(System.VariablesInForce().c_str());
     const std::vector<std::string> items = OfferedItems(DDEIKnw);
     parts.insert(parts.end(), items.begin(), items.end());
     AddRows(GetDlgItem(dialog, INIT_VARS), parts);
@@ -95,6 +94,7 @@ void Close(HWND dialog) {
     switch (StoreWhole(System.IKWFile, RecordBytes(RowTexts(Facts(dialog)), InitialFactIn))) {
     case Stored::Yes:
         System.InitNew = 1;
+        System.WroteInitialFacts();
         break;
     case Stored::NotCreated:
         ShowMessage(nullptr, "Init File Error", "Init Fats", Buttons::Ok, Icon::Exclamation);

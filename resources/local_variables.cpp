@@ -27,7 +27,7 @@ void Open(HWND dialog) {
     // turns the file round.
     if (System.VarState) {
         const ColumnFill fill(Variables(dialog));
-        AddRows(Variables(dialog), VariableRows(System.OldVarName));
+        AddRows(Variables(dialog), VariableRows(System.VariablesSource().c_str()));
     }
     FillTypes(dialog, VAR_TYPE, kNameSize);
 }
@@ -79,6 +79,8 @@ void Close(HWND dialog) {
         SaveErr();
     if (stored == Stored::NotWritten)
         return; // the rows are still there, to try again
+    if (stored == Stored::Yes)
+        System.WroteVariables();
     // The system takes the variables on even when their file could not be created.
     System.NameVar(WorkPath);
     System.VarState = 1;

@@ -1,5 +1,6 @@
 #include "system/ZENSYS.h"
 
+#include "shell/core/file_helpers.h"
 #include "shell/core/paths.h"
 #include "shell/core/record_text.h"
 #include "shell/services/mdi.h"
@@ -18,6 +19,9 @@ int ZKSYSTEMS::Init() {
     for (auto* name : {&KTypeName, &RuleName, &RuleSizeName, &HeaderName, &VarName, &InitName,
                        &KnowName, &EngineName, &OldVarName, &OldInitName, &IKWFile, &VarFile})
         SetText(*name, "");
+    written_variables_.clear();
+    written_facts_.clear();
+    cut_short_ = false;
     return 0;
 }
 
@@ -48,6 +52,10 @@ int ZKSYSTEMS::ShowSys() {
 
 bool ZKSYSTEMS::IsUntitled() const {
     return Text(EngineName) == "untitled.lse";
+}
+
+bool ZKSYSTEMS::NeedsName() const {
+    return IsUntitled() || cut_short_;
 }
 
 int ZKSYSTEMS::ChangeName(const char* name) {
@@ -130,9 +138,12 @@ int ZKSYSTEMS::RePos(int section, int delta) {
 }
 
 int ZKSYSTEMS::NameRule(const char* name) {
+    if (!SetMadeName(RuleSizeName, WithExtension(name, ".siz"))) {
+        SaveErr();
+        return -1;
+    }
     PRul = kFirstItem;
     SetText(RuleName, name);
-    SetText(RuleSizeName, WithExtension(Text(RuleName), ".siz"));
     ListRows rows(List());
     rows.Insert(PRul - 1, "Rules");
     rows.Insert(PRul, ItemRow(Text(RuleName)));

@@ -49,6 +49,7 @@ public:
     int CreateSys();
     int ShowSys();
     bool IsUntitled() const;
+    bool NeedsName() const; // what Save must not write to: untitled, or a file that was cut short
     int ChangeName(const char* name); // renames the system and its rows
     int DestroySys();
     bool IsSysWin(WindowHandle hwnd) const;
@@ -72,8 +73,15 @@ public:
     int DelOpp();
     int NameHeader(const char* name);
     int NameVar(const char* WPath);
-    int GetVarName(const char* WPath);  // names the working copy of the local variables
-    int GetInitName(const char* WPath); // names the working copy of the initial facts
+    // Name the working copies of the local variables and of the initial facts. A name that does not
+    // fit stays empty: -1.
+    int GetVarName(const char* WPath);
+    int GetInitName(const char* WPath);
+    void WroteVariables(); // the working copy of the local variables was written
+    void WroteInitialFacts();
+    std::string VariablesSource() const; // what their dialogs start from
+    std::string InitialFactsSource() const;
+    std::string VariablesInForce() const; // the working copy once it is written, else VarName
 
     bool KnwBool() const;
     bool IsRule(int index) const;
@@ -114,6 +122,15 @@ private:
     void AppendRows(const SystemFile& file);
 
     WindowHandle List(); // brings hwndList up to date
+
+    SystemCopies Copies(const char* name) const;
+    SystemHead HeadAfter(const SystemCopies& copies) const;
+    void TakeMoved(const SystemCopies& copies, const SystemHead& head);
+
+    // The working copies that were written since the system was opened; empty when there are none.
+    std::string written_variables_;
+    std::string written_facts_;
+    bool cut_short_ = false; // the file lacked something when it was opened
 };
 
 extern ZKSYSTEMS System; // the one system document

@@ -12,33 +12,6 @@
 
 namespace {
 
-WorkingCopy Variables(const ZKSYSTEMS& system, const char* name) {
-    return {Text(system.VarFile), Text(system.VarName), WithExtension(name, ".var")};
-}
-
-WorkingCopy InitialFacts(const ZKSYSTEMS& system, const char* name) {
-    return {Text(system.IKWFile), Text(system.InitName), WithExtension(name, ".ikw")};
-}
-
-bool MovesVariables(const ZKSYSTEMS& system, const WorkingCopy& copy) {
-    return system.VarState != 0 && copy.working != copy.target;
-}
-
-bool MovesInitialFacts(const ZKSYSTEMS& system) {
-    return system.InitNew != 0 && system.IKWFile[0] != '\0';
-}
-
-// The head as it will be once the working copies are moved.
-SystemHead HeadAfterMoves(const ZKSYSTEMS& system, const char* name) {
-    SystemHead head = system.Head();
-    const WorkingCopy variables = Variables(system, name);
-    if (MovesVariables(system, variables))
-        SetText(head.VarName, NameAfterMove(variables));
-    if (MovesInitialFacts(system))
-        SetText(head.InitName, NameAfterMove(InitialFacts(system, name)));
-    return head;
-}
-
 // The texts of a section's items, without their TAB.
 std::vector<std::string> Items(const ListRows& rows, int first, int count) {
     std::vector<std::string> items;
@@ -96,44 +69,96 @@ void ZKSYSTEMS::TakeHead(const SystemHead& head) {
 
 int ZKSYSTEMS::GetVarName(const char* WPath) {
     SetText(OldVarName, VarFile[0] != '\0' ? Text(VarFile) : Text(VarName));
-    SetText(VarFile, std::string(WPath) + "\\temp\\" + Stem(EngineName, true) + ".var");
-    return 0;
+    const std::string name = std::string(WPath) + "\\temp\\" + Stem(EngineName, true) + ".var";
+    return SetMadeName(VarFile, name) ? 0 : -1;
 }
 
 int ZKSYSTEMS::GetInitName(const char* WPath) {
     SetText(OldInitName, IKWFile[0] != '\0' ? Text(IKWFile) : Text(InitName));
     // "temp" has no separator behind it here, so an untitled system's copy gets into the work
     // folder.
-    SetText(IKWFile, std::string(WPath) + "\\temp" + Stem(EngineName, true) + ".ikw");
-    return 0;
+    const std::string name = std::string(WPath) + "\\temp" + Stem(EngineName, true) + ".ikw";
+    return SetMadeName(IKWFile, name) ? 0 : -1;
 }
 
-int ZKSYSTEMS::ChName(const char* name) {
-    const WorkingCopy variables = Variables(*this, name);
-    if (MovesVariables(*this, variables)) {
-        const std::string moved = NameAfterMove(variables);
-        // A system that is opened and saved with no edit of its variables in between has always
-        // lost the file: there is no copy to put in its place.
-        if (variables.working.empty())
-            files::Remove(variables.target.c_str());
-        else if (!MoveToPlace(variables))
-            return -1;
-        SetText(VarName, moved);
+void ZKSYSTEMS::WroteVariables() {
+    written_variables_ = Text(VarFile);
+}
+
+void ZKSYSTEMS::WroteInitialFacts() {
+    written_facts_ = Text(IKWFile);
+}
+
+// A copy that was named and never written is no source: what lies there is of another system.
+std::string ZKSYSTEMS::VariablesSource() const {
+    const bool unwritten = Text(OldVarName) == Text(VarFile) && OldVarName != written_variables_;
+    return Text(unwritten ? VarName : OldVarName);
+}
+
+std::string ZKSYSTEMS::InitialFactsSource() const {
+    const bool unwritten = Text(OldInitName) == Text(IKWFile) && OldInitName != written_facts_;
+    return Text(unwritten ? InitName : OldInitName);
+}
+
+std::string ZKSYSTEMS::VariablesInForce() const {
+    return VarFile[0] != '\0' && VarFile == written_variables_ ? written_variables_ : Text(VarName);
+}
+
+// What is moved when the system is saved as `name`.
+SystemCopies ZKSYSTEMS::Copies(const char* name) const {
+    SystemCopies copies;
+    const std::string target = WithExtension(name, ".var");
+    if (VarState != 0 && VarFile[0] != '\0')
+        copies.variables = {VarFile, VarName, target, VarFile == written_variables_};
+    // A system that is opened and saved with no edit of its variables in between has always lost
+    // the file: there is no copy to put in its place.
+    else if (VarState != 0)
+        copies.lost_variables = target;
+    if (InitNew != 0 && IKWFile[0] != '\0')
+        copies.initial_facts = {IKWFile, InitName, WithExtension(name, ".ikw"),
+                                IKWFile == written_facts_};
+    return copies;
+}
+
+// The head as it will be once the copies are moved.
+SystemHead ZKSYSTEMS::HeadAfter(const SystemCopies& copies) const {
+    SystemHead head = Head();
+    if (!copies.lost_variables.empty())
+        SetText(head.VarName, copies.lost_variables);
+    else if (copies.variables.working != copies.variables.target)
+        SetText(head.VarName, NameAfterMove(copies.variables));
+    if (!copies.initial_facts.working.empty())
+        SetText(head.InitName, NameAfterMove(copies.initial_facts));
+    return head;
+}
+
+// Takes over what HeadAfter said, with the copies moved.
+void ZKSYSTEMS::TakeMoved(const SystemCopies& copies, const SystemHead& head) {
+    if (!copies.lost_variables.empty() || copies.variables.working != copies.variables.target) {
+        SetText(VarName, Text(head.VarName));
         SetText(VarFile, "");
+        written_variables_.clear();
         if (PVar != -1) {
             ListRows rows(List());
             rows.Delete(PVar);
-            rows.Insert(PVar, ItemRow(moved));
+            rows.Insert(PVar, ItemRow(Text(VarName)));
         }
     }
-    const WorkingCopy facts = InitialFacts(*this, name);
-    if (MovesInitialFacts(*this)) {
-        const std::string moved = NameAfterMove(facts);
-        if (!MoveToPlace(facts))
-            return -1;
-        SetText(InitName, moved);
+    if (!copies.initial_facts.working.empty()) {
+        SetText(InitName, Text(head.InitName));
         SetText(IKWFile, "");
+        written_facts_.clear();
     }
+}
+
+int ZKSYSTEMS::ChName(const char* name) {
+    const SystemCopies copies = Copies(name);
+    const SystemHead head = HeadAfter(copies);
+    files::Replacement files;
+    if (!AddCopies(files, copies) || !files.CarryOut())
+        return -1;
+    TakeMoved(copies, head);
+    RemoveMoved(copies);
     return 0;
 }
 
@@ -142,10 +167,9 @@ int ZKSYSTEMS::SaveSys() {
     const WindowHandle list = List();
     if (!list)
         return -1;
-    // The system file goes first: when it cannot be written, the working copies and the files they
-    // replace are all still where they were.
+    const SystemCopies copies = Copies(EngineName);
     SystemFile file;
-    file.head = HeadAfterMoves(*this, EngineName);
+    file.head = HeadAfter(copies);
     const ListRows rows(list);
     bool ok = true;
     if (DatNum > 0) {
@@ -157,10 +181,12 @@ int ZKSYSTEMS::SaveSys() {
         for (const std::string& name : Items(rows, POpp, OppNum))
             SetText(file.opposites.emplace_back().name, name);
     }
-    if (!ok || !files::ReplaceWhole(EngineName, SystemBytes(file)) || ChName(EngineName) != 0) {
+    if (!ok || !SaveSystem(EngineName, file, copies)) {
         SaveErr();
         return -1;
     }
+    TakeMoved(copies, file.head);
+    cut_short_ = false;
     return 0;
 }
 
@@ -168,8 +194,10 @@ int ZKSYSTEMS::OpenSys(const char* name) {
     SystemFile file;
     const ReadResult result = ReadSystem(name, file);
     const bool readable = result == ReadResult::Ok || result == ReadResult::Damaged;
-    if (readable)
+    if (readable) {
         Take(name, file);
+        cut_short_ = result == ReadResult::Damaged;
+    }
     // Last: the box has no owner, so it leaves the menus usable.
     if (result != ReadResult::Ok)
         ShowMessage(nullptr, "Open Error", "Open Engine");
@@ -190,6 +218,8 @@ void ZKSYSTEMS::Take(const char* name, const SystemFile& file) {
     SetText(OldInitName, Text(InitName));
     SetText(IKWFile, "");
     SetText(VarFile, "");
+    written_variables_.clear();
+    written_facts_.clear();
     AppendRows(file);
 }
 

@@ -47,7 +47,7 @@ void Open(HWND hwnd) {
         chosen = SystemFacts();
         offered = BaseFacts();
     } else {
-        chosen = NamesIn(Project.OldResAux);
+        chosen = NamesIn(Project.ResultsSource().c_str());
         offered = NamesIn(ResulFile);
     }
     const std::unordered_set<std::string> taken(chosen.begin(), chosen.end());
@@ -125,8 +125,9 @@ void StoreFacts(const std::vector<std::string>& names) {
 
 // Returns false, with the project as it was, when the working results file cannot be written.
 bool StoreResults(const std::vector<std::string>& names) {
-    if (!WriteNames(Project.ResName, names))
+    if (!WriteWorkingNames(Project.ResName, names))
         return false;
+    Project.WroteResults();
     Project.NameRes(ResulFile, static_cast<int>(names.size()));
     return true;
 }

@@ -8,6 +8,7 @@
 #include "shell/services/file_dialogs.h"
 #include "shell/services/list_rows.h"
 #include "shell/services/ZENTRIK.h"
+#include "system/core/rule_files.h"
 #include "system/core/rule_text.h"
 #include "system/rule_window.h"
 
@@ -59,23 +60,51 @@ void AppendText(const std::string& string) {
     SetChanged();
 }
 
-// The path of the index file; empty when the rules file stands under it (a path without room for
-// the extension, or one that has it), for then there is no place for an index.
+// The path of the index file; empty when the rules file stands under it, for then there is no place
+// for an index.
 std::string IndexPath() {
-    return lstrcmpiA(RuleSize, RuleFile) == 0 ? "" : Text(RuleSize);
+    const std::string path = WithExtension(Text(RuleFile), ".siz");
+    return lstrcmpiA(path.c_str(), RuleFile) == 0 ? std::string() : path;
 }
 
-// False when there is no index file.
+// False when there is no index file. That of a new text counts only with an earlier text under the
+// same name.
 bool ReadIndex(std::string& index) {
     const std::string path = IndexPath();
+    if (IsUntitled() && !files::Exists(RuleFile))
+        return false;
     return !path.empty() && files::ReadWhole(path.c_str(), files::Mode::Update, index);
 }
 
 // False when it failed, which is shown.
 bool WriteIndex(const std::vector<std::int32_t>& sizes) {
     const std::string path = IndexPath();
-    if (path.empty() || files::ReplaceWhole(path.c_str(), IndexBytes(sizes)))
+    if (path.empty() || StoreIndex(path, IndexBytes(sizes)))
         return true;
+    SaveErr();
+    return false;
+}
+
+// Writes rules and index as they stand. A failure is shown; that of the index alone does not keep
+// the rules from being written.
+bool WriteRules(HWND dialog) {
+    const std::string text = EditText(RuleEdit());
+    const std::string index = IndexBytes(Renumber(text).sizes);
+    switch (StoreRules(RuleFile, text, IndexPath(), index)) {
+    case StoredRules::Yes:
+        return true;
+    case StoredRules::NotRules:
+        break;
+    case StoredRules::NotIndex:
+        SaveErr();
+        // The box leaves the text window usable, so the text may be another now, or gone.
+        ReNumRules(dialog, 0);
+        if (!RuleEdit())
+            return false;
+        if (StoreRules(RuleFile, EditText(RuleEdit()), {}, {}) == StoredRules::Yes)
+            return true;
+        break;
+    }
     SaveErr();
     return false;
 }
@@ -148,12 +177,12 @@ int ReNumRules(HWND dialog, int write) {
 bool SaveRules(HWND dialog) {
     if (!RuleEdit())
         return false;
-    ReNumRules(dialog, 1);
-    if (!WriteEdit(RuleEdit(), RuleFile)) {
-        SaveErr();
+    ReNumRules(dialog, 0);
+    if (!WriteRules(dialog)) {
         SetChanged();
         return false;
     }
+    SendMessageA(RuleEdit(), EM_SETMODIFY, FALSE, 0);
     mod = 0;
     return true;
 }
@@ -238,7 +267,7 @@ void OpenRules(HWND dialog) {
     FillRules(dialog, rules.names);
     RuleNum = rules.count;
     files::ReadWhole(RuleFile, files::Mode::Read, text);
-    LoadRuleText(text);
+    LoadRuleText(WithCrLf(text));
     mod = 0;
     ShowCount(dialog);
 }
@@ -275,7 +304,7 @@ void MoveRule(HWND dialog) {
         return;
     std::string file;
     if (!files::ReadWhole(name, files::Mode::Update, file) ||
-        !files::ReplaceWhole(name, WithRule(file, rule)))
+        !files::ReplaceKeeping(name, WithRule(file, rule)))
         SaveErr();
 }
 

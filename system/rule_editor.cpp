@@ -53,6 +53,7 @@ void Start(HWND dialog) {
     rule_box = dialog;
     mod = 0;
     HoldRuleWindow();
+    EndLinesWithCrLf();
     Place(dialog);
     ListIndex(dialog);
     EditRule = 1;

@@ -3,6 +3,7 @@
 #include "shell/services/editor.h"
 #include "shell/services/mdi.h"
 #include "shell/services/text_measure.h"
+#include "system/core/rule_files.h"
 
 #include <algorithm>
 #include <ranges>
@@ -80,6 +81,13 @@ void PutRuleText(const std::string& text) {
 void LoadRuleText(const std::string& text) {
     SetWindowTextA(RuleEdit(), text.c_str());
     SetModified(RuleEdit(), false);
+}
+
+void EndLinesWithCrLf() {
+    const std::string text = EditText(RuleEdit());
+    const std::string lines = WithCrLf(text);
+    if (lines != text)
+        LoadRuleText(lines);
 }
 
 void SetRuleTextChanged() {

@@ -22,6 +22,9 @@ void PutRuleText(const std::string& text);
 // Loads a file's text, which counts as unchanged.
 void LoadRuleText(const std::string& text);
 
+// Shows a text whose lines end with LF alone as the rule commands need it, with CR LF.
+void EndLinesWithCrLf();
+
 void SetRuleTextChanged();
 
 // Scrolls to the end of the text, with three lines above it.

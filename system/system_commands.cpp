@@ -24,7 +24,7 @@ const Document kDocument{
     .modified = System.Engmod,
     .window = System.hwndSys,
     .name = System.EngineName,
-    .untitled = [] { return System.IsUntitled(); },
+    .untitled = [] { return System.NeedsName(); },
     .rename = [](const char* name) { System.ChangeName(name); },
     .save = [] { return System.SaveSys(); },
     .question = {"MORV System Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0",

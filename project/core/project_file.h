@@ -4,6 +4,7 @@
 
 #include "shell/core/read_result.h"
 #include "shell/core/record_text.h"
+#include "shell/core/working_copy.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -38,5 +39,6 @@ struct ProjectFile {
 // Reads a project file, which must be writable as well.
 ReadResult ReadProject(const char* path, ProjectFile& project);
 
-// Replaces a project file. Returns false, leaving the old file, when that fails.
-bool WriteProject(const char* path, const ProjectFile& project);
+// Replaces a project file and brings the working copy of its results to its place: both or neither.
+// Returns false, leaving the old files, when that fails.
+bool WriteProject(const char* path, const ProjectFile& project, const WorkingCopy& results = {});

@@ -15,11 +15,11 @@ bool PruneResults(const char* auxiliary, const char* results) {
         names.insert(Text(record.name));
     const std::size_t before = kept.size();
     std::erase_if(kept, [&](const TagRecord& record) { return names.contains(Text(record.name)); });
-    return kept.size() == before || files::ReplaceWhole(auxiliary, BytesOf(kept));
+    return kept.size() == before || files::ReplaceKeeping(auxiliary, BytesOf(kept));
 }
 
 bool EmptyResults(const char* auxiliary) {
     std::string bytes;
     return !files::ReadWhole(auxiliary, files::Mode::Update, bytes) || bytes.empty() ||
-           files::ReplaceWhole(auxiliary, "");
+           files::ReplaceKeeping(auxiliary, "");
 }

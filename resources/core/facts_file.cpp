@@ -1,6 +1,7 @@
 #include "resources/core/facts_file.h"
 
 #include "shell/core/paths.h"
+#include "shell/core/replacement.h"
 
 #include <limits>
 
@@ -19,11 +20,21 @@ int WriteFact(const char* path, files::Mode mode, std::size_t index, const Dat& 
     if (ok) {
         index = std::min(index, static_cast<std::size_t>(length) / sizeof(Dat));
         const auto at = static_cast<std::int64_t>(index * sizeof(Dat));
+        std::string before(
+            static_cast<std::size_t>(std::min<std::int64_t>(length - at, sizeof fact)), '\0');
         ok = files::Seek(han, at, files::Origin::Start) == at &&
-             files::Write(han, &fact, sizeof fact) == static_cast<int>(sizeof fact);
-        // A record that did not fit on the disk must not leave its beginning behind.
-        if (!ok)
+             files::Read(han, before.data(), static_cast<unsigned>(before.size())) ==
+                 static_cast<int>(before.size()) &&
+             files::Seek(han, at, files::Origin::Start) == at;
+        if (ok && !(files::WriteAll(han, BytesOf(fact)) && files::Flush(han))) {
+            ok = false;
+            // What could not be written whole must not leave its beginning behind.
+            const int reason = files::LastError();
+            if (files::Seek(han, at, files::Origin::Start) == at)
+                files::WriteAll(han, before);
             files::ChangeSize(han, length);
+            files::SetLastError(reason);
+        }
     }
     return files::Close(han) && ok ? static_cast<int>(index) : -1;
 }
@@ -71,10 +82,12 @@ Removal RemoveFact(const char* path, std::size_t index) {
     if (index >= bytes.size() / sizeof(Dat))
         return Removal::NoSuchFact;
     bytes.erase(index * sizeof(Dat), sizeof(Dat));
-    if (bytes.size() >= sizeof(Dat))
-        return files::ReplaceWhole(path, bytes) ? Removal::Done : Removal::Failed;
-    if (!files::Remove(path))
-        return Removal::Failed;
-    files::Remove(TypesFileOf(path).c_str());
-    return Removal::Done;
+    files::Replacement files;
+    if (bytes.size() >= sizeof(Dat)) {
+        files.Put(path, bytes, files::Before::Dropped);
+    } else {
+        files.TakeAway(path, files::Before::Dropped);
+        files.TakeAway(TypesFileOf(path), files::Before::Kept);
+    }
+    return files.CarryOut() ? Removal::Done : Removal::Failed;
 }

@@ -19,7 +19,8 @@ std::int32_t IdentAfter(std::int32_t ident);
 bool ReadFact(const char* path, std::size_t index, Dat& fact);
 
 // Adds a fact at the end of a file, which is created when missing. Returns its index, or -1 when
-// it cannot be written; then the file is as it was.
+// it cannot be written; then the file is as it was. The editor of the base keeps the content before
+// its first change; these functions do not.
 int AppendFact(const char* path, const Dat& fact);
 
 // Writes over fact `index`; past the end it appends. Returns where the fact stands now, or -1 when

@@ -2,7 +2,16 @@
 
 namespace {
 
+std::vector<TagRecord> RecordsOf(std::span<const std::string> names) {
+    std::vector<TagRecord> records(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i)
+        SetText(records[i].name, names[i]);
+    return records;
+}
+
 bool CanCreate(const char* path) {
+    if (path[0] == '\0')
+        return files::NameTooLong(); // the name that was to be made did not fit
     const bool there = files::Exists(path);
     const int han = files::Open(path, files::Mode::UpdateOrCreate);
     if (han == -1)
@@ -30,10 +39,11 @@ std::vector<std::string> NamesIn(const char* path) {
 }
 
 bool WriteNames(const char* path, std::span<const std::string> names) {
-    std::vector<TagRecord> records(names.size());
-    for (std::size_t i = 0; i < names.size(); ++i)
-        SetText(records[i].name, names[i]);
-    return files::ReplaceWhole(path, BytesOf(records));
+    return files::ReplaceKeeping(path, BytesOf(RecordsOf(names)));
+}
+
+bool WriteWorkingNames(const char* path, std::span<const std::string> names) {
+    return files::ReplaceWhole(path, BytesOf(RecordsOf(names)));
 }
 
 Stored StoreWhole(const char* path, std::string_view bytes) {

@@ -18,8 +18,12 @@ std::vector<std::string> NamesOf(std::span<const TagRecord> records);
 // The names in a file that is not created; none when it cannot be opened.
 std::vector<std::string> NamesIn(const char* path);
 
-// Replaces a file of names. Returns false, leaving the old file, when that fails.
+// Replaces a file of names; the names before stay as `path` with ".bak". Returns false, leaving the
+// old file, when that fails.
 bool WriteNames(const char* path, std::span<const std::string> names);
+
+// The same for a working copy, of which nothing is kept.
+bool WriteWorkingNames(const char* path, std::span<const std::string> names);
 
 // What came of replacing a file.
 enum class Stored {

@@ -36,25 +36,6 @@ bool ReadAll(int han, std::string& text) {
     return got >= 0;
 }
 
-bool WriteAll(int han, std::string_view text) {
-    while (!text.empty()) {
-        const int put = Write(han, text.data(), BlockOf(text.size()));
-        if (put <= 0)
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(put));
-    }
-    return true;
-}
-
-// A name beside `path` that no file has: one that looks like a left-over may be the user's.
-std::string FreeNameBeside(const char* path) {
-    const std::string first = std::string(path) + ".tmp~";
-    std::string name = first;
-    for (int number = 1; Exists(name.c_str()); ++number)
-        name = first + std::to_string(number);
-    return name;
-}
-
 } // namespace
 
 bool ReadWhole(const char* path, Mode mode, std::string& text) {
@@ -67,32 +48,23 @@ bool ReadWhole(const char* path, Mode mode, std::string& text) {
     return ok;
 }
 
-bool ReplaceWhole(const char* path, std::string_view text) {
-    // A rename would also replace a file that is marked read-only, so ask for write access first.
-    if (Exists(path)) {
-        int old = Open(path, Mode::Update);
-        if (old == -1)
+bool WriteAll(int han, std::string_view text) {
+    while (!text.empty()) {
+        const unsigned block = BlockOf(text.size());
+        if (Write(han, text.data(), block) == -1)
             return false;
-        Close(old);
+        text.remove_prefix(block);
     }
-    const std::string beside = FreeNameBeside(path);
-    int han = Open(beside.c_str(), Mode::Create);
-    if (han == -1)
-        return false;
-    bool ok = WriteAll(han, text);
-    ok = Close(han) && ok;
-    if (ok && RenameOver(beside.c_str(), path))
-        return true;
-    Remove(beside.c_str());
-    return false;
+    return true;
 }
 
-bool CopyOver(const char* from, const char* to) {
-    std::string text;
-    if (!ReadWhole(from, Mode::Read, text) || !ReplaceWhole(to, text))
-        return false;
-    Remove(from); // one that cannot go does no harm: the document is safe
-    return true;
+void SetLastError(int reason) {
+    g_last_error = reason;
+}
+
+bool NameTooLong() {
+    errno = ENAMETOOLONG;
+    return Noted(false);
 }
 
 int LastError() {
@@ -101,6 +73,15 @@ int LastError() {
 
 void FailWritesAfter(std::int64_t bytes) {
     g_writes_left = bytes;
+}
+
+void FailOperation(std::int64_t number) {
+    g_operations = 0;
+    g_failing_operation = number;
+}
+
+std::int64_t Operations() {
+    return g_operations;
 }
 
 } // namespace files

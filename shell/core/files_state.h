@@ -1,4 +1,4 @@
-// What the parts of the file layer share: why the last call failed, and the full disk of the tests.
+// What the parts of the file layer share: why the last call failed, and the faults of the tests.
 #pragma once
 
 #include <cerrno>
@@ -8,6 +8,8 @@ namespace files {
 
 inline int g_last_error = 0;
 inline std::int64_t g_writes_left = -1; // bytes until the disk is full; negative: it never is
+inline std::int64_t g_operations = 0;
+inline std::int64_t g_failing_operation = 0; // 0: none
 
 // Pass a result on and keep errno when the call failed.
 template <class T> T Noted(T result, bool failed) {
@@ -32,7 +34,12 @@ inline bool DiskIsFull(unsigned size) {
     return false;
 }
 
-// The rename between two drives: `to` is replaced whole before `from` goes.
-bool CopyOver(const char* from, const char* to);
+// Asked before each operation that a test can let fail.
+inline bool OperationFails() {
+    if (++g_operations != g_failing_operation)
+        return false;
+    errno = EIO;
+    return Noted(true, true);
+}
 
 } // namespace files

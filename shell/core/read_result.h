@@ -4,6 +4,6 @@
 enum class ReadResult {
     Ok,
     Missing, // cannot be opened for reading and writing
-    Damaged, // counts out of range or items missing: what is whole was read, counts set to match
-    Useless, // shorter than its fixed part: nothing was read
+    Damaged, // items are missing: what is whole was read, counts set to match
+    Useless, // shorter than its fixed part, or counts that no such file has: nothing was read
 };

@@ -27,6 +27,14 @@ template <std::size_t N> void SetText(char (&field)[N], std::string_view text) {
     std::memset(field + size, 0, N - size);
 }
 
+// Puts a name that was made from another one into a field. One that does not fit would be cut to
+// the name of some other file: the field is emptied instead, and false returned.
+template <std::size_t N> bool SetMadeName(char (&field)[N], const std::string& name) {
+    const bool fits = name.size() < N;
+    SetText(field, fits ? name : std::string());
+    return fits || files::NameTooLong();
+}
+
 // Gives a working copy up: `name` becomes the file `before` it again, and `before` empty.
 template <std::size_t N> void GoBack(char (&name)[N], char (&before)[N]) {
     SetText(name, Text(before));

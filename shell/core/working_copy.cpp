@@ -1,45 +1,50 @@
 #include "shell/core/working_copy.h"
 
 #include "shell/core/files.h"
+#include "shell/core/paths.h"
+#include "shell/core/record_text.h"
 
 namespace {
 
-// An editor left without writing its copy changes nothing: the file in force stays so.
-bool KeepsSaved(const WorkingCopy& copy) {
-    return !copy.working.empty() && !files::Exists(copy.working.c_str()) &&
-           files::Exists(copy.saved.c_str());
+bool IsThere(const std::string& path) {
+    return files::Exists(path.c_str());
 }
 
-// A rename would also replace a file that is marked read-only, so ask for write access first.
-bool MayReplace(const char* path) {
-    if (!files::Exists(path))
-        return true;
-    const int han = files::Open(path, files::Mode::Update);
-    files::Close(han);
-    return han != -1;
+// There is a content to put: the copy that was written, or the saved file that a cancelled edit
+// left as the copy.
+bool HasContent(const WorkingCopy& copy) {
+    return (copy.written || copy.working == copy.saved) && IsThere(copy.working);
+}
+
+// A file at the place that is not the document's own after its folder was moved.
+bool IsForeign(const WorkingCopy& copy) {
+    return IsThere(copy.target) && Stem(copy.saved) != Stem(copy.target);
 }
 
 } // namespace
 
 std::string NameAfterMove(const WorkingCopy& copy) {
-    return KeepsSaved(copy) ? copy.saved : copy.target;
+    if (copy.working == copy.target || HasContent(copy))
+        return copy.target;
+    return IsThere(copy.saved) || IsForeign(copy) ? copy.saved : copy.target;
 }
 
-bool MoveToPlace(const WorkingCopy& copy) {
-    const char* target = copy.target.c_str();
-    if (copy.working == copy.target || KeepsSaved(copy))
+bool AddMove(files::Replacement& files, const WorkingCopy& copy) {
+    if (NameAfterMove(copy).size() >= kNameSize)
+        return files::NameTooLong();
+    if (copy.working == copy.target || !HasContent(copy))
         return true;
-    if (!MayReplace(target))
-        return false;
-    // With nothing to put there, a file that somebody else left at the place must not be taken for
-    // this document's.
-    if (!files::Exists(copy.working.c_str()))
-        return !files::Exists(target) || files::Remove(target);
-    if (copy.working != copy.saved)
-        return files::RenameOver(copy.working.c_str(), target);
-    // A cancelled edit leaves the saved file as the working copy; it still belongs to the document
-    // that was saved before under another name.
     std::string bytes;
-    return files::ReadWhole(copy.working.c_str(), files::Mode::Read, bytes) &&
-           files::ReplaceWhole(target, bytes);
+    if (!files::ReadWhole(copy.working.c_str(), files::Mode::Read, bytes))
+        return false;
+    files.Put(copy.target, bytes, files::Before::Kept);
+    return true;
+}
+
+void RemoveMoved(const WorkingCopy& copy) {
+    // The saved file may belong to another document, too; and a document may be saved in the folder
+    // of the working copies.
+    if (copy.written && copy.working != copy.saved &&
+        !files::SameFile(copy.working.c_str(), copy.target.c_str()))
+        files::Remove(copy.working.c_str()); // one that cannot go does no harm
 }

@@ -3,6 +3,7 @@
 
 #include <cctype>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -41,6 +42,8 @@ std::string LocalPath(const char* path) {
 }
 
 int Open(const char* path, Mode mode) {
+    if (OperationFails())
+        return -1;
     int flags = 0;
     switch (mode) {
     case Mode::Read:
@@ -54,6 +57,9 @@ int Open(const char* path, Mode mode) {
         break;
     case Mode::Create:
         flags = O_RDWR | O_CREAT | O_TRUNC;
+        break;
+    case Mode::CreateNew:
+        flags = O_RDWR | O_CREAT | O_EXCL;
         break;
     case Mode::Append:
         flags = O_WRONLY | O_CREAT | O_APPEND;
@@ -79,10 +85,27 @@ int Read(int han, void* data, unsigned size) {
 }
 
 int Write(int han, const void* data, unsigned size) {
-    if (DiskIsFull(size))
+    if (OperationFails() || DiskIsFull(size))
         return -1;
-    auto put = static_cast<int>(write(han, data, size));
-    return Noted(put, put < 0);
+    const char* at = static_cast<const char*>(data);
+    // A disk that fills up takes a part first; the next call says why it does not take the rest.
+    for (unsigned left = size; left > 0;) {
+        const ssize_t put = write(han, at, left);
+        if (put < 0 && errno == EDQUOT)
+            errno = ENOSPC;
+        if (put < 0)
+            return Noted(-1, true);
+        at += put;
+        left -= static_cast<unsigned>(put);
+    }
+    return static_cast<int>(size);
+}
+
+bool Flush(int han) {
+    if (OperationFails())
+        return false;
+    // What is no disk file has nothing to flush.
+    return Noted(fsync(han) == 0 || errno == EINVAL);
 }
 
 std::int64_t Seek(int han, std::int64_t offset, Origin origin) {
@@ -108,25 +131,48 @@ bool Eof(int han) {
 }
 
 bool Close(int han) {
-    return han == -1 || Noted(close(han) == 0);
+    if (han == -1)
+        return true;
+    const bool fails = OperationFails();
+    return Noted(close(han) == 0) && !fails;
 }
 
 bool Remove(const char* path) {
-    return Noted(unlink(LocalPath(path).c_str()) == 0);
-}
-
-bool Rename(const char* from, const char* to) {
-    if (Exists(to)) {
-        errno = EEXIST;
-        return Noted(false);
-    }
-    return RenameOver(from, to);
+    return !OperationFails() && Noted(unlink(LocalPath(path).c_str()) == 0);
 }
 
 bool RenameOver(const char* from, const char* to) {
-    if (std::rename(LocalPath(from).c_str(), LocalPath(to).c_str()) == 0)
-        return true;
-    return errno == EXDEV ? CopyOver(from, to) : Noted(false);
+    return !OperationFails() &&
+           Noted(std::rename(LocalPath(from).c_str(), LocalPath(to).c_str()) == 0);
+}
+
+bool AddName(const char* path, const char* name) {
+    return !OperationFails() && Noted(link(LocalPath(path).c_str(), LocalPath(name).c_str()) == 0);
+}
+
+bool TakePlace(const char* from, const char* to) {
+    struct stat about {};
+    if (stat(LocalPath(to).c_str(), &about) == 0)
+        chmod(LocalPath(from).c_str(), about.st_mode & 07777);
+    return RenameOver(from, to);
+}
+
+std::string BehindLinks(const char* path) {
+    const std::string local = LocalPath(path);
+    struct stat about {};
+    if (lstat(local.c_str(), &about) != 0 || !S_ISLNK(about.st_mode))
+        return path;
+    char* real = realpath(local.c_str(), nullptr);
+    const std::string place = real ? real : path;
+    std::free(real);
+    return place;
+}
+
+bool SameFile(const char* path, const char* other) {
+    struct stat one {};
+    struct stat two {};
+    return stat(LocalPath(path).c_str(), &one) == 0 && stat(LocalPath(other).c_str(), &two) == 0 &&
+           one.st_dev == two.st_dev && one.st_ino == two.st_ino;
 }
 
 bool Exists(const char* path) {

@@ -32,9 +32,68 @@ int ErrnoOf(DWORD reason) {
     }
 }
 
+// Passes on what the system answered, with its reason as an errno.
+bool Answered(BOOL ok) {
+    if (!ok)
+        errno = ErrnoOf(GetLastError());
+    return Noted(ok != FALSE);
+}
+
+// A file that is open for a look at what it is.
+class Look {
+public:
+    explicit Look(const char* path)
+        : han_(CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                           OPEN_EXISTING, 0, nullptr)) {
+        known_ = han_ != INVALID_HANDLE_VALUE && GetFileInformationByHandle(han_, &about_);
+    }
+    Look(const Look&) = delete;
+    Look& operator=(const Look&) = delete;
+    ~Look() {
+        if (han_ != INVALID_HANDLE_VALUE)
+            CloseHandle(han_);
+    }
+
+    bool IsSame(const Look& other) const {
+        return known_ && other.known_ &&
+               about_.dwVolumeSerialNumber == other.about_.dwVolumeSerialNumber &&
+               about_.nFileIndexHigh == other.about_.nFileIndexHigh &&
+               about_.nFileIndexLow == other.about_.nFileIndexLow;
+    }
+
+    // The path without its drive, behind links; empty when it cannot be said.
+    std::string Name() const {
+        constexpr DWORD kMost = 1024;
+        alignas(FILE_NAME_INFO) char bytes[sizeof(FILE_NAME_INFO) + kMost * sizeof(WCHAR)];
+        auto* info = reinterpret_cast<FILE_NAME_INFO*>(bytes);
+        if (!known_ || !GetFileInformationByHandleEx(han_, FileNameInfo, bytes, sizeof bytes))
+            return {};
+        char name[kMost * 2];
+        BOOL unknown = FALSE;
+        const int length = WideCharToMultiByte(
+            CP_ACP, 0, info->FileName, static_cast<int>(info->FileNameLength / sizeof(WCHAR)), name,
+            sizeof name, nullptr, &unknown);
+        return unknown ? std::string() : std::string(name, static_cast<std::size_t>(length));
+    }
+
+private:
+    HANDLE han_;
+    BY_HANDLE_FILE_INFORMATION about_{};
+    bool known_;
+};
+
+// Its path with a drive; empty when it has none.
+std::string FullPath(const char* path) {
+    char full[1024];
+    const DWORD length = GetFullPathNameA(path, sizeof full, full, nullptr);
+    return length > 1 && length < sizeof full && full[1] == ':' ? full : std::string();
+}
+
 } // namespace
 
 int Open(const char* path, Mode mode) {
+    if (OperationFails())
+        return -1;
     if (mode != Mode::Read && IsReadOnly(path)) {
         errno = EACCES;
         return Noted(-1, true);
@@ -53,6 +112,9 @@ int Open(const char* path, Mode mode) {
     case Mode::Create:
         flags |= _O_RDWR | _O_CREAT | _O_TRUNC;
         break;
+    case Mode::CreateNew:
+        flags |= _O_RDWR | _O_CREAT | _O_EXCL;
+        break;
     case Mode::Append:
         flags |= _O_WRONLY | _O_CREAT | _O_APPEND;
         break;
@@ -67,10 +129,20 @@ int Read(int han, void* data, unsigned size) {
 }
 
 int Write(int han, const void* data, unsigned size) {
-    if (DiskIsFull(size))
+    if (OperationFails() || DiskIsFull(size))
         return -1;
-    int put = _write(han, data, size);
-    return Noted(put, put < 0);
+    const int put = _write(han, data, size);
+    if (put == static_cast<int>(size))
+        return put;
+    // A disk that fills up takes a part, which the runtime may report as a wrong argument.
+    if (put >= 0 || errno == EINVAL)
+        errno = ENOSPC;
+    return Noted(-1, true);
+}
+
+bool Flush(int han) {
+    return !OperationFails() &&
+           Answered(FlushFileBuffers(reinterpret_cast<HANDLE>(_get_osfhandle(han))));
 }
 
 std::int64_t Seek(int han, std::int64_t offset, Origin origin) {
@@ -98,26 +170,53 @@ bool Eof(int han) {
 }
 
 bool Close(int han) {
-    return han == -1 || Noted(_close(han) == 0);
+    if (han == -1)
+        return true;
+    const bool fails = OperationFails();
+    return Noted(_close(han) == 0) && !fails;
 }
 
 bool Remove(const char* path) {
-    return Noted(std::remove(path) == 0);
-}
-
-bool Rename(const char* from, const char* to) {
-    return Noted(std::rename(from, to) == 0);
+    return !OperationFails() && Noted(std::remove(path) == 0);
 }
 
 bool RenameOver(const char* from, const char* to) {
-    if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING))
+    return !OperationFails() &&
+           Answered(MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+}
+
+bool AddName(const char* path, const char* name) {
+    return !OperationFails() && Answered(CreateHardLinkA(name, path, nullptr));
+}
+
+bool TakePlace(const char* from, const char* to) {
+    if (OperationFails())
+        return false;
+    // The system's own way leaves the attributes out where the drive keeps no access rights.
+    SetFileAttributesA(from, GetFileAttributesA(to));
+    if (ReplaceFileA(to, from, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
         return true;
-    const DWORD reason = GetLastError();
-    // The system's own copy to another drive would write into the old file.
-    if (reason == ERROR_NOT_SAME_DEVICE)
-        return CopyOver(from, to);
-    errno = ErrnoOf(reason);
-    return Noted(false);
+    // It may have failed half way, with nothing at the place any more.
+    return RenameOver(from, to);
+}
+
+// The system says where a file really is, but on which drive only the file itself can tell.
+std::string BehindLinks(const char* path) {
+    const Look file(path);
+    const std::string name = file.Name();
+    const std::string full = FullPath(path);
+    if (name.empty() || full.empty() || lstrcmpiA(name.c_str(), full.c_str() + 2) == 0)
+        return path;
+    for (const char drive : std::string(1, full[0]) + "ABCDEFGHIJKLMNOPQRSTUVWXYZ") {
+        const std::string place = std::string(1, drive) + ":" + name;
+        if (Exists(place.c_str()) && file.IsSame(Look(place.c_str())))
+            return place;
+    }
+    return path;
+}
+
+bool SameFile(const char* path, const char* other) {
+    return Look(path).IsSame(Look(other));
 }
 
 bool Exists(const char* path) {

@@ -237,7 +237,7 @@ void DestroyEditors() {
 }
 
 bool WriteEdit(HWND edit, const char* path) {
-    if (!files::ReplaceWhole(path, EditText(edit)))
+    if (!files::ReplaceKeeping(path, EditText(edit)))
         return false;
     SendMessageA(edit, EM_SETMODIFY, FALSE, 0);
     return true;

@@ -81,17 +81,25 @@ TEST(ProjectFile, ThatIsMissingOrTooShortGivesNothing) {
     }
 }
 
-TEST(ProjectFile, WithCountsOutOfRangeIsReadAsFarAsItGoes) {
+TEST(ProjectFile, WithCountsThatNoProjectHasIsNoProject) {
     TempFolder temp;
-    ProjectFile bad = Sample();
-    bad.head.EngNum = 9;
-    bad.head.ExtNum = -1;
-    bad.head.ResNum = 2000000000;
-    ASSERT_TRUE(WriteProject(temp.Path("a.mrv").c_str(), bad));
     ProjectFile project;
-    EXPECT_EQ(ReadProject(temp.Path("a.mrv").c_str(), project), ReadResult::Damaged);
-    EXPECT_EQ(project.head.EngNum, 8);
-    EXPECT_EQ(project.head.ExtNum, 0);
+    auto read = [&](void (*spoil)(ProjectRecord & head)) {
+        ProjectFile bad = Sample();
+        spoil(bad.head);
+        EXPECT_TRUE(WriteProject(temp.Path("a.mrv").c_str(), bad));
+        return ReadProject(temp.Path("a.mrv").c_str(), project);
+    };
+    EXPECT_EQ(read([](ProjectRecord& head) { head.EngNum = 9; }), ReadResult::Useless);
+    EXPECT_EQ(project.head.EngNum, 0);
+    EXPECT_TRUE(project.results.empty());
+    EXPECT_EQ(read([](ProjectRecord& head) { head.EngNum = -1; }), ReadResult::Useless);
+    EXPECT_EQ(read([](ProjectRecord& head) { head.ExtNum = 4; }), ReadResult::Useless);
+    EXPECT_EQ(read([](ProjectRecord& head) { head.ExtNum = -1; }), ReadResult::Useless);
+    EXPECT_EQ(read([](ProjectRecord& head) { head.ResNum = -1; }), ReadResult::Useless);
+    EXPECT_EQ(read([](ProjectRecord& head) { head.ResNum = 9000000; }), ReadResult::Useless);
+    // As many results as this may have been there once.
+    EXPECT_EQ(read([](ProjectRecord& head) { head.ResNum = 8000000; }), ReadResult::Damaged);
     EXPECT_EQ(project.head.ResNum, 2);
     EXPECT_EQ(project.results.size(), 2u);
 }

@@ -84,14 +84,27 @@ TEST(SystemFile, CountsOnlyTheWholeRecordsItHas) {
     EXPECT_EQ(Facts(system), 1);
     EXPECT_EQ(Text(system.facts.at(0).Name), "fever");
     EXPECT_EQ(Opposites(system), 0);
+}
 
-    SystemFile bad = Sample();
-    bad.head.DatNum = -5;
-    bad.head.OppNum = 2147483647;
-    temp.Put("b.lse", SystemBytes(bad));
-    EXPECT_EQ(ReadSystem(temp.Path("b.lse").c_str(), system), ReadResult::Damaged);
+TEST(SystemFile, WithCountsThatNoSystemHasIsNoSystem) {
+    TempFolder temp;
+    SystemFile system;
+    auto read = [&](std::int32_t facts, std::int32_t opposites) {
+        SystemFile bad = Sample();
+        bad.head.DatNum = facts;
+        bad.head.OppNum = opposites;
+        temp.Put("b.lse", SystemBytes(bad));
+        return ReadSystem(temp.Path("b.lse").c_str(), system);
+    };
+    EXPECT_EQ(read(-1, 1), ReadResult::Useless);
     EXPECT_EQ(Facts(system), 0);
-    EXPECT_EQ(Opposites(system), static_cast<int>(system.opposites.size()));
+    EXPECT_TRUE(system.facts.empty());
+    EXPECT_EQ(read(2, -1), ReadResult::Useless);
+    EXPECT_EQ(read(0x20202020, 0), ReadResult::Useless); // a text
+    EXPECT_EQ(read(0, 2147483647), ReadResult::Useless);
+    EXPECT_EQ(read(1000000, 1), ReadResult::Damaged);
+    temp.Put("text.lse", std::string(3000, ' '));
+    EXPECT_EQ(ReadSystem(temp.Path("text.lse").c_str(), system), ReadResult::Useless);
 }
 
 // A fact that was gone from its base is counted and has no record.

@@ -94,6 +94,7 @@ TEST_F(InitialFacts, OfferVariablesAndThenDdeItems) {
     }
     // The working copy comes before the saved file.
     SetText(System.VarFile, temp.Path("file.var"));
+    System.WroteVariables();
     ShownDialog dialog("Init_Box", InitKnw);
     EXPECT_EQ(dialog.Rows(INIT_VARS), (Texts{"working", "DDEinfo.Level"}));
 }

@@ -47,6 +47,7 @@ protected:
     void PutWorking(const std::string& content) {
         NameWorking();
         std::ofstream(Project.ResName, std::ios::binary) << content;
+        Project.WroteResults();
     }
 
     // The saved file as the working one, as the check and a cancelled results dialog leave it.
@@ -180,7 +181,6 @@ TEST_F(ProjectSave, OpensADamagedProjectAsFarAsItGoes) {
     Project.NameRes("r2.rst", 1);
     Project.SavePro();
     std::string bytes = temp_.Content("p.mrv");
-    bytes.replace(4080, 4, Number(100)); // systems
     bytes.resize(bytes.size() - 1);
     bytes.replace(0, 255, std::string(255, 'm')); // no NUL
     temp_.Put("bad.mrv", bytes);
@@ -188,18 +188,30 @@ TEST_F(ProjectSave, OpensADamagedProjectAsFarAsItGoes) {
     Reopen("bad.mrv");
     EXPECT_EQ(boxes.shown, RowTexts{"Open Project: Open Error"});
     EXPECT_EQ(Project.MORState, 1);
-    EXPECT_EQ(Project.EngNum, 8);
+    EXPECT_TRUE(Project.NeedsName());
+    EXPECT_EQ(Project.IsUntitled(), 0);
     EXPECT_EQ(Project.ResNum, 1);
     EXPECT_EQ(Project.MainName, std::string(254, 'm'));
     EXPECT_EQ(Rows().back(), "\tr1.rst");
 
+    // Saved under a name it is whole.
+    Project.ChName(Path("whole.mrv").c_str());
+    EXPECT_EQ(Project.SavePro(), 0);
+    EXPECT_FALSE(Project.NeedsName());
+    EXPECT_EQ(temp_.Content("bad.mrv"), bytes);
+
+    bytes.replace(4080, 4, Number(100)); // systems
+    temp_.Put("none.mrv", bytes);
     temp_.Put("short.mrv", "x");
-    Project.DestroyPro();
-    Project.DestroyMdi();
-    Project.OpenPro(Path("short.mrv").c_str());
-    EXPECT_EQ(boxes.shown.size(), 2u);
-    EXPECT_EQ(Project.MORState, 0);
-    EXPECT_EQ(GetMdi(), nullptr);
+    for (const char* name : {"none.mrv", "short.mrv"}) {
+        boxes.shown.clear();
+        Project.DestroyPro();
+        Project.DestroyMdi();
+        Project.OpenPro(Path(name).c_str());
+        EXPECT_EQ(boxes.shown, RowTexts{"Open Project: Open Error"});
+        EXPECT_EQ(Project.MORState, 0);
+        EXPECT_EQ(GetMdi(), nullptr);
+    }
 }
 
 TEST_F(ProjectSave, ReadsFieldsUpToTheirNul) {
@@ -328,8 +340,8 @@ TEST_F(ProjectSave, AdoptsNoForeignNamesWhenNoneWereWritten) {
     temp_.Put("p.aux", Tags({"foreign"}));
     NameWorking();
     EXPECT_EQ(Project.SavePro(), 0);
-    EXPECT_FALSE(files::Exists(Path("p.aux").c_str()));
-    EXPECT_EQ(Project.ResAux, Path("p.aux"));
+    EXPECT_EQ(temp_.Content("p.aux"), Tags({"foreign"}));
+    EXPECT_STREQ(Project.ResAux, "");
 }
 
 TEST_F(ProjectSave, ThatCannotMoveTheAuxiliaryFileIsShownAndLosesNothing) {

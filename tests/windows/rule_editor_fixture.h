@@ -8,6 +8,7 @@
 #include "shell/core/paths.h"
 #include "shell/services/editor.h"
 #include "shell/services/ZENTRIK.h"
+#include "system/core/rule_files.h"
 #include "system/core/rule_index.h"
 #include "system/core/rule_text.h"
 #include "system/rule_commands.h"

@@ -71,6 +71,7 @@ protected:
     void EditVariables(const std::string& content) {
         System.GetVarName(Work().c_str());
         std::ofstream(System.VarFile, std::ios::binary) << content;
+        System.WroteVariables();
         System.NameVar(Work().c_str());
     }
 
@@ -78,6 +79,7 @@ protected:
     void EditInitialFacts(const std::string& content) {
         System.GetInitName(Work().c_str());
         std::ofstream(System.IKWFile, std::ios::binary) << content;
+        System.WroteInitialFacts();
         System.InitNew = 1;
     }
 };
@@ -324,6 +326,7 @@ TEST_F(SystemSave, DropsTheVariablesOfAReopenedSystemThatWereNotEdited) {
     Reopen("a.lse");
     EXPECT_EQ(System.SaveSys(), 0);
     EXPECT_FALSE(files::Exists(Path("a.var").c_str()));
+    EXPECT_EQ(temp_.Content("a.var.bak"), "variables");
     EXPECT_EQ(System.VarName, Path("a.var"));
     // The initial facts stay: without a working copy they are left alone.
     EXPECT_EQ(temp_.Content("a.ikw"), "facts");
