@@ -26,7 +26,15 @@ esac
 build win64 monkey
 code=0
 for seed in "${seeds[@]}"; do
-    tests/wine_session wine "$out/win64/tests/monkey.exe" "$seed" "$actions" || code=1
+    log=$logs/monkey-$seed.txt
+    end=0
+    timeout -k 10 $((60 + actions)) tests/wine_session \
+        wine "$out/win64/tests/monkey.exe" "$seed" "$actions" || end=$?
+    [ "$end" = 0 ] || code=1
+    if [ "$end" = 124 ]; then
+        echo "seed $seed: never ended; the last actions:"
+        tail -20 "$log"
+    fi
 done
 if [ "$code" != 0 ]; then
     bitmaps_to_png "$out/screenshots"

@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <optional>
 
 namespace monkey {
@@ -18,6 +19,8 @@ namespace {
 class Run {
 public:
     explicit Run(unsigned seed) : seed_(seed), dice_(seed), files_(dice_), actions_(dice_, files_) {
+        gui::MakeFolders(gui::OutFolder() + "\\logs");
+        log_.open(gui::OutFolder() + "\\logs\\monkey-" + std::to_string(seed) + ".txt");
         exe_ = files_.Work().Path(seed % 2 == 0 ? "zentrik98.exe" : "zentrik.exe");
         gui::CopyTo(gui::BinFolder() + "\\zentrik.exe", exe_);
     }
@@ -44,14 +47,6 @@ public:
             std::printf("  %s\n", done_[i].c_str());
     }
 
-    void SaveActions() const {
-        std::string log;
-        for (const std::string& action : done_)
-            log += action + "\n";
-        gui::MakeFolders(gui::OutFolder() + "\\logs");
-        gui::PutFile(gui::OutFolder() + "\\logs\\monkey-" + std::to_string(seed_) + ".txt", log);
-    }
-
 private:
     void Start() {
         screen_.reset();
@@ -68,7 +63,11 @@ private:
         Start();
     }
 
-    void Note(const std::string& action) { done_.push_back(action); }
+    // At once, for a run that never ends is cut off.
+    void Note(const std::string& action) {
+        done_.push_back(action);
+        log_ << action << std::endl;
+    }
 
     void CheckFiles() const {
         const std::string touched = files_.Touched();
@@ -84,6 +83,7 @@ private:
     std::optional<gui::Program> program_;
     std::optional<Screen> screen_; // of the program, so it goes first
     std::vector<std::string> done_;
+    std::ofstream log_; // of what was done
     int starts_ = 0;
 };
 
@@ -101,11 +101,9 @@ int Main(unsigned seed, int actions) {
     } catch (const std::exception& failure) {
         run.Report(failure.what());
         run.TellLastActions();
-        run.SaveActions();
         return 1;
     }
     run.Report("sound");
-    run.SaveActions();
     return 0;
 }
 

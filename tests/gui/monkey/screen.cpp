@@ -34,9 +34,10 @@ bool IsQuestionOfFileDialog(HWND hwnd) {
     return owner && IsWindowEnabled(hwnd) && GetDlgItem(owner, gui::kFileName);
 }
 
+// Without the system commands of a maximized document, which its menu box adds to the menu.
 void AddCommands(const std::vector<gui::MenuItem>& items, std::vector<int>& commands) {
     for (const gui::MenuItem& item : items) {
-        if (item.grey || item.separator)
+        if (item.grey || item.separator || (!item.popup && item.id >= SC_SIZE))
             continue;
         if (item.popup)
             AddCommands(item.items, commands);
