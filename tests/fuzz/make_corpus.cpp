@@ -92,6 +92,11 @@ void Rules(const Corpus& corpus) {
     corpus.Add("rule_check", "odd", Bytes({2, 1, 0, 1, 40, 0}) + odd);
     corpus.Add("renumber", "odd", Bytes({2}) + odd);
     corpus.Add("language", "odd", odd);
+    corpus.Add(
+        "language", "all_blocks",
+        "Rule 1\r\nForAll (T) // x\r\nIfOr (a, /* b\r\n */ \"c\")\r\nThen // d\r\n"
+        "IfAny (e, f) Then g; Otherwise h; EndIfAny\r\nElse X.assign(1, FULL);\r\nEndIfOr\r\n"
+        "IfXor (i) Then EndIfXor EndForAll\r\nEndRule\r\n");
 }
 
 void Builds(const Corpus& corpus) {
