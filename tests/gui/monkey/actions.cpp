@@ -80,8 +80,10 @@ std::string Actions::MenuCommand(Screen& screen, HWND window) {
         return "a menu that is all grey";
     const int command = dice_.One(commands);
     exit_asked_ = exit_asked_ || command == CM_EXIT;
-    PostMessageA(window, WM_COMMAND, static_cast<WPARAM>(command), 0);
-    return "command " + std::to_string(command);
+    const bool twice = dice_.Percent(5);
+    for (int i = twice ? 2 : 1; i > 0; --i)
+        PostMessageA(window, WM_COMMAND, static_cast<WPARAM>(command), 0);
+    return (twice ? "twice command " : "command ") + std::to_string(command);
 }
 
 std::string Actions::ToolbarButton(const Screen& screen) {
@@ -116,7 +118,7 @@ std::string Actions::WithDocument(const Screen& screen, const std::vector<HWND>&
         return Shape(document) + name;
     if (inner && gui::ClassOf(inner) == "Edit")
         return Type(inner) + name;
-    return inner ? WithRows(document, inner) + name : "a document without a control";
+    return inner ? WithRows(screen, document, inner) + name : "a document without a control";
 }
 
 std::string Actions::Shape(HWND document) {
@@ -130,10 +132,10 @@ std::string Actions::Shape(HWND document) {
     return name;
 }
 
-std::string Actions::WithRows(HWND document, HWND list) {
-    const auto rows = SendMessageA(list, LB_GETCOUNT, 0, 0);
+std::string Actions::WithRows(const Screen& screen, HWND document, HWND list) {
+    const LRESULT rows = screen.Process().Send(list, LB_GETCOUNT);
     const std::size_t row = dice_.Below(rows > 0 ? static_cast<std::size_t>(rows) : 0);
-    SendMessageA(list, LB_SETCURSEL, row, 0);
+    screen.Process().Send(list, LB_SETCURSEL, row);
     const bool twice = dice_.Percent(60);
     PostMessageA(document, WM_COMMAND,
                  MAKEWPARAM(GetDlgCtrlID(list), twice ? LBN_DBLCLK : LBN_SELCHANGE),
@@ -187,8 +189,10 @@ std::string Actions::Control(const Screen& screen, HWND dialog, HWND control) {
         return List(screen, control);
     if (kind == "ComboBox")
         return Combo(screen, control);
-    const std::string name = "click on " + Named(control);
-    if (GetParent(control) == dialog || kind == "Button")
+    // Twice in a row, as by a hand that trembles.
+    const bool twice = dice_.Percent(15);
+    const std::string name = (twice ? "two clicks on " : "click on ") + Named(control);
+    for (int i = twice ? 2 : 1; i > 0 && (GetParent(control) == dialog || kind == "Button"); --i)
         Click(control);
     return name;
 }

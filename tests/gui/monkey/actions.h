@@ -26,7 +26,7 @@ private:
     std::string MenuCommand(Screen& screen, HWND window);
     std::string ToolbarButton(const Screen& screen);
     std::string WithDocument(const Screen& screen, const std::vector<HWND>& documents);
-    std::string WithRows(HWND document, HWND list);
+    std::string WithRows(const Screen& screen, HWND document, HWND list);
     std::string Shape(HWND document);
     std::string CloseFrame(const Screen& screen);
 
