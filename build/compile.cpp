@@ -28,7 +28,7 @@ int WriteRulesSource(HWND hwnd, const ProjectRecord& project, const BuildNames& 
         return 0;
     Refuse(hwnd, "Rules.cpp creation error");
     // The half-written source shows how far it got.
-    EnableMenu(hwnd, 7);
+    EnableMenu(hwnd, kTextOnTop);
     OpenEdit(names.rules_cpp.c_str());
     return -1;
 }

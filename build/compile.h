@@ -3,6 +3,6 @@
 
 #include <windows.h>
 
-// Returns -1 as soon as a file fails, which was shown. After the last one the compiler is started,
-// unless none is set, and 0 returned.
+// Writes all generated files and then starts the compiler, if one is set. Returns 0, or -1 after
+// showing which file failed.
 int CompileMORV(HWND hwnd);

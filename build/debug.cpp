@@ -15,7 +15,7 @@ namespace {
 
 HWND hwndMes; // the messages child of the last run; it may be gone
 
-// Kept between the runs: what a rule leaves open reaches into the next one's.
+// Kept between the runs: a comment or string that is left open goes on in the next run.
 Lexical Anul = Lexical::Code;
 
 constexpr ULONGLONG kRepaintEvery = 40; // milliseconds; quicker than that nobody can see
@@ -27,7 +27,7 @@ public:
     DebugView(HWND dialog, HWND list) : dialog_(dialog), list_(list) {}
 
     void SystemFile(const char* path) override {
-        // A box may be next: behind it stands what the systems before this one gave.
+        // A box may come next; the findings so far can then be read behind it.
         fill_.reset();
         Set(DEBUG_SYSTEM, path);
         Paint();
@@ -100,24 +100,17 @@ void RunCheck(HWND hwnd) {
     if (!done)
         return; // the dialog stays open
     ShowMessage(hwnd, "Debug Finalitzat", "Debug");
-    EndDialog(hwnd, 0);
+    CloseDialog(hwnd);
 }
 
+constexpr DialogAction kActions[] = {
+    {DEBUG_START, BN_CLICKED, RunCheck},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTable = {.open = [](HWND) {}, .actions = kActions};
+
 INT_PTR CALLBACK InfoBox(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        return TRUE;
-    case WM_COMMAND:
-        if (LOWORD(wParam) == DEBUG_START)
-            RunCheck(hwnd);
-        else if (LOWORD(wParam) == IDCANCEL)
-            EndDialog(hwnd, 0);
-        else
-            return FALSE;
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }
 
 } // namespace
@@ -128,7 +121,7 @@ void DebugMORV(HWND hwnd) {
         return;
     }
     if (hwndMes) {
-        // Closed by hand it is gone already; then this only counts.
+        // When it was closed by hand this only counts the identifiers of the editors down.
         DestroyWindow(TopChild(hwndMes));
         DestroyMdiCh(hwndMes);
     }

@@ -41,7 +41,7 @@ std::string ListEntry(HWND dialog, int index) {
     return text;
 }
 
-void Init(HWND dialog) {
+void Open(HWND dialog) {
     for (int id : {TOOL_MORV_PATH, TOOL_INCLUDE, TOOL_COMPILER_PATH})
         SendDlgItemMessageA(dialog, id, EM_LIMITTEXT, kNameSize - 1, 0);
     SendMessageA(Combo(dialog), CB_LIMITTEXT, kNameSize - 1, 0);
@@ -94,35 +94,20 @@ void Accept(HWND dialog) {
         ShowMessage(dialog, "Creation Tool file error", "Compile Tools");
     // Also when they could not be stored: then they hold until the program ends.
     UseTools(tools);
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
+constexpr DialogAction kActions[] = {
+    {TOOL_ADD, BN_CLICKED, AddCompiler},
+    {TOOL_REMOVE, BN_CLICKED, RemoveCompiler},
+    {TOOL_HELP, BN_CLICKED, [](HWND dialog) { TopicHelp(dialog, HELP_TOPIC_TOOLS); }},
+    {IDOK, BN_CLICKED, Accept},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions};
+
 INT_PTR CALLBACK ToolDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG) {
-        Init(hwnd);
-        return TRUE;
-    }
-    if (message != WM_COMMAND)
-        return DialogColours(message, wParam);
-    switch (LOWORD(wParam)) {
-    case TOOL_ADD:
-        AddCompiler(hwnd);
-        return TRUE;
-    case TOOL_REMOVE:
-        RemoveCompiler(hwnd);
-        return TRUE;
-    case TOOL_HELP:
-        TopicHelp(hwnd, HELP_TOPIC_TOOLS);
-        return TRUE;
-    case IDOK:
-        Accept(hwnd);
-        return TRUE;
-    case IDCANCEL:
-        EndDialog(hwnd, 0);
-        return TRUE;
-    default:
-        return FALSE;
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }
 
 } // namespace

@@ -10,12 +10,12 @@ ZKPROJECT Project;
 
 namespace {
 
-// A name as a field holds it.
+// `name`, cut to what a field holds.
 std::string Cut(const char* name) {
     return std::string(name, strnlen(name, kNameSize - 1));
 }
 
-// Takes the first of rows 1..count that reads `name` out of a list of names, closing the gap.
+// Removes the first of `count` names that equals `name`; the names behind it move up.
 void RemoveName(char (*names)[kNameSize], int count, const std::string& name) {
     int t = 0;
     while (t <= count && Text(names[t]) != name)

@@ -1,5 +1,5 @@
-// The project document with its list in an MDI child. Only the positions below tell which rows of
-// the list are what, and the paths of the results files stand in those rows alone.
+// The project document with its list in an MDI child. The positions PMain to Pdde say which rows of
+// the list belong to which section. The paths of the results files are kept in their rows only.
 #pragma once
 
 #include "project/core/project_file.h"
@@ -32,7 +32,7 @@ public:
     char OldResAux[kNameSize]; // what a cancelled results edit goes back to
     char EngineNames[kMaxSystems + 1][kNameSize];
     char ExternFiles[kMaxExterns + 1][kNameSize];
-    char ResName[kNameSize]; // its working copy, named before it is written; else empty
+    char ResName[kNameSize]; // the working copy of ResAux, named before it is written; else empty
     std::int32_t EngNum;
     std::int32_t ExtNum;
     std::int32_t ResNum;
@@ -84,7 +84,7 @@ public:
     int ResTab(char* nom) const; // in place
     int GetPos(int Nvar);
     int RePos(int Nvar, int Nlin);
-    int ChangeName(const char* New); // puts that copy beside the project file `New`
+    int ChangeName(const char* New); // moves ResName beside the project file `New`
 
     ProjectRecord Record() const; // the part of the project the project file and the build use
 

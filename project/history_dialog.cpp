@@ -16,23 +16,24 @@ std::int32_t Number(const std::string& text) {
     return static_cast<std::int32_t>(std::clamp<long long>(number, INT32_MIN, INT32_MAX));
 }
 
+void Open(HWND dialog) {
+    SetDlgItemTextA(dialog, HL_LENGTH, std::to_string(Project.DatHisLen).c_str());
+}
+
+void Accept(HWND dialog) {
+    // A new length alone does not make the project ask to be saved.
+    Project.DatHisLen = Number(ControlText(dialog, HL_LENGTH, kLongest));
+    CloseDialog(dialog);
+}
+
+constexpr DialogAction kActions[] = {
+    {IDOK, BN_CLICKED, Accept},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions, .close_box = LeaveDialog};
+
 } // namespace
 
 INT_PTR CALLBACK HistoryDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG) {
-        SetDlgItemTextA(hwnd, HL_LENGTH, std::to_string(Project.DatHisLen).c_str());
-        return TRUE;
-    }
-    if (message == WM_COMMAND && LOWORD(wParam) == IDOK) {
-        // A new length alone does not make the project ask to be saved.
-        Project.DatHisLen = Number(ControlText(hwnd, HL_LENGTH, kLongest));
-        EndDialog(hwnd, IDOK);
-        return TRUE;
-    }
-    const bool closed = message == WM_SYSCOMMAND && (wParam & 0xfff0) == SC_CLOSE;
-    if (closed || (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL)) {
-        EndDialog(hwnd, IDCANCEL);
-        return TRUE;
-    }
-    return DialogColours(message, wParam);
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

@@ -2,8 +2,9 @@
 
 #include "project/ZENPRO.h"
 #include "shell/core/messages.h"
+#include "shell/services/asking.h"
 #include "shell/services/dialog.h"
-#include "shell/services/document_save.h"
+#include "shell/services/document.h"
 #include "shell/services/editor.h"
 #include "shell/services/file_dialogs.h"
 #include "shell/services/menu.h"
@@ -16,7 +17,7 @@ namespace {
 
 constexpr char kProjectFilter[] = "MORV Project Files (*.mrv)\0*.mrv\0 All Files (*.*)\0*.*\0";
 
-const SavedDocument kDocument{
+const Document kDocument{
     .state = Project.MORState,
     .modified = Project.MORVmod,
     .window = Project.hwndPro,
@@ -24,51 +25,22 @@ const SavedDocument kDocument{
     .untitled = [] { return Project.IsUntitled() != 0; },
     .rename = [](const char* name) { Project.ChName(name); },
     .save = [] { return Project.SavePro(); },
-    .filter = kProjectFilter,
-    .title = "Save MORV Project As...",
-    .extension = ".mrv",
+    .question = {kProjectFilter, "Save MORV Project As...", ".mrv"},
     .forgets_when_cancelled = false,
+    .not_open = "There is not Opened MORV Project",
 };
 
 // A chosen path; the document puts a TAB in front of some.
 using ChosenName = char[kNameSize + 1];
 
-// Shows that no project is open, unless one is.
-bool Opened(HWND hwnd, const char* caption) {
-    if (Project.MORState == 1)
-        return true;
-    ShowMessage(hwnd, "There is not Opened MORV Project", caption);
-    return false;
-}
-
 // Shows that a project is open, if one is.
 bool AlreadyOpened(HWND hwnd, const char* caption) {
-    if (Project.MORState == 0)
-        return false;
-    ShowMessage(hwnd, "There is Opened MORV Project", caption);
-    return true;
+    return Refused(hwnd, Project.MORState != 0, "There is Opened MORV Project", caption);
 }
 
 void EnableProjectMenus(HWND hwnd) {
-    for (int group : {2, 3, 4})
+    for (const MenuGroup group : {kAddProjectItem, kOpenProject, kBuildProject})
         EnableMenu(hwnd, group);
-}
-
-// Shows that the project has such an item already, if it has.
-bool Refused(HWND hwnd, bool refused, const char* text, const char* caption) {
-    if (refused)
-        ShowMessage(hwnd, text, caption);
-    return refused;
-}
-
-// Asks for a file to add. `may_add`, which shows why not, is asked again afterwards: another of
-// these dialogs may have been used meanwhile.
-template <class MayAdd>
-bool ChooseItem(MayAdd may_add, const char* filter, const char* title, const char* extension,
-                char* name) {
-    const auto still_open = StillOpen(kDocument);
-    return may_add() && OpenDlg(filter, title, extension, name, 0) == 0 && still_open() &&
-           may_add();
 }
 
 bool MayClose(HWND hwnd) {
@@ -101,17 +73,17 @@ void OpenMORV(HWND hwnd) {
         return;
     Project.OpenPro(name);
     if (AnyItems())
-        EnableMenu(hwnd, 1);
+        EnableMenu(hwnd, kProjectItems);
     EnableProjectMenus(hwnd); // also when the project could not be opened
 }
 
 void SaveMORV(HWND hwnd) {
-    if (Opened(hwnd, "Save MORV Project"))
+    if (Opened(kDocument, hwnd, "Save MORV Project"))
         SaveDocument(kDocument);
 }
 
 void SaveAsMORV(HWND hwnd) {
-    if (Opened(hwnd, "Save MORV Project As..."))
+    if (Opened(kDocument, hwnd, "Save MORV Project As..."))
         SaveDocumentAs(kDocument);
 }
 
@@ -121,68 +93,70 @@ int CloseMORV(HWND hwnd) {
     if (!MayClose(hwnd))
         return 1;
     Project.DestroyPro();
-    for (int group : {1, 2, 3, 4})
+    for (const MenuGroup group : kProjectGroups)
         GrayMenu(hwnd, group);
     return 0;
 }
 
 void AddMain(HWND hwnd) {
     auto may_add = [hwnd] {
-        return Opened(hwnd, "Add MORV Main") &&
+        return Opened(kDocument, hwnd, "Add MORV Main") &&
                !Refused(hwnd, Project.MainState != 0, "There is Opened MORV Main", "Add MORV Main");
     };
     char name[kNameSize];
-    if (!ChooseItem(may_add, "MORV Main Files (*.cpp)\0*.cpp\0", "Add MORV Main", ".cpp", name))
+    if (!ChooseFile(kDocument, may_add,
+                    {"MORV Main Files (*.cpp)\0*.cpp\0", "Add MORV Main", ".cpp"}, name))
         return;
     Project.NameMain(name);
-    EnableMenu(hwnd, 1);
+    EnableMenu(hwnd, kProjectItems);
 }
 
 void AddEngine(HWND hwnd) {
     auto may_add = [hwnd] {
-        return Opened(hwnd, "Add MORV Main") &&
+        return Opened(kDocument, hwnd, "Add MORV Main") &&
                !Refused(hwnd, Project.EngNum >= kMaxSystems, "There is too much Systems",
                         "Add MORV System");
     };
     ChosenName name;
-    if (!ChooseItem(may_add, "MORV System Files (*.lse)\0*.lse\0", "Add MORV System", ".lse",
-                    name) ||
+    if (!ChooseFile(kDocument, may_add,
+                    {"MORV System Files (*.lse)\0*.lse\0", "Add MORV System", ".lse"}, name) ||
         Project.IsDup(name) != -1)
         return;
     Project.NameSys(name);
-    EnableMenu(hwnd, 1);
+    EnableMenu(hwnd, kProjectItems);
 }
 
 void AddExtern(HWND hwnd) {
     auto may_add = [hwnd] {
-        return Opened(hwnd, "Add MORV Main") &&
+        return Opened(kDocument, hwnd, "Add MORV Main") &&
                !Refused(hwnd, Project.ExtNum >= kMaxExterns, "There is too much Extern Files",
                         "Add MORV Externs");
     };
     ChosenName name;
-    if (!ChooseItem(may_add, "MORV Extern Files (*.cpp)\0*.cpp\0", "Add MORV Extern", "*.cpp",
-                    name) ||
+    if (!ChooseFile(kDocument, may_add,
+                    {"MORV Extern Files (*.cpp)\0*.cpp\0", "Add MORV Extern", "*.cpp"}, name) ||
         Refused(hwnd, Project.IsDup(name) != -1, "Duplicate Extern", "Add Externs"))
         return;
     Project.NameExt(name);
-    EnableMenu(hwnd, 1);
+    EnableMenu(hwnd, kProjectItems);
 }
 
 void AddDDE(HWND hwnd) {
     auto may_add = [hwnd] {
-        return Opened(hwnd, "Add MORV Main") &&
+        return Opened(kDocument, hwnd, "Add MORV Main") &&
                !Refused(hwnd, Project.DDEState != 0, "There is Opened DDE", "Add MORV Main");
     };
     ChosenName name;
-    if (!ChooseItem(may_add, "MORV DDE Files (*.dde)\0*.dde\0", "Add MORV DDE", ".dde", name))
+    if (!ChooseFile(kDocument, may_add, {"MORV DDE Files (*.dde)\0*.dde\0", "Add MORV DDE", ".dde"},
+                    name))
         return;
     Project.NameDde(name);
-    EnableMenu(hwnd, 1);
+    EnableMenu(hwnd, kProjectItems);
 }
 
 void AddResult(HWND hwnd) {
     SetText(ResulFile, "");
-    if (!Opened(hwnd, "Add Result"))
+    if (!Opened(kDocument, hwnd, "Add Result"))
         return;
     const auto still_open = StillOpen(kDocument);
     char name[kNameSize];
@@ -195,44 +169,37 @@ void AddResult(HWND hwnd) {
         Project.GetResName(WorkPath);
         AddType = kAddResults;
         RunDialog(hwnd, "Add_Box", SystemAdd);
-        EnableMenu(hwnd, 1);
+        EnableMenu(hwnd, kProjectItems);
     }
     Project.MORVmod = 1; // also when nothing was chosen
 }
 
 namespace {
 
-// Removes what the selected row shows: a section by its header, else one item. False when the row
-// belongs to no section.
-bool RemoveRow(int i) {
-    auto row_or_all = [i](int part) { return part == 1 ? -1 : i; };
-    if (Project.MainState == 1 && Project.IsMain(i))
-        Project.DeleteMain();
-    else if (const int part = Project.IsSys(i); Project.EngNum > 0 && part != 0)
-        Project.DeleteSys(row_or_all(part));
-    else if (const int part = Project.IsExt(i); Project.ExtNum > 0 && part != 0)
-        Project.DeleteExt(row_or_all(part));
-    else if (Project.DDEState == 1 && Project.IsDde(i))
-        Project.DeleteDde();
-    else if (const int part = Project.IsRes(i); part != 0)
-        Project.DeleteRes(row_or_all(part));
-    else
-        return false;
-    return true;
+// Removes what row `i` shows. False when the row belongs to no section.
+bool RemoveItem(int i) {
+    const RowSection sections[] = {
+        {Project.MainState == 1 ? Project.IsMain(i) : 0, [](int) { return Project.DeleteMain(); }},
+        {Project.EngNum > 0 ? Project.IsSys(i) : 0, [](int row) { return Project.DeleteSys(row); }},
+        {Project.ExtNum > 0 ? Project.IsExt(i) : 0, [](int row) { return Project.DeleteExt(row); }},
+        {Project.DDEState == 1 ? Project.IsDde(i) : 0, [](int) { return Project.DeleteDde(); }},
+        {Project.IsRes(i), [](int row) { return Project.DeleteRes(row); }},
+    };
+    return RemoveRow(i, sections);
 }
 
 } // namespace
 
 int Remove(HWND hwnd) {
-    if (!Opened(hwnd, "Remove MORV Item"))
+    if (!Opened(kDocument, hwnd, "Remove MORV Item"))
         return 0;
     Project.MORVmod = 1;
-    if (RemoveRow(Project.GetIndex()))
+    if (RemoveItem(Project.GetIndex()))
         return 0;
     // The group is greyed by a removal that finds nothing, not by that of the last item.
     if (Project.MainState == 0 && Project.ResNum == 0 && Project.ExtNum == 0 &&
         Project.DDEState == 0 && Project.EngNum == 0)
-        GrayMenu(hwnd, 1);
+        GrayMenu(hwnd, kProjectItems);
     return 0;
 }
 
@@ -244,20 +211,48 @@ void DestroyMdiP() {
     Project.DestroyMdi();
 }
 
-void ExitZentrik(HWND hwnd) {
+namespace {
+
+bool MayCloseSystem(HWND hwnd) {
+    return MayCloseEngine(hwnd, "Save Current MORV System", "Close MORV Project");
+}
+
+// Asks for everything that is open in turn and closes it. False when the user keeps something.
+bool CloseAll(HWND hwnd) {
     if (Project.MORState == 1) {
         if (!MayClose(hwnd))
-            return;
+            return false;
         Project.DestroyPro();
         DestroyMdiP();
     }
     if (System.EngineState == 1) {
-        if (!MayCloseEngine(hwnd, "Save Current MORV System", "Close MORV Project"))
-            return;
+        if (!MayCloseSystem(hwnd))
+            return false;
         System.DestroySys();
         DestroyMdiS();
     }
-    if (EditState == 1 && !SaveEditors())
+    return EditState != 1 || SaveEditors();
+}
+
+} // namespace
+
+void ExitZentrik(HWND hwnd) {
+    const Asking asking(hwnd, Question::Close, {});
+    // A dialog without an owner leaves the exit usable, but has no question of its own.
+    if (asking.Refused() || ShowUnsavedDialog(Dialogs::WithoutOwner))
         return;
+    // While a name is asked for, something else can be opened, or such a dialog be changed.
+    do
+        if (!CloseAll(hwnd) || ShowUnsavedDialog(Dialogs::WithoutOwner))
+            return;
+    while (Project.MORState == 1 || System.EngineState == 1);
+    DestroyEditors();
     DestroyWindow(hwnd);
+}
+
+bool MayEndSession(HWND hwnd) {
+    const Asking asking(hwnd, Question::Close, {});
+    return !asking.Refused() && !ShowUnsavedDialog(Dialogs::All) &&
+           (Project.MORState != 1 || MayClose(hwnd)) &&
+           (System.EngineState != 1 || MayCloseSystem(hwnd)) && SaveEditors();
 }

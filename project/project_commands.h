@@ -15,6 +15,7 @@ void AddDDE(HWND hwnd);
 void AddResult(HWND hwnd);
 int Remove(HWND hwnd);
 void DataLength(HWND hwnd);
-void ExitZentrik(HWND hwnd); // destroys the frame unless the user cancels
-void DestroyMdiP();          // destroys the project's MDI child
+void ExitZentrik(HWND hwnd);   // destroys the frame unless the user cancels
+bool MayEndSession(HWND hwnd); // asks the questions of the exit, and closes nothing
+void DestroyMdiP();            // destroys the project's MDI child
 INT_PTR CALLBACK HistoryDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

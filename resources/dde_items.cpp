@@ -4,6 +4,7 @@
 #include "resources/value_controls.h"
 #include "shell/core/file_helpers.h"
 #include "shell/core/messages.h"
+#include "shell/services/ask_and_save.h"
 #include "shell/services/dialog.h"
 #include "shell/services/file_dialogs.h"
 #include "shell/services/list_columns.h"
@@ -93,45 +94,49 @@ void Remove(HWND dialog) {
     State::Of(dialog).DDEmod = 1;
 }
 
-// Where to write: the edited file, or for a new one what the user chooses; empty on cancel.
-std::string Target(const Editing& editing) {
-    if (editing.file != kUntitled)
-        return editing.file;
-    char name[kNameSize];
-    if (SaveDlg("MORV DDE File (*.dde)\0*.dde\0 All Files (*.*)\0*.*\0", "New DDE Item", ".dde",
-                name, OFN_OVERWRITEPROMPT) != 0)
-        return {};
-    return name;
+// Writes the items under `path`, which is the edited file from then on. A failure, which is shown,
+// leaves everything as it was: a new list can be given another place.
+bool Write(HWND dialog, const std::string& path) {
+    DdeFile dde;
+    dde.name = ControlText(dialog, DDE_NAME, kNameSize);
+    for (const std::string& row : RowTexts(Items(dialog)))
+        dde.items.push_back(DdeItemIn(row));
+    if (!files::ReplaceWhole(path.c_str(), DdeBytes(dde))) {
+        SaveErr();
+        return false;
+    }
+    State::Of(dialog) = {path, 0};
+    SetText(DDEFileName, path);
+    return true;
+}
+
+Savable ListOf(HWND dialog) {
+    return {
+        .subject = dialog,
+        .question = {"MORV DDE File (*.dde)\0*.dde\0 All Files (*.*)\0*.*\0", "New DDE Item",
+                     ".dde"},
+        .alive = [dialog] { return IsDialogOpen(dialog); },
+        .has_file = [dialog] { return State::Of(dialog).file != kUntitled; },
+        .save_as = [dialog](const std::string& path) { return Write(dialog, path); },
+        .save = [dialog] { return Write(dialog, State::Of(dialog).file); },
+    };
+}
+
+bool Changed(HWND dialog) {
+    return State::Of(dialog).DDEmod == 1 ||
+           SendDlgItemMessageA(dialog, DDE_NAME, EM_GETMODIFY, 0, 0) != 0;
 }
 
 void Close(HWND dialog) {
-    Editing& editing = State::Of(dialog);
-    if (SendDlgItemMessageA(dialog, DDE_NAME, EM_GETMODIFY, 0, 0))
-        editing.DDEmod = 1;
-    if (editing.DDEmod != 1) {
-        EndDialog(dialog, 0);
+    if (!Changed(dialog)) {
+        CloseDialog(dialog);
         return;
     }
-    DdeFile dde;
-    dde.name = ControlText(dialog, DDE_NAME, kNameSize);
-    if (dde.name.empty()) {
+    State::Of(dialog).DDEmod = 1;
+    if (ControlText(dialog, DDE_NAME, kNameSize).empty())
         Ask(dialog, "Items Name must be defined");
-        return;
-    }
-    const std::string target = Target(editing);
-    if (target.empty())
-        return;
-    for (const std::string& row : RowTexts(Items(dialog)))
-        dde.items.push_back(DdeItemIn(row));
-    if (!files::ReplaceWhole(target.c_str(), DdeBytes(dde))) {
-        // Still changed and, when new, still untitled: the user can choose another place.
-        SaveErr();
-        return;
-    }
-    editing = {target, 0};
-    SetText(DDEFileName, target);
-    ListRows(Items(dialog)).Clear();
-    EndDialog(dialog, 0);
+    else if (Save(ListOf(dialog)) == Saved::Done)
+        CloseDialog(dialog);
 }
 
 constexpr DialogAction kActions[] = {
@@ -141,7 +146,12 @@ constexpr DialogAction kActions[] = {
     {IDCANCEL, BN_CLICKED, LeaveDialog},
 };
 constexpr DialogTable kTable = {
-    .open = Open, .actions = kActions, .close_box = LeaveDialog, .destroyed = State::Drop};
+    .open = Open,
+    .actions = kActions,
+    .close_box = LeaveDialog,
+    .destroyed = State::Drop,
+    .changed = Changed,
+};
 
 } // namespace
 

@@ -104,8 +104,8 @@ void CreateFacts() {
     files::Close(han);
 }
 
-// The types are not kept in the facts base itself, which has their name when it was given the same
-// extension or when theirs does not fit and is cut off: such a base has no types of its own.
+// A facts base that is itself called .typ, or whose name leaves no room for that extension, has no
+// types file: the types would be written over the base or over another file.
 void NameTypesFile() {
     const std::string name = TypesFileOf(KnowFileName);
     const bool own = name.size() < kNameSize && lstrcmpiA(name.c_str(), KnowFileName) != 0;
@@ -247,8 +247,7 @@ void Remove(HWND hwnd) {
 
 void AddType(HWND hwnd) {
     NameTypesFile();
-    // Without an owner: the facts base stays usable meanwhile.
-    RunDialog(nullptr, "KnowType_Box", TypeKnowledge);
+    EditKnowledgeTypes();
     ListTypes(hwnd, NamesIn(KTypeFileName));
 }
 
@@ -261,7 +260,7 @@ constexpr DialogAction kActions[] = {
     {KNOW_CLOSE, BN_CLICKED, LeaveDialog},
     {IDCANCEL, BN_CLICKED, LeaveDialog},
 };
-constexpr DialogTable kTable = {.open = Open, .actions = kActions};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions, .changed = MayBeChanged};
 
 } // namespace
 

@@ -103,18 +103,18 @@ void Close(HWND dialog) {
         SaveErr();
         return; // the rows are still there, to try again
     }
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
 void Cancel(HWND dialog) {
     GoBack(System.IKWFile, System.OldInitName);
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
 // Unlike Cancel, the close box forgets an earlier working copy too.
 void CloseBox(HWND dialog) {
     SetText(System.IKWFile, "");
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
 constexpr DialogAction kActions[] = {
@@ -125,7 +125,8 @@ constexpr DialogAction kActions[] = {
     {INIT_CLOSE, BN_CLICKED, Close},
     {IDCANCEL, BN_CLICKED, Cancel},
 };
-constexpr DialogTable kTable = {.open = Open, .actions = kActions, .close_box = CloseBox};
+constexpr DialogTable kTable = {
+    .open = Open, .actions = kActions, .close_box = CloseBox, .changed = MayBeChanged};
 
 } // namespace
 

@@ -12,8 +12,8 @@ char KTypeFileName[kNameSize];
 
 namespace {
 
-// A facts base stays usable while its types are edited, so one more dialog may open for it or for
-// another base: each keeps its own.
+// A facts base stays usable while its types are edited, and another base can be opened beside it
+// (by the program's other dialogs): each dialog keeps its own file.
 struct TypesEditor {
     std::string path;
     bool KTypemod = false; // the list has changes that are not in the file
@@ -21,10 +21,21 @@ struct TypesEditor {
 };
 using State = DialogState<TypesEditor>;
 
+std::vector<HWND> open_editors;
+
+// The dialog that edits the file of the next one already, or none.
+HWND OpenEditor() {
+    const auto editor = std::ranges::find_if(open_editors, [](HWND hwnd) {
+        return IsDialogOpen(hwnd) && lstrcmpiA(State::Of(hwnd).path.c_str(), KTypeFileName) == 0;
+    });
+    return editor == open_editors.end() ? nullptr : *editor;
+}
+
 // Without a file that can be opened there is no editing: Close would put the names of an empty list
 // in the place of those it has, or would fail again and again.
 void Open(HWND hwnd) {
     State::Make(hwnd, {KTypeFileName});
+    open_editors.push_back(hwnd);
     LimitText(hwnd, KTYPE_NAME, kTagSize);
     std::vector<TagRecord> types;
     if (!ReadOrCreate(KTypeFileName, types)) {
@@ -58,15 +69,24 @@ void Close(HWND hwnd) {
         }
         editor.KTypemod = false;
     }
-    EndDialog(hwnd, 0);
+    CloseDialog(hwnd);
 }
 
 // There is no Cancel, so a file that can not be written for good needs this way out.
 void CloseBox(HWND hwnd) {
     if (State::Of(hwnd).refused)
-        EndDialog(hwnd, 0);
+        CloseDialog(hwnd);
     else
         Close(hwnd);
+}
+
+void Destroyed(HWND hwnd) {
+    std::erase(open_editors, hwnd);
+    State::Drop(hwnd);
+}
+
+bool Changed(HWND hwnd) {
+    return State::Of(hwnd).KTypemod;
 }
 
 constexpr DialogAction kActions[] = {
@@ -74,10 +94,20 @@ constexpr DialogAction kActions[] = {
     {KTYPE_REMOVE, BN_CLICKED, Remove},
     {IDCANCEL, BN_CLICKED, Close},
 };
-constexpr DialogTable kTable = {
-    .open = Open, .actions = kActions, .close_box = CloseBox, .destroyed = State::Drop};
+constexpr DialogTable kTable = {.open = Open,
+                                .actions = kActions,
+                                .close_box = CloseBox,
+                                .destroyed = Destroyed,
+                                .changed = Changed};
 
 } // namespace
+
+void EditKnowledgeTypes() {
+    if (const HWND editor = OpenEditor())
+        SetForegroundWindow(editor);
+    else
+        RunDialog(nullptr, "KnowType_Box", TypeKnowledge);
+}
 
 INT_PTR CALLBACK TypeKnowledge(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
     return RunDialogTable(kTable, hwnd, message, wParam);

@@ -82,18 +82,18 @@ void Close(HWND dialog) {
     // The system takes the variables on even when their file could not be created.
     System.NameVar(WorkPath);
     System.VarState = 1;
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
 void Cancel(HWND dialog) {
     GoBack(System.VarFile, System.OldVarName);
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
 // Unlike Cancel, the close box forgets an earlier working copy too.
 void CloseBox(HWND dialog) {
     SetText(System.VarFile, "");
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
 constexpr DialogAction kActions[] = {
@@ -102,7 +102,8 @@ constexpr DialogAction kActions[] = {
     {VAR_REMOVE, BN_CLICKED, Remove},     {VAR_CLOSE, BN_CLICKED, Close},
     {IDCANCEL, BN_CLICKED, Cancel},
 };
-constexpr DialogTable kTable = {.open = Open, .actions = kActions, .close_box = CloseBox};
+constexpr DialogTable kTable = {
+    .open = Open, .actions = kActions, .close_box = CloseBox, .changed = MayBeChanged};
 
 } // namespace
 

@@ -5,6 +5,7 @@
 #include "resources/facts_base.h"
 #include "shell/core/file_helpers.h"
 #include "shell/core/messages.h"
+#include "shell/services/ask_and_save.h"
 #include "shell/services/dialog.h"
 #include "shell/services/file_dialogs.h"
 #include "shell/services/list_rows.h"
@@ -24,9 +25,7 @@ struct NamesEditor {
     int list;
     char (&file)[kNameSize];
     const char* untitled;
-    const char* save_filter;
-    const char* save_title;
-    const char* extension;
+    NameQuestion question;
     // 1 = the file is loaded when the dialog opens. It stays set for the rest of the run, so once
     // a resource was opened a new list loads the untitled file of the current folder.
     int type = 0;
@@ -38,9 +37,8 @@ NamesEditor g_tags = {
     .list = TAGS_LIST,
     .file = TagsFileName,
     .untitled = "untitled.tag",
-    .save_filter = "MORV Tag Resource (*.tag)\0*.tag\0 All Files (*.*)\0*.*\0",
-    .save_title = "Save Tags As...",
-    .extension = ".tag",
+    .question = {"MORV Tag Resource (*.tag)\0*.tag\0 All Files (*.*)\0*.*\0", "Save Tags As...",
+                 ".tag"},
 };
 
 NamesEditor g_results = {
@@ -48,9 +46,8 @@ NamesEditor g_results = {
     .list = RES_LIST,
     .file = ResultFileName,
     .untitled = "untitled.rst",
-    .save_filter = "MORV Result Resource (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
-    .save_title = "Save Resource As...",
-    .extension = ".rst",
+    .question = {"MORV Result Resource (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
+                 "Save Resource As...", ".rst"},
 };
 
 void Open(HWND hwnd, NamesEditor& editor) {
@@ -105,31 +102,37 @@ void RemoveName(HWND hwnd, NamesEditor& editor) {
     editor.modified = 1;
 }
 
-// Asks for a file when the list has none yet. Returns false when the user cancels.
-bool NameFile(NamesEditor& editor) {
-    if (Text(editor.file) != editor.untitled)
-        return true;
-    char name[kNameSize];
-    if (SaveDlg(editor.save_filter, editor.save_title, editor.extension, name,
-                OFN_OVERWRITEPROMPT) != 0)
+bool Write(HWND hwnd, NamesEditor& editor) {
+    if (!WriteNames(editor.file, RowTexts(GetDlgItem(hwnd, editor.list)))) {
+        SaveErr();
         return false;
-    SetText(editor.file, name);
+    }
+    editor.modified = 0;
     return true;
 }
 
-void Close(HWND hwnd, NamesEditor& editor) {
-    if (editor.modified == 1) {
+Savable ListOf(HWND hwnd, NamesEditor& editor) {
+    const auto save_as = [hwnd, &editor](const std::string& path) {
         const std::string before = Text(editor.file);
-        if (!NameFile(editor))
-            return;
-        if (!WriteNames(editor.file, RowTexts(GetDlgItem(hwnd, editor.list)))) {
-            SaveErr();
-            SetText(editor.file, before); // an untitled list asks for another file
-            return;
-        }
-        editor.modified = 0;
-    }
-    EndDialog(hwnd, 0);
+        SetText(editor.file, path);
+        if (Write(hwnd, editor))
+            return true;
+        SetText(editor.file, before); // an untitled list asks for another file
+        return false;
+    };
+    return {
+        .subject = hwnd,
+        .question = editor.question,
+        .alive = [hwnd] { return IsDialogOpen(hwnd); },
+        .has_file = [&editor] { return Text(editor.file) != editor.untitled; },
+        .save_as = save_as,
+        .save = [hwnd, &editor] { return Write(hwnd, editor); },
+    };
+}
+
+void Close(HWND hwnd, NamesEditor& editor) {
+    if (editor.modified != 1 || Save(ListOf(hwnd, editor)) == Saved::Done)
+        CloseDialog(hwnd);
 }
 
 constexpr DialogAction kTagActions[] = {
@@ -139,7 +142,8 @@ constexpr DialogAction kTagActions[] = {
     {IDCANCEL, BN_CLICKED, LeaveDialog},
 };
 constexpr DialogTable kTagTable = {.open = [](HWND hwnd) { Open(hwnd, g_tags); },
-                                   .actions = kTagActions};
+                                   .actions = kTagActions,
+                                   .changed = [](HWND) { return g_tags.modified == 1; }};
 
 constexpr DialogAction kResultActions[] = {
     {IDOK, BN_CLICKED, AddResultName},
@@ -148,7 +152,8 @@ constexpr DialogAction kResultActions[] = {
     {IDCANCEL, BN_CLICKED, LeaveDialog},
 };
 constexpr DialogTable kResultTable = {.open = [](HWND hwnd) { Open(hwnd, g_results); },
-                                      .actions = kResultActions};
+                                      .actions = kResultActions,
+                                      .changed = [](HWND) { return g_results.modified == 1; }};
 
 } // namespace
 

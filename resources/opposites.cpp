@@ -17,7 +17,7 @@ namespace {
 // earlier dialog.
 int CON = -1;
 
-// Gives the dialog's window class the background of the dialogs, for those that are made later.
+// Registers the dialog's window class again, with a grey background. Dialogs made later have it.
 void GreyClass(HWND hwnd) {
     char name[kNameSize];
     WNDCLASSA data;
@@ -91,7 +91,7 @@ void Close(HWND hwnd) {
     if (System.OppNum > 0)
         System.TitleOpp();
     System.Engmod = 1; // also when nothing changed
-    EndDialog(hwnd, 0);
+    CloseDialog(hwnd);
 }
 
 constexpr DialogAction kActions[] = {
@@ -103,7 +103,7 @@ constexpr DialogAction kActions[] = {
     {OPP_CLOSE, BN_CLICKED, Close},
     {IDCANCEL, BN_CLICKED, LeaveDialog},
 };
-constexpr DialogTable kTable = {.open = Open, .actions = kActions};
+constexpr DialogTable kTable = {.open = Open, .actions = kActions, .changed = MayBeChanged};
 
 } // namespace
 

@@ -9,6 +9,7 @@
 #include "shell/core/messages.h"
 #include "shell/mdi_windows.h"
 #include "shell/services/editor.h"
+#include "shell/services/guarded.h"
 #include "shell/services/handles.h"
 #include "shell/services/help.h"
 #include "shell/services/mdi.h"
@@ -141,7 +142,7 @@ LRESULT OnDestroy(HWND frame) {
     return 0;
 }
 
-LRESULT CALLBACK WindowFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT FrameProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     nt = IsWindowsNt();
     switch (message) {
     case WM_CREATE:
@@ -159,10 +160,16 @@ LRESULT CALLBACK WindowFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
     case WM_CLOSE:
         ExitZentrik(hwnd);
         return 0;
+    case WM_QUERYENDSESSION:
+        return MayEndSession(hwnd) ? TRUE : FALSE;
     case WM_DESTROY:
         return OnDestroy(hwnd);
     }
     return DefFrameProcA(hwnd, hMdiC, message, wParam, lParam);
+}
+
+LRESULT CALLBACK WindowFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return Guarded([&] { return FrameProc(hwnd, message, wParam, lParam); });
 }
 
 void FindWorkPath() {
@@ -184,7 +191,7 @@ void ProjectBegin(HWND hwnd) {
     const std::string temp = Text(WorkPath) + "\\temp";
     files::RemoveFolder(temp.c_str()); // one that is not empty stays, with its old files
     files::MakeFolder(temp.c_str());
-    for (int group = 1; group <= 8; ++group)
+    for (int group = kProjectItems; group <= kSystemFacts; ++group)
         GrayMenu(hwnd, group);
 }
 

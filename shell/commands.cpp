@@ -60,13 +60,13 @@ void Paste(HWND) {
 }
 
 void NewTextFile(HWND frame) {
-    EnableMenu(frame, 7);
+    EnableMenu(frame, kTextOnTop);
     OpenEdit("untitled");
 }
 
 void OpenTextFile(HWND frame) {
     OpenFile();
-    EnableMenu(frame, 7);
+    EnableMenu(frame, kTextOnTop);
 }
 
 void SaveTextFile(HWND) {

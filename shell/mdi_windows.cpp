@@ -3,8 +3,8 @@
 #include "project/project_commands.h"
 #include "shell/core/messages.h"
 #include "shell/services/editor.h"
+#include "shell/services/guarded.h"
 #include "shell/services/handles.h"
-#include "shell/services/list_rows.h"
 #include "shell/services/mdi.h"
 #include "shell/services/menu.h"
 #include "system/open_row.h"
@@ -22,15 +22,13 @@ constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | L
 
 // What the project and the system window have in common.
 struct DocumentWindow {
-    std::span<const int> groups; // menu groups that follow its activation
-    int (*close)(HWND frame);    // 1 when the user cancelled
-    void (*open_row)(int index, const char* nom);
+    std::span<const MenuGroup> groups; // menu groups that follow its activation
+    int (*close)(HWND frame);          // 1 when the user cancelled
+    void (*open_row)();
     UINT order; // SWP_NOZORDER, or 0 to start on top
 };
 
-constexpr int kProjectGroups[] = {1, 2, 3, 4};
-constexpr int kSystemGroups[] = {5, 6};
-constexpr int kEditorGroups[] = {7};
+constexpr MenuGroup kEditorGroups[] = {kTextOnTop};
 constexpr DocumentWindow kProject{kProjectGroups, CloseMORV, EditItem, SWP_NOZORDER};
 constexpr DocumentWindow kSystem{kSystemGroups, CloseEngine, EditItem2, 0};
 
@@ -46,12 +44,14 @@ LRESULT PaintNothing(HWND hwnd) {
 }
 
 // The menu follows the active child, except on Windows NT. The arguments are read by the older
-// convention: 1 for activation, or the activated window in the low 16 bits.
-LRESULT FollowActivation(HWND hwnd, WPARAM wParam, LPARAM lParam, std::span<const int> groups) {
+// convention: 1 for activation, or the activated window in the low 16 bits, which are its own in
+// every handle.
+LRESULT FollowActivation(HWND hwnd, WPARAM wParam, LPARAM lParam,
+                         std::span<const MenuGroup> groups) {
     if (nt != 0)
         return 0;
-    const bool active = wParam == 1 || reinterpret_cast<UINT_PTR>(hwnd) == LOWORD(lParam);
-    for (int group : groups)
+    const bool active = wParam == 1 || LOWORD(reinterpret_cast<UINT_PTR>(hwnd)) == LOWORD(lParam);
+    for (const MenuGroup group : groups)
         (active ? EnableMenu : GrayMenu)(GetFrame(), group);
     return 0;
 }
@@ -98,16 +98,9 @@ LRESULT ListWindow(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT o
     return DefMDIChildProcA(hwnd, message, wParam, lParam);
 }
 
-void OpenSelectedRow(const DocumentWindow& document, HWND hwnd) {
-    const ListRows rows(TopChild(hwnd));
-    const int row = rows.Selected();
-    if (row >= 0)
-        document.open_row(row, rows.RowText(row).c_str());
-}
-
-void DocumentCommand(const DocumentWindow& document, HWND hwnd, WPARAM wParam) {
+void DocumentCommand(const DocumentWindow& document, WPARAM wParam) {
     if (HIWORD(wParam) == LBN_DBLCLK)
-        OpenSelectedRow(document, hwnd);
+        document.open_row();
     else if (HIWORD(wParam) == EN_ERRSPACE)
         ShowMessage(hMdiC, "Text Memory excided", "Edit");
 }
@@ -117,7 +110,7 @@ LRESULT DocumentProc(const DocumentWindow& document, HWND hwnd, UINT message, WP
     if (IsClose(message, wParam) && document.close(GetFrame()) == 1)
         return 0;
     if (message == WM_COMMAND) {
-        DocumentCommand(document, hwnd, wParam);
+        DocumentCommand(document, wParam);
         return 0;
     }
     if (message == WM_MDIACTIVATE)
@@ -125,8 +118,16 @@ LRESULT DocumentProc(const DocumentWindow& document, HWND hwnd, UINT message, WP
     return ListWindow(hwnd, message, wParam, lParam, document.order);
 }
 
+LRESULT MessagesProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    // The Debug command keeps the handle of the window closed here: its next run asks to destroy
+    // a window that is gone, which does nothing.
+    if (IsClose(message, wParam))
+        DestroyWindow(TopChild(hwnd));
+    return ListWindow(hwnd, message, wParam, lParam, 0);
+}
+
 void CreateEdit(HWND hwnd) {
-    EnableMenu(GetFrame(), 7);
+    EnableMenu(GetFrame(), kTextOnTop);
     CreateControl(hwnd, "EDIT", kEditStyle, EDC_ID);
     EDC_ID += 1;
 }
@@ -137,9 +138,7 @@ void FocusEdit(HWND hwnd) {
     SetFocus(hwndEdit);
 }
 
-} // namespace
-
-LRESULT CALLBACK MdiFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT EditorProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     if (IsClose(message, wParam) && (IsRule() || CloseFile(hwnd) != 0))
         return 0;
     switch (message) {
@@ -160,18 +159,20 @@ LRESULT CALLBACK MdiFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) 
     return DefMDIChildProcA(hwnd, message, wParam, lParam);
 }
 
+} // namespace
+
+LRESULT CALLBACK MdiFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return Guarded([&] { return EditorProc(hwnd, message, wParam, lParam); });
+}
+
 LRESULT CALLBACK MdiFunc2(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    return DocumentProc(kProject, hwnd, message, wParam, lParam);
+    return Guarded([&] { return DocumentProc(kProject, hwnd, message, wParam, lParam); });
 }
 
 LRESULT CALLBACK MdiFunc3(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    return DocumentProc(kSystem, hwnd, message, wParam, lParam);
+    return Guarded([&] { return DocumentProc(kSystem, hwnd, message, wParam, lParam); });
 }
 
 LRESULT CALLBACK MdiFunc4(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    // The Debug command keeps the handle of the window closed here: its next run asks to destroy
-    // a window that is gone, which does nothing.
-    if (IsClose(message, wParam))
-        DestroyWindow(TopChild(hwnd));
-    return ListWindow(hwnd, message, wParam, lParam, 0);
+    return Guarded([&] { return MessagesProc(hwnd, message, wParam, lParam); });
 }

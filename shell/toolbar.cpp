@@ -6,6 +6,7 @@
 #include "build/tools.h"
 #include "project/project_commands.h"
 #include "shell/services/editor.h"
+#include "shell/services/guarded.h"
 #include "shell/services/handles.h"
 #include "shell/services/mdi.h"
 #include "shell/services/menu.h"
@@ -24,7 +25,7 @@ constexpr int kPictureSize = 64;
 void NewFileFromToolbar(HWND frame) {
     const UINT state = GetMenuState(GetMenu(frame), CM_SAVE_FILE, MF_BYCOMMAND);
     OpenEdit("untitled");
-    ((state & MF_GRAYED) != 0 ? GrayMenu : EnableMenu)(frame, 7);
+    ((state & MF_GRAYED) != 0 ? GrayMenu : EnableMenu)(frame, kTextOnTop);
 }
 
 // A failed compile has shown why; the toolbar adds nothing.
@@ -96,10 +97,13 @@ void DrawButton(const DRAWITEMSTRUCT& item) {
 }
 
 // The older test for a command that is no notification: the upper bits of a button's handle are 0
-// on the systems that have the toolbar.
-void RunButton(WPARAM wParam, LPARAM lParam) {
+// on the systems that have the toolbar. Where handles have more bits the button itself is known.
+void RunButton(HWND hwnd, WPARAM wParam, LPARAM lParam) {
     const int index = IndexOf(LOWORD(wParam));
-    if ((lParam >> 16) == 0 && index >= 0)
+    const bool own =
+        index >= 0 && reinterpret_cast<HWND>(lParam) == GetDlgItem(hwnd, kButtons[index].id);
+    const bool clicked = HIWORD(wParam) == BN_CLICKED && own;
+    if (index >= 0 && ((lParam >> 16) == 0 || clicked))
         kButtons[index].run(GetFrame());
 }
 
@@ -117,9 +121,7 @@ void CloseToolbar(HWND hwnd) {
     SendMessageA(hMdiC, WM_MDIDESTROY, reinterpret_cast<WPARAM>(hwnd), 0);
 }
 
-} // namespace
-
-LRESULT CALLBACK MdiFunc5(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT ToolbarProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE:
         CreateButtons(hwnd);
@@ -128,7 +130,7 @@ LRESULT CALLBACK MdiFunc5(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         DrawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return TRUE;
     case WM_COMMAND:
-        RunButton(wParam, lParam);
+        RunButton(hwnd, wParam, lParam);
         return 0;
     case WM_SYSCOMMAND:
         if ((wParam & 0xFFF0) == SC_CLOSE) {
@@ -141,4 +143,10 @@ LRESULT CALLBACK MdiFunc5(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     }
     return DefMDIChildProcA(hwnd, message, wParam, lParam);
+}
+
+} // namespace
+
+LRESULT CALLBACK MdiFunc5(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    return Guarded([&] { return ToolbarProc(hwnd, message, wParam, lParam); });
 }

@@ -140,41 +140,27 @@ void Accept(HWND hwnd) {
         return;
     }
     System.Engmod = 1; // the system's flag for the project's results, too
-    EndDialog(hwnd, 0);
+    CloseDialog(hwnd);
 }
 
 // Also when the facts of the system were offered, the project goes back to its results file.
 void Cancel(HWND hwnd) {
     SetText(Project.ResName, Text(Project.OldResAux));
     SetText(Project.OldResAux, "");
-    EndDialog(hwnd, 0);
+    CloseDialog(hwnd);
 }
 
-void Command(HWND hwnd, WPARAM wParam) {
-    if (Notified(wParam, ADD_ADD, BN_CLICKED))
-        AddSelected(hwnd);
-    else if (Notified(wParam, ADD_REMOVE, BN_CLICKED))
-        RemoveSelected(hwnd);
-    else if (Notified(wParam, ADD_OK, BN_CLICKED))
-        Accept(hwnd);
-    else if (Notified(wParam, ADD_CANCEL, BN_CLICKED) || Notified(wParam, IDCANCEL, BN_CLICKED))
-        Cancel(hwnd);
-}
+constexpr DialogAction kActions[] = {
+    {ADD_ADD, BN_CLICKED, AddSelected}, {ADD_REMOVE, BN_CLICKED, RemoveSelected},
+    {ADD_OK, BN_CLICKED, Accept},       {ADD_CANCEL, BN_CLICKED, Cancel},
+    {IDCANCEL, BN_CLICKED, Cancel},
+};
+// Unlike Cancel and Esc the close box leaves the project's results file.
+constexpr DialogTable kTable = {
+    .open = Open, .actions = kActions, .close_box = LeaveDialog, .changed = MayBeChanged};
 
 } // namespace
 
 INT_PTR CALLBACK SystemAdd(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Open(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        Command(hwnd, wParam);
-        return TRUE;
-    case WM_CLOSE: // unlike Cancel and Esc it leaves the project's results file
-        EndDialog(hwnd, 0);
-        return TRUE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

@@ -58,9 +58,7 @@ void EditResults(const std::string& name) {
 
 } // namespace
 
-// What the window passes is not needed: the document knows its selected row and the row's kind.
-
-void EditItem(int, const char*) {
+void EditItem() {
     std::string name;
     switch (SelectedRow(Project, name)) {
     case kMainRow:
@@ -79,7 +77,7 @@ void EditItem(int, const char*) {
     }
 }
 
-void EditItem2(int, const char*) {
+void EditItem2() {
     std::string name;
     int kind = SelectedRow(System, name);
     if (kind == kRulesRow) {
@@ -87,8 +85,8 @@ void EditItem2(int, const char*) {
         RunRuleEditor(name.c_str());
         if (running || !IsWindow(hMdiC))
             return; // it keeps the rules it has; or the program was left while it was open
-        // The kind is now where the path has its first '.': with that at 4 the rules have always
-        // opened once more, with that at 5 the variables.
+        // From here on the place of the path's first '.' counts as the kind: with 4 the rules have
+        // always opened once more, with 5 the variables.
         kind = static_cast<int>(std::min<std::size_t>(name.find('.'), kNameSize));
     }
     if (kind == kHeaderRow)

@@ -3,6 +3,7 @@
 #include "shell/core/file_helpers.h"
 #include "shell/core/messages.h"
 #include "shell/core/paths.h"
+#include "shell/services/dialog.h"
 #include "shell/services/editor.h"
 #include "shell/services/file_dialogs.h"
 #include "shell/services/list_rows.h"
@@ -27,15 +28,6 @@ void NameFiles(const std::string& path) {
     SetText(RuleFile, path);
     SetText(RuleSize, WithExtension(path, ".siz"));
     SetWindowTextA(RuleChild(), RuleFile);
-}
-
-// False when cancelled.
-bool AskForName() {
-    char name[kNameSize];
-    if (SaveDlg(kFilter, kTitle, ".rul", name, OFN_OVERWRITEPROMPT) != 0)
-        return false;
-    NameFiles(name);
-    return true;
 }
 
 ListRows RulesList(HWND dialog) {
@@ -88,6 +80,13 @@ bool WriteIndex(const std::vector<std::int32_t>& sizes) {
     return false;
 }
 
+// Without a name the rules are saved as what they are called now.
+bool SaveBeforeLeaving(HWND dialog) {
+    const Savable rules = RulesOf(dialog);
+    const Saved saved = Save(rules);
+    return saved == Saved::Done || (saved == Saved::Cancelled && rules.save());
+}
+
 // Asks to save a changed text before it is left. False when that was cancelled, or when the text
 // was to be saved and could not be.
 bool Leave(HWND dialog) {
@@ -100,10 +99,7 @@ bool Leave(HWND dialog) {
     switch (ShowMessage(dialog, "Rules File has been changed. Save before Close?", "Rules",
                         Buttons::YesNoCancel)) {
     case Answer::Yes:
-        // Without a name it is saved as what it is called now.
-        if (IsUntitled())
-            AskForName();
-        return SaveRules(dialog);
+        return SaveBeforeLeaving(dialog);
     case Answer::No:
         return true;
     default:
@@ -111,8 +107,9 @@ bool Leave(HWND dialog) {
     }
 }
 
-void SaveAndCount(HWND dialog) {
-    SaveRules(dialog);
+void CountAfter(HWND dialog, Saved saved) {
+    if (saved != Saved::Done && saved != Saved::Failed)
+        return;
     RuleNum = RulesList(dialog).Count();
     ShowCount(dialog);
 }
@@ -161,8 +158,24 @@ bool SaveRules(HWND dialog) {
     return true;
 }
 
-bool SaveRulesAtExit(HWND dialog) {
-    return (!IsUntitled() || AskForName()) && SaveRules(dialog);
+Savable RulesOf(HWND dialog) {
+    const HWND edit = RuleEdit();
+    const auto save_as = [dialog](const std::string& path) {
+        const std::string before = Text(RuleFile);
+        NameFiles(path);
+        if (SaveRules(dialog))
+            return true;
+        NameFiles(before);
+        return false;
+    };
+    return {
+        .subject = RuleChild(),
+        .question = {kFilter, kTitle, ".rul"},
+        .alive = [edit] { return edit && RuleEdit() == edit; },
+        .has_file = [] { return !IsUntitled(); },
+        .save_as = save_as,
+        .save = [dialog] { return SaveRules(dialog); },
+    };
 }
 
 void AddRule(HWND dialog) {
@@ -190,7 +203,7 @@ void CloseRules(HWND dialog) {
     DestroyRuleWindow();
     mod = 0;
     EditRule = 0;
-    EndDialog(dialog, 0);
+    CloseDialog(dialog);
 }
 
 void NewRules(HWND dialog) {
@@ -231,13 +244,13 @@ void OpenRules(HWND dialog) {
 }
 
 void SaveRulesFile(HWND dialog) {
-    if (RuleEdit() && (!IsUntitled() || AskForName()))
-        SaveAndCount(dialog);
+    if (RuleEdit())
+        CountAfter(dialog, Save(RulesOf(dialog)));
 }
 
 void SaveRulesFileAs(HWND dialog) {
-    if (RuleEdit() && AskForName())
-        SaveAndCount(dialog);
+    if (RuleEdit())
+        CountAfter(dialog, AskAndSave(RulesOf(dialog)));
 }
 
 void RemoveRule(HWND dialog) {
@@ -253,12 +266,16 @@ void RemoveRule(HWND dialog) {
 
 void MoveRule(HWND dialog) {
     const int row = ReNumRules(dialog, 0);
+    if (row == -1)
+        return;
+    // The file dialog leaves the text window usable: what was selected is what goes.
+    const std::string rule = RuleBytes(EditText(RuleEdit()), row);
     char name[kNameSize];
-    if (row == -1 || OpenDlg(kFilter, kTitle, ".rul", name, 0) != 0)
+    if (OpenDlg(kFilter, kTitle, ".rul", name, 0) != 0)
         return;
     std::string file;
     if (!files::ReadWhole(name, files::Mode::Update, file) ||
-        !files::ReplaceWhole(name, WithRule(file, RuleBytes(EditText(RuleEdit()), row))))
+        !files::ReplaceWhole(name, WithRule(file, rule)))
         SaveErr();
 }
 

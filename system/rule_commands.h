@@ -1,6 +1,8 @@
 // The commands of the rule editor. Each takes the dialog "Rule_Box".
 #pragma once
 
+#include "shell/services/ask_and_save.h"
+
 #include <windows.h>
 
 extern int RuleNum; // rules as last counted
@@ -16,8 +18,8 @@ int ReNumRules(HWND dialog, int write);
 // rules file could not be written.
 bool SaveRules(HWND dialog);
 
-// The same after asking for a name when there is none; false also when that was cancelled.
-bool SaveRulesAtExit(HWND dialog);
+// The rules in the text window, as something that can be saved.
+Savable RulesOf(HWND dialog);
 
 void AddRule(HWND dialog);    // button "Rule"
 void EndRule(HWND dialog);    // button "EndRule"

@@ -1,6 +1,7 @@
 #include "system/rule_editor.h"
 
 #include "shell/core/paths.h"
+#include "shell/services/asking.h"
 #include "shell/services/dialog.h"
 #include "shell/services/editor.h"
 #include "shell/services/ZENTRIK.h"
@@ -14,28 +15,18 @@ namespace {
 HWND rule_box;     // the dialog while it is open
 bool busy = false; // a command runs: it may show boxes, and they leave the dialog usable
 
-struct Command {
-    int id;
-    void (*run)(HWND dialog);
-};
-
-constexpr Command kCommands[] = {
-    {RULE_RULE, AddRule},     {RULE_END_RULE, EndRule},      {RM_OPEN_RULES, OpenRules},
-    {RM_NEW_FILE, NewRules},  {RM_SAVE_FILE, SaveRulesFile}, {RM_SAVE_FILE_AS, SaveRulesFileAs},
-    {RM_CLOSE, CloseRules},   {RM_MOVE_RULE, MoveRule},      {RM_REMOVE_RULE, RemoveRule},
-    {RM_OPEN_TAGS, OpenTags}, {RM_CLOSE_TAGS, CloseTags},    {IDCANCEL, CloseRules},
-};
-
-// Above the frame, which it would vanish behind, but not above other programs.
+// Keeps the dialog above the frame, which would hide it otherwise, but not above other programs.
 void StayAbove(HWND dialog, bool active) {
     SetWindowPos(dialog, active ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-// Below the boxes and file dialogs of the command meanwhile: they have no owner either.
-void Run(void (*command)(HWND), HWND dialog) {
-    if (busy)
+// Runs a command. Its boxes and file dialogs have no owner, so the dialog must not stay above them.
+template <void (*command)(HWND)> void Run(HWND dialog) {
+    if (busy) {
+        BringDialogToFront();
         return;
+    }
     busy = true;
     StayAbove(dialog, false);
     command(dialog);
@@ -43,7 +34,7 @@ void Run(void (*command)(HWND), HWND dialog) {
     busy = false;
 }
 
-// At the right edge half way down, where it leaves the beginning of the text free.
+// Puts the dialog to the right edge, half way down: the beginning of the text stays free.
 void Place(HWND dialog) {
     constexpr int kMargin = 24; // leaves a scroll bar at the edge free
     RECT client, box, work;
@@ -67,23 +58,38 @@ void Start(HWND dialog) {
     EditRule = 1;
 }
 
-void OnCommand(HWND dialog, WPARAM wParam) {
-    // Enter in the list of tags does what a double-click does there.
-    const bool enter = LOWORD(wParam) == IDOK && GetFocus() == GetDlgItem(dialog, RULE_TAGS);
-    if (enter || Notified(wParam, RULE_TAGS, LBN_DBLCLK)) {
-        Run(InsertTag, dialog);
-        return;
-    }
-    const auto found = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                    [&](const Command& c) { return c.id == LOWORD(wParam); });
-    if (found != std::end(kCommands))
-        Run(found->run, dialog);
+// Enter in the list of tags does what a double-click does there.
+void TakeEnter(HWND dialog) {
+    if (GetFocus() == GetDlgItem(dialog, RULE_TAGS))
+        Run<InsertTag>(dialog);
 }
 
-std::optional<bool> SaveAtExit(HWND child) {
+constexpr DialogAction kActions[] = {
+    {RULE_RULE, BN_CLICKED, Run<AddRule>},
+    {RULE_END_RULE, BN_CLICKED, Run<EndRule>},
+    {RULE_TAGS, LBN_DBLCLK, Run<InsertTag>},
+    {IDOK, BN_CLICKED, TakeEnter},
+    // Menu commands come as clicks do.
+    {RM_OPEN_RULES, BN_CLICKED, Run<OpenRules>},
+    {RM_NEW_FILE, BN_CLICKED, Run<NewRules>},
+    {RM_SAVE_FILE, BN_CLICKED, Run<SaveRulesFile>},
+    {RM_SAVE_FILE_AS, BN_CLICKED, Run<SaveRulesFileAs>},
+    {RM_CLOSE, BN_CLICKED, Run<CloseRules>},
+    {RM_MOVE_RULE, BN_CLICKED, Run<MoveRule>},
+    {RM_REMOVE_RULE, BN_CLICKED, Run<RemoveRule>},
+    {RM_OPEN_TAGS, BN_CLICKED, Run<OpenTags>},
+    {RM_CLOSE_TAGS, BN_CLICKED, Run<CloseTags>},
+    {IDCANCEL, BN_CLICKED, Run<CloseRules>},
+};
+constexpr DialogTable kTable = {.open = Start,
+                                .actions = kActions,
+                                .close_box = Run<CloseRules>,
+                                .program_activated = StayAbove};
+
+std::optional<Savable> RulesAtExit(HWND child) {
     if (!EditRule || child != RuleChild())
         return std::nullopt;
-    return SaveRulesAtExit(rule_box);
+    return RulesOf(rule_box);
 }
 
 } // namespace
@@ -97,7 +103,7 @@ void RunRuleEditor(const char* path) {
     SetText(RuleFile, path);
     SetText(RuleSize, WithExtension(path, ".siz"));
     OpenEdit(RuleFile);
-    SaveRuleText = SaveAtExit;
+    RuleTextOf = RulesAtExit;
     RunDialog(nullptr, "Rule_Box", RuleDlg);
     // Also when the program ends or the dialog could not be made.
     rule_box = nullptr;
@@ -106,19 +112,5 @@ void RunRuleEditor(const char* path) {
 }
 
 INT_PTR CALLBACK RuleDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        Start(hwnd);
-        return TRUE;
-    case WM_COMMAND:
-        OnCommand(hwnd, wParam);
-        return TRUE;
-    case WM_CLOSE:
-        Run(CloseRules, hwnd);
-        return TRUE;
-    case WM_ACTIVATEAPP:
-        StayAbove(hwnd, wParam != 0);
-        return TRUE;
-    }
-    return DialogColours(message, wParam);
+    return RunDialogTable(kTable, hwnd, message, wParam);
 }

@@ -15,9 +15,9 @@ namespace {
 HWND held_child;
 HWND held_edit;
 
-// Makes `text` of the text `before` in the control. Breaking a long text into lines takes the
-// control its time, so it gets just the part that differs; and a text that differs in most parts
-// it takes up faster after it was emptied.
+// Changes the text of an edit control from `before` to `text`. The control takes long to break a
+// text into lines, so only the part that differs is replaced. Where most of it differs, setting the
+// whole text is faster, and faster still in an empty control.
 void ReplaceDifference(HWND edit, const std::string& before, const std::string& text) {
     const auto [old_begin, new_begin] = std::ranges::mismatch(before, text);
     if (old_begin == before.end() && new_begin == text.end())

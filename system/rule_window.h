@@ -1,5 +1,5 @@
-// The text window the rule editor works on. It is the one that was active when the editor started
-// or made it, whatever is active later; once it is gone the functions do nothing.
+// The text window the rule editor works on. It stays the same one, whatever window is active later.
+// Once it is gone the functions do nothing.
 #pragma once
 
 #include "shell/core/record_text.h"

@@ -6,7 +6,7 @@
 #include "shell/core/messages.h"
 #include "shell/core/paths.h"
 #include "shell/services/dialog.h"
-#include "shell/services/document_save.h"
+#include "shell/services/document.h"
 #include "shell/services/editor.h"
 #include "shell/services/file_dialogs.h"
 #include "shell/services/handles.h"
@@ -19,7 +19,7 @@
 
 namespace {
 
-const SavedDocument kDocument{
+const Document kDocument{
     .state = System.EngineState,
     .modified = System.Engmod,
     .window = System.hwndSys,
@@ -27,40 +27,15 @@ const SavedDocument kDocument{
     .untitled = [] { return System.IsUntitled(); },
     .rename = [](const char* name) { System.ChangeName(name); },
     .save = [] { return System.SaveSys(); },
-    .filter = "MORV System Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0",
-    .title = "Save MORV System As...",
-    .extension = ".lse",
+    .question = {"MORV System Files (*.lse)\0*.lse\0 All Files (*.*)\0*.*\0",
+                 "Save MORV System As...", ".lse"},
     .forgets_when_cancelled = true,
+    .not_open = "There is not Opened MORV System",
 };
-
-// Shows that no system is open, unless one is.
-bool Opened(HWND hwnd, const char* caption) {
-    if (System.EngineState == 1)
-        return true;
-    ShowMessage(hwnd, "There is not Opened MORV System", caption);
-    return false;
-}
-
-// Shows a refusal when the reason for it is there.
-bool Refused(HWND hwnd, bool reason, const char* text, const char* caption) {
-    if (reason)
-        ShowMessage(hwnd, text, caption);
-    return reason;
-}
 
 bool HasResources() {
     return System.RuleState != 0 || System.DatNum > 0 || System.OppNum > 0 ||
            System.HeadState != 0 || System.VarState != 0;
-}
-
-// Asks for a resource file. `may_add`, which shows why not, is asked again afterwards: another of
-// these dialogs may have been used meanwhile.
-template <class MayAdd>
-bool ChooseResource(MayAdd may_add, const char* filter, const char* title, const char* extension,
-                    char* name, unsigned flags = 0) {
-    const auto still_open = StillOpen(kDocument);
-    return may_add() && OpenDlg(filter, title, extension, name, flags) == 0 && still_open() &&
-           may_add();
 }
 
 } // namespace
@@ -72,15 +47,15 @@ void NewEngine(HWND hwnd) {
     System.NameSys("untitled.lse");
     System.CreateSys();
     System.EngineState = 1;
-    EnableMenu(hwnd, 5);
+    EnableMenu(hwnd, kOpenSystem);
 }
 
 void EnableSystemMenus(HWND hwnd) {
     if (HasResources())
-        EnableMenu(hwnd, 6);
-    EnableMenu(hwnd, 5);
+        EnableMenu(hwnd, kSystemResources);
+    EnableMenu(hwnd, kOpenSystem);
     if (System.DatNum > 0)
-        EnableMenu(hwnd, 8);
+        EnableMenu(hwnd, kSystemFacts);
 }
 
 void OpenEngine(HWND hwnd) {
@@ -101,12 +76,12 @@ void OpenEngine(HWND hwnd) {
 }
 
 void SaveEngine(HWND hwnd) {
-    if (Opened(hwnd, "Save MORV System"))
+    if (Opened(kDocument, hwnd, "Save MORV System"))
         SaveDocument(kDocument);
 }
 
 void SaveAsEngine(HWND hwnd) {
-    if (Opened(hwnd, "Save MORV System As..."))
+    if (Opened(kDocument, hwnd, "Save MORV System As..."))
         SaveDocumentAs(kDocument);
 }
 
@@ -115,13 +90,13 @@ bool MayCloseEngine(HWND owner, const char* text, const char* caption) {
 }
 
 int CloseEngine(HWND hwnd) {
-    if (!Opened(hwnd, "Close MORV System As..."))
+    if (!Opened(kDocument, hwnd, "Close MORV System As..."))
         return 0;
     if (!MayCloseEngine(nullptr, "   Save Current MORV System", "Close MORV System"))
         return 1;
     System.DestroySys();
-    GrayMenu(hwnd, 5);
-    GrayMenu(hwnd, 6);
+    for (const MenuGroup group : kSystemGroups)
+        GrayMenu(hwnd, group);
     return 0;
 }
 
@@ -156,114 +131,115 @@ void Rules(HWND) {
 }
 
 void AddLocalVar(HWND hwnd) {
-    if (!Opened(hwnd, "Add System Local Var"))
+    if (!Opened(kDocument, hwnd, "Add System Local Var"))
         return;
     System.GetVarName(WorkPath);
     RunDialog(hwnd, "Var_Box", VarNew);
-    EnableMenu(hwnd, 6);
+    EnableMenu(hwnd, kSystemResources);
 }
 
 void AddHeader(HWND hwnd) {
     auto may_add = [hwnd] {
-        return Opened(hwnd, "Add Header") &&
+        return Opened(kDocument, hwnd, "Add Header") &&
                !Refused(hwnd, System.HeadState != 0, "There is An System Header", "Add Header");
     };
     char name[kNameSize];
-    if (!ChooseResource(may_add, "Files (*.cpp)\0*.cpp\0 All Files (*.*)\0*.*\0",
-                        "Add System Header", ".cpp", name))
+    if (!ChooseFile(kDocument, may_add,
+                    {"Files (*.cpp)\0*.cpp\0 All Files (*.*)\0*.*\0", "Add System Header", ".cpp"},
+                    name))
         return;
     System.NameHeader(name);
-    EnableMenu(hwnd, 6);
+    EnableMenu(hwnd, kSystemResources);
 }
 
 void AddOpposite(HWND hwnd) {
-    auto may_add = [hwnd] { return Opened(hwnd, "Add Opposite"); };
+    auto may_add = [hwnd] { return Opened(kDocument, hwnd, "Add Opposite"); };
     char name[kNameSize] = "";
-    const bool chosen =
-        ChooseResource(may_add, "MORV Result Files (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
-                       "Add Opposites", ".rst", name);
+    const bool chosen = ChooseFile(
+        kDocument, may_add,
+        {"MORV Result Files (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0", "Add Opposites", ".rst"},
+        name);
     SetText(ResultFileName, name);
     if (!chosen)
         return;
     AddType = kAddResults;
     RunDialog(hwnd, "Result_Box", OppAdd);
-    EnableMenu(hwnd, 6);
+    EnableMenu(hwnd, kSystemResources);
 }
 
 void AddKnow(HWND hwnd) {
     auto may_add = [hwnd] {
-        return Opened(hwnd, "Add Facts Base") &&
+        return Opened(kDocument, hwnd, "Add Facts Base") &&
                !Refused(hwnd, System.KnowState != 0, "There is an Opened Facts Base",
                         "Add Facts Base");
     };
     char name[kNameSize];
-    if (!ChooseResource(may_add, "MORV Know Files (*.fac)\0*.fac\0 All Files (*.*)\0*.*\0",
-                        "Open MORV Facts", ".fac", name))
+    if (!ChooseFile(
+            kDocument, may_add,
+            {"MORV Know Files (*.fac)\0*.fac\0 All Files (*.*)\0*.*\0", "Open MORV Facts", ".fac"},
+            name))
         return;
     // Both stay so when the dialog is cancelled.
     SetText(System.KnowName, name);
     SetText(System.KTypeName, WithExtension(name, ".typ"));
     AddType = kAddFacts;
     RunDialog(hwnd, "Add_Box", SystemAdd);
-    EnableMenu(hwnd, 6);
+    EnableMenu(hwnd, kSystemResources);
     if (System.DatNum > 0)
-        EnableMenu(hwnd, 8);
+        EnableMenu(hwnd, kSystemFacts);
 }
 
 void AddRules(HWND hwnd) {
     auto may_add = [hwnd] {
-        return Opened(hwnd, "Add Rules") &&
+        return Opened(kDocument, hwnd, "Add Rules") &&
                !Refused(hwnd, System.RuleState != 0, "There is An Opened Rule File", "Add Rules");
     };
     char name[kNameSize];
-    if (!ChooseResource(may_add, "MORV Rule Files (*.rul)\0*.rul\0 All Files (*.*)\0*.*\0",
-                        "Open MORV Rules", ".rul", name))
+    if (!ChooseFile(
+            kDocument, may_add,
+            {"MORV Rule Files (*.rul)\0*.rul\0 All Files (*.*)\0*.*\0", "Open MORV Rules", ".rul"},
+            name))
         return;
     System.NameRule(name);
-    EnableMenu(hwnd, 6);
+    EnableMenu(hwnd, kSystemResources);
 }
 
 namespace {
 
-// Removes what row `i` shows: facts and opposites by their heading all at once. False when the row
-// belongs to no section.
-bool RemoveRow(int i) {
-    auto row_or_all = [i](int part) { return part == 1 ? -1 : i; };
-    if (System.RuleState == 1 && System.IsRule(i))
-        System.DeleteRule();
-    else if (const int part = System.IsKnw(i); System.DatNum >= 1 && part != 0)
-        System.DeleteKnw(row_or_all(part));
-    else if (const int part = System.IsOpp(i); System.OppNum >= 1 && part != 0)
-        System.DeleteOpp(row_or_all(part));
-    else if (System.HeadState != 0 && System.IsHead(i))
-        System.DeleteHead();
-    else if (System.VarState != 0 && System.IsVar(i))
-        System.DeleteVar();
-    else
-        return false;
-    return true;
+// Removes what row `i` shows. False when the row belongs to no section.
+bool RemoveResource(int i) {
+    const RowSection sections[] = {
+        {System.RuleState == 1 && System.IsRule(i), [](int) { return System.DeleteRule(); }},
+        {System.DatNum >= 1 ? System.IsKnw(i) : 0, [](int row) { return System.DeleteKnw(row); }},
+        {System.OppNum >= 1 ? System.IsOpp(i) : 0, [](int row) { return System.DeleteOpp(row); }},
+        {System.HeadState != 0 && System.IsHead(i), [](int) { return System.DeleteHead(); }},
+        {System.VarState != 0 && System.IsVar(i), [](int) { return System.DeleteVar(); }},
+    };
+    return RemoveRow(i, sections);
 }
 
 } // namespace
 
 void ResRemove(HWND hwnd) {
-    if (RemoveRow(System.GetIndex()))
+    if (RemoveResource(System.GetIndex()))
         System.Engmod = 1;
     if (!HasResources())
-        GrayMenu(hwnd, 6);
+        GrayMenu(hwnd, kSystemResources);
     if (System.DatNum == 0)
-        GrayMenu(hwnd, 8);
+        GrayMenu(hwnd, kSystemFacts);
 }
 
 void KnowValue(HWND hwnd) {
     auto may_set = [hwnd] {
         constexpr char kCaption[] = "Init Knowledge Base";
-        return Opened(hwnd, kCaption) &&
+        return Opened(kDocument, hwnd, kCaption) &&
                !Refused(hwnd, !System.KnwBool(), "There is not Facts", kCaption);
     };
     char name[kNameSize] = "";
-    const bool chosen = ChooseResource(may_set, " DDE Files (*.dde)\0*.dde\0All Files (*.*)\0*.*\0",
-                                       "Open DDE File", ".dde", name, OFN_CREATEPROMPT);
+    const bool chosen =
+        ChooseFile(kDocument, may_set,
+                   {" DDE Files (*.dde)\0*.dde\0All Files (*.*)\0*.*\0", "Open DDE File", ".dde"},
+                   name, OFN_CREATEPROMPT);
     SetText(DDEIKnw, name);
     if (!chosen)
         return;

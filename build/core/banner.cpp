@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr std::size_t kWidth = 46; // of a centred text; the rules are one character wider in all
+// Room for a centred text. With the slashes around it a line has 50 characters, the rules have 51.
+constexpr std::size_t kWidth = 46;
 
 void RuleLine(OutputFile& han) {
     WriteFile(han, std::string(51, '/'), 1);

@@ -1,4 +1,4 @@
-// What generated files are made of: the banner that opens each, and lines.
+// What generated files are made of: lines, and the banner at their beginning.
 #pragma once
 
 #include "shell/core/file_helpers.h"
@@ -6,10 +6,10 @@
 #include <initializer_list>
 #include <string_view>
 
-// One banner line with `mis` in its middle; a text without room for blanks makes it longer.
+// Writes a banner line with `mis` in its middle. A text that is too wide makes the line longer.
 void MCent(OutputFile& han, std::string_view mis);
 
-// The whole banner of `Nom`, a full path.
+// Writes the banner of the file `Nom`, a full path.
 void EsqCap(OutputFile& han, const char* Nom);
 
 // Writes each text as a line.

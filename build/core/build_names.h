@@ -1,5 +1,4 @@
-// The names that a build gives: to its files, all after the project file's path, and to the
-// engines.
+// The names of a build's files, which are made from the project file's path, and of its engines.
 #pragma once
 
 #include "build/core/tools_file.h"

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-// Fields of a packed record may not be referred to, so the counts are copied first.
+// A packed record's fields cannot be bound to references, so the counts are copied first.
 inline int SystemCount(const ProjectRecord& project) {
     const int count = project.EngNum;
     return std::clamp(count, 0, kMaxSystems);

@@ -1,7 +1,6 @@
 #include "build/core/rule_checker.h"
 
 #include "build/core/project_lists.h"
-#include "build/core/rule_structure.h"
 #include "shell/core/messages.h"
 #include "system/core/system_file.h"
 
@@ -14,40 +13,48 @@ namespace {
 // How many bytes are checked between two calls of CheckView::Progress.
 constexpr std::size_t kPiece = 8192;
 
+int Lines(const char* begin, const char* end) {
+    return static_cast<int>(std::count(begin, end, '\n'));
+}
+
 // The rules of one system, checked one after the other.
 class RulesCheck {
 public:
     RulesCheck(std::string_view text, Lexical& anul, CheckView& view)
-        : at_(text.data()), file_end_(text.data() + text.size()), Anul(anul), view_(view),
-          structure_([this](RuleError error) { MessageError(error); }) {}
+        : text_(text.data()), at_(text.data()), file_end_(text.data() + text.size()), Anul(anul),
+          view_(view), structure_([this](RuleError error) { MessageError(error); }) {}
 
     void CheckRule(const RuleIndexRecord& record);
 
 private:
     void CheckPiece(const char* begin, const char* end);
     void LineFeed(const char* at);
-    void DebugError(int code);
+    void DebugError(int code, const char* end);
     void MessageError(RuleError Terr);
 
-    const WordScanner& scanner_ = WordScanner::Shared();
+    WordScanner scanner_;
+    const char* const text_;
     const char* at_;
     const char* const file_end_;
     Lexical& Anul;
     CheckView& view_;
     int NumLin = 0; // runs on through all rules of the system
 
+    int rule_ = -1;
     std::string name_;
     const char* rule_begin_ = nullptr;
-    WordScanner::State state_ = WordScanner::kStart;
+    int lines_before_rule_ = 0;
+    const char* word_ = nullptr; // what a finding is about
     WordCounts B{};
     RuleStructure structure_;
 };
 
 void RulesCheck::CheckRule(const RuleIndexRecord& record) {
+    ++rule_;
     name_ = Text(record.name);
     view_.RuleName(name_);
     rule_begin_ = at_;
-    state_ = WordScanner::kStart;
+    scanner_.Restart();
     B = {};
     structure_.Reset();
 
@@ -59,19 +66,22 @@ void RulesCheck::CheckRule(const RuleIndexRecord& record) {
         at_ = end;
         view_.Progress(end[-1]);
     }
+    word_ = rule_begin_;
     CheckBalance(B, [this](RuleError error) { MessageError(error); });
+    lines_before_rule_ += Lines(rule_begin_, at_);
 }
 
 void RulesCheck::CheckPiece(const char* begin, const char* end) {
-    WordScanner::Stop stop = scanner_.Run(state_, begin, end);
+    WordScanner::Stop stop = scanner_.Next(begin, end);
     while (stop.at != end) {
         const char* const next = stop.at + 1;
         if (*stop.at == '\n')
             LineFeed(stop.at);
         else
             DebugError(
-                ObsInst(stop.words, B, next != file_end_ ? static_cast<unsigned char>(*next) : -1));
-        stop = scanner_.Run(state_, next, end);
+                ObsInst(stop.words, B, next != file_end_ ? static_cast<unsigned char>(*next) : -1),
+                next);
+        stop = scanner_.Next(next, end);
     }
 }
 
@@ -86,7 +96,7 @@ void RulesCheck::LineFeed(const char* at) {
 
 // Comments and strings do not know of each other: a quote in a comment starts a string, and "//" in
 // a string a comment.
-void RulesCheck::DebugError(int code) {
+void RulesCheck::DebugError(int code, const char* end) {
     if (code == kBlockBegin)
         Anul = Lexical::BlockComment;
     else if (code == kLineBegin)
@@ -94,6 +104,8 @@ void RulesCheck::DebugError(int code) {
     else if (code == kQuote)
         Anul = Anul == Lexical::String ? Lexical::Code : Lexical::String;
 
+    if (code != kNoInstruction)
+        word_ = end - WordText(static_cast<RuleWord>(code)).size();
     if (Anul == Lexical::Code)
         structure_.Take(code);
     else if (code == kBlockEnd && Anul == Lexical::BlockComment)
@@ -103,7 +115,10 @@ void RulesCheck::DebugError(int code) {
 void RulesCheck::MessageError(RuleError Terr) {
     std::string line = name_;
     line.append(" : Line :").append(std::to_string(NumLin)).append(" : ");
-    view_.Finding(line.append(RuleErrorText(Terr)));
+    view_.RuleFinding(line.append(RuleErrorText(Terr)),
+                      {Terr, rule_, static_cast<std::size_t>(rule_begin_ - text_),
+                       static_cast<std::size_t>(word_ - text_),
+                       lines_before_rule_ + Lines(rule_begin_, word_)});
 }
 
 // The opposites, checked against the results file, which is read at the first of them.
@@ -117,7 +132,7 @@ public:
         const OppositePair pair = SplitOpposite(op);
         for (const std::string& name : {pair.result, pair.opposite})
             if (!results_->contains(name))
-                view_.Finding("Opposite Result not defined - " + name);
+                view_.OppositeFinding("Opposite Result not defined - " + name);
     }
 
 private:

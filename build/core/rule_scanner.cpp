@@ -1,8 +1,6 @@
 #include "build/core/rule_scanner.h"
 
-#include <algorithm>
-#include <array>
-#include <map>
+#include <bit>
 #include <string_view>
 
 namespace {
@@ -12,66 +10,51 @@ constexpr std::array<std::string_view, kRuleWords> Com = {
     "EndIfOr", "IfXor",   "EndIfXor", "Then",      "Else",     "IfAny", "EndIfAny",
     "/*",      "*/",      "//",       "\"",        "Otherwise"};
 
-constexpr int kBytes = 256;
-
-// How many characters of each word have matched.
-using Matched = std::array<std::uint8_t, kRuleWords>;
-
-// Moves every word on by one character; returns the words it completed.
-WordSet Advance(Matched& A, char c) {
-    WordSet completed = 0;
-    for (int k = 0; k < kRuleWords; ++k) {
-        const std::string_view word = Com[k];
-        A[k] = c == word[A[k]] ? A[k] + 1 : 0;
-        if (A[k] == word.size()) {
-            completed |= SetOf(static_cast<RuleWord>(k));
-            A[k] = 0;
-        }
-    }
-    return completed;
-}
+// The words that start with each byte.
+constexpr auto kStarting = [] {
+    std::array<WordSet, 256> words{};
+    for (int k = 0; k < kRuleWords; ++k)
+        words[static_cast<unsigned char>(Com[k][0])] |= SetOf(static_cast<RuleWord>(k));
+    return words;
+}();
 
 } // namespace
 
-const WordScanner& WordScanner::Shared() {
-    static const WordScanner scanner;
-    return scanner;
+std::string_view WordText(RuleWord word) {
+    return Com[word];
 }
 
-WordScanner::WordScanner() {
-    stops_.push_back(0); // stop 0 is none
-    std::vector<Matched> found = {Matched{}};
-    std::map<Matched, State> numbers = {{found[0], kStart}};
-    for (std::size_t state = 0; state < found.size(); ++state) {
-        for (int byte = 0; byte < kBytes; ++byte) {
-            Matched next = found[state];
-            const WordSet completed = Advance(next, static_cast<char>(byte));
-            const auto [number, is_new] =
-                numbers.try_emplace(next, static_cast<State>(found.size()));
-            if (is_new)
-                found.push_back(next);
-            Step step{number->second, 0};
-            if (completed != 0 || byte == '\n') {
-                auto same = std::find(stops_.begin() + 1, stops_.end(), completed);
-                step.stop = static_cast<std::uint16_t>(same - stops_.begin());
-                if (same == stops_.end())
-                    stops_.push_back(completed);
-            }
-            steps_.push_back(step);
+void WordScanner::Restart() {
+    matched_ = {};
+    half_matched_ = 0;
+}
+
+// Counts one more character; returns the words that end with it.
+WordSet WordScanner::Take(char c) {
+    WordSet ended = 0;
+    // No other count changes. Going through all of them at each byte, the check takes four times as
+    // long.
+    WordSet words = half_matched_ | kStarting[static_cast<unsigned char>(c)];
+    half_matched_ = 0;
+    for (; words != 0; words &= words - 1) {
+        const int k = std::countr_zero(words);
+        const WordSet word = words & -words;
+        matched_[k] = c == Com[k][matched_[k]] ? matched_[k] + 1 : 0;
+        if (matched_[k] == std::ssize(Com[k])) {
+            ended |= word;
+            matched_[k] = 0;
         }
+        if (matched_[k] != 0)
+            half_matched_ |= word;
     }
+    return ended;
 }
 
-WordScanner::Stop WordScanner::Run(State& state, const char* at, const char* end) const {
-    State now = state;
+WordScanner::Stop WordScanner::Next(const char* at, const char* end) {
     for (; at != end; ++at) {
-        const Step step = steps_[std::size_t{now} * kBytes + static_cast<unsigned char>(*at)];
-        now = step.next;
-        if (step.stop != 0) {
-            state = now;
-            return {at, stops_[step.stop]};
-        }
+        const WordSet words = Take(*at);
+        if (words != 0 || *at == '\n')
+            return {at, words};
     }
-    state = now;
     return {end, 0};
 }

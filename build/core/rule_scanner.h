@@ -1,9 +1,9 @@
-// Finds the words of the rule language in rule text, one table look-up per byte.
+// Finds the words of the rule language in rule text.
 #pragma once
 
-#include <cstddef>
+#include <array>
 #include <cstdint>
-#include <vector>
+#include <string_view>
 
 // A word's value is its instruction code.
 enum RuleWord : int {
@@ -29,37 +29,33 @@ enum RuleWord : int {
     kRuleWords // how many there are
 };
 
-// The words, as bits, that one byte of text completed.
+// How a word is spelt.
+std::string_view WordText(RuleWord word);
+
+// The words, as bits, that end at one byte of text.
 using WordSet = std::uint32_t;
 constexpr WordSet SetOf(RuleWord word) {
     return WordSet{1} << word;
 }
 
-// All words are looked for side by side. Each counts how many of its characters matched so far; a
-// character that does not match sets the count to 0 and is not tried again as the word's first one,
-// so "RRule" holds no "Rule". Those counts together are the scanner's state.
+// Looks for all words side by side. Of each it counts the characters matched so far; one that does
+// not match sets the count to 0 and is not tried again as the word's first one, so "RRule" holds no
+// "Rule".
 class WordScanner {
 public:
-    using State = std::uint16_t;
-    static constexpr State kStart = 0;
-
     struct Stop {
-        const char* at; // the byte that completed `words` or is an LF; `end` when there is none
+        const char* at; // the byte where `words` end, or an LF; `end` when there is none
         WordSet words;
     };
 
-    static const WordScanner& Shared();
+    void Restart(); // forgets what is half matched
 
-    // Reads on from `at` to the next byte that completes words or is an LF.
-    Stop Run(State& state, const char* at, const char* end) const;
+    // Reads on from `at` to the next byte where words end or that is an LF.
+    Stop Next(const char* at, const char* end);
 
 private:
-    WordScanner();
+    WordSet Take(char c);
 
-    struct Step {
-        State next;
-        std::uint16_t stop; // 0: read on, else an index into stops_
-    };
-    std::vector<Step> steps_; // 256 per state
-    std::vector<WordSet> stops_;
+    std::array<int, kRuleWords> matched_{}; // characters of each word
+    WordSet half_matched_ = 0;              // the words whose count is not 0
 };

@@ -143,7 +143,7 @@ void RuleStructure::Open(RuleWord kind) {
         blocks_.push_back({kind, kind});
 }
 
-// What can be closed is never level 0, which has no such stage.
+// Level 0 is never closed: none of its stages is one that an End word closes.
 void RuleStructure::Close() {
     blocks_.pop_back();
 }

@@ -29,7 +29,7 @@ void FileHead(OutputFile& han, const ProjectRecord& project, const char* RulesCp
     WriteLines(han, {"", "//- Extern Functions"});
 }
 
-// The files that a system may go without are read once and used in two places.
+// The records of a file that a system may lack. They are read once and used in two places.
 template <class Record> struct OptionalFile {
     template <std::size_t N> explicit OptionalFile(const char (&field)[N]) : named(field[0] != 0) {
         opened = named && ReadRecords(Text(field).c_str(), files::Mode::Update, records);

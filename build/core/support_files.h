@@ -1,4 +1,4 @@
-// The generated support files: parts of the runtime's templates with the project's own between.
+// The generated support files: the runtime's templates with the project's own lines between them.
 #pragma once
 
 #include "build/core/build_names.h"

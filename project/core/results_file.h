@@ -1,6 +1,6 @@
-// The project's auxiliary results file (.aux): the result names chosen for the project. A file that
-// cannot be opened for reading and writing is left alone, which is no failure; a failure, which
-// returns false, leaves the file as it was.
+// The project's auxiliary results file (.aux): the result names chosen for the project. Both
+// functions leave a file alone that cannot be opened for reading and writing, and return true. They
+// return false when the file could not be written; it is then as it was.
 #pragma once
 
 // Takes every name that also stands in the results file `results`, which must be writable as well,

@@ -24,5 +24,5 @@ struct FactTexts {
 
 FactTexts TextsOf(const Dat& fact);
 
-// Texts are cut to their fields; a number field holds 0 where its text starts with none.
+// The fact that the texts describe. Long texts are cut; a text that starts with no number gives 0.
 Dat FactOf(const FactTexts& texts);

@@ -1,5 +1,5 @@
-// The facts base file (.fac): fact records and nothing else. A rest that is shorter than a record
-// is damage; it is no fact, and the next one takes its place.
+// The facts base file (.fac): fact records and nothing else. A record that is cut short at the end
+// of a file is no fact; the next fact that is added is written over it.
 #pragma once
 
 #include "resources/core/fact.h"

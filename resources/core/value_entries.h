@@ -30,7 +30,7 @@ std::string AppendedValue(std::string_view value, std::string_view text);
 std::string VariableRow(const V_V& variable);
 V_V VariableIn(std::string_view row);
 
-// What the user has still to be asked for, or null.
+// What to tell the user about the first empty field, or null when none is empty.
 const char* MissingIn(const V_V& variable);
 
 // The rows of the variables file `path`, the last record first; none when it cannot be opened.

@@ -70,6 +70,10 @@ void FailWritesAfter(std::int64_t bytes);
 // The local folder that stands for the drives; without one drive paths are not mapped.
 void SetDriveRoot(const std::string& folder);
 std::string LocalPath(const char* path);
+
+// Puts another rule for LocalPath in place of the drive root; null takes it away.
+using PathMap = std::string (*)(const char* path);
+void SetPathMap(PathMap map);
 #endif
 
 } // namespace files

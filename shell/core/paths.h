@@ -11,9 +11,8 @@ std::string CutAtDot(std::string_view path);
 // CutAtDot(path) + `extension` (which has its dot).
 std::string WithExtension(std::string_view path, std::string_view extension);
 
-// What stands between the last '\' before the first '.' and that '.'; with `keep_backslash` the
-// '\' is part of it. Without a '\' it starts at the beginning. "C:\work\a.mrv" gives "a" or "\a".
+// CutAtDot(path) without its folder: "C:\work\a.mrv" gives "a", or "\a" with `keep_backslash`.
 std::string Stem(std::string_view path, bool keep_backslash = false);
 
-// `path` before the last '\' that stands before its first '.'; empty without one.
+// The folder of CutAtDot(path), without a last '\'; empty when it has none.
 std::string FolderOf(std::string_view path);

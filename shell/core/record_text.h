@@ -27,7 +27,7 @@ template <std::size_t N> void SetText(char (&field)[N], std::string_view text) {
     std::memset(field + size, 0, N - size);
 }
 
-// Gives a working copy up: `name` is the file it came from again, which is forgotten.
+// Gives a working copy up: `name` becomes the file `before` it again, and `before` empty.
 template <std::size_t N> void GoBack(char (&name)[N], char (&before)[N]) {
     SetText(name, Text(before));
     SetText(before, "");

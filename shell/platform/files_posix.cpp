@@ -12,14 +12,21 @@ namespace files {
 namespace {
 
 std::string g_drive_root;
+PathMap g_path_map = nullptr;
 
 } // namespace
+
+void SetPathMap(PathMap map) {
+    g_path_map = map;
+}
 
 void SetDriveRoot(const std::string& folder) {
     g_drive_root = folder;
 }
 
 std::string LocalPath(const char* path) {
+    if (g_path_map)
+        return g_path_map(path);
     std::string local = path;
     if (g_drive_root.empty())
         return local;

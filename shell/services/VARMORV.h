@@ -3,7 +3,8 @@
 
 #include "shell/core/record_text.h"
 
-extern char WorkPath[kNameSize]; // current at the start, without a last '\'; has the tools file
+// The work folder: the current folder at the start, without a last '\'.
+extern char WorkPath[kNameSize];
 
 // What the dialog "Add_Box" and the opposites dialog work on.
 constexpr int kAddResults = 1; // results of the project

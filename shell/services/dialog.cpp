@@ -1,11 +1,36 @@
 #include "shell/services/dialog.h"
+#include "shell/services/guarded.h"
 #include "shell/services/handles.h"
+
+#include <algorithm>
+#include <vector>
 
 INT_PTR RunDialog(HWND owner, const char* name, DLGPROC procedure) {
     return DialogBoxParamA(hInst, name, owner, procedure, 0);
 }
 
 namespace {
+
+constexpr char kEnded[] = "ZentrikEnded"; // a property of dialogs
+
+struct OpenDialog {
+    HWND window;
+    const DialogTable* table;
+};
+std::vector<OpenDialog> open_dialogs;
+
+void Opened(const DialogTable& table, HWND dialog) {
+    open_dialogs.push_back({dialog, &table});
+    table.open(dialog);
+}
+
+bool Destroyed(const DialogTable& table, HWND dialog) {
+    std::erase_if(open_dialogs, [&](const OpenDialog& open) { return open.window == dialog; });
+    RemovePropA(dialog, kEnded);
+    if (table.destroyed)
+        table.destroyed(dialog);
+    return table.destroyed != nullptr;
+}
 
 bool RunAction(std::span<const DialogAction> actions, HWND dialog, WPARAM wParam) {
     for (const DialogAction& action : actions) {
@@ -17,32 +42,59 @@ bool RunAction(std::span<const DialogAction> actions, HWND dialog, WPARAM wParam
     return false;
 }
 
-bool RunIfAny(void (*step)(HWND), HWND dialog) {
-    if (step)
-        step(dialog);
-    return step != nullptr;
-}
-
-} // namespace
-
-INT_PTR RunDialogTable(const DialogTable& table, HWND dialog, UINT message, WPARAM wParam) {
+INT_PTR Answer(const DialogTable& table, HWND dialog, UINT message, WPARAM wParam) {
     switch (message) {
     case WM_INITDIALOG:
-        table.open(dialog);
+        Opened(table, dialog);
         return TRUE;
     case WM_COMMAND:
         return RunAction(table.actions, dialog, wParam);
     case WM_CLOSE:
-        return RunIfAny(table.close_box, dialog);
+        if (!table.close_box)
+            return FALSE;
+        table.close_box(dialog);
+        return TRUE;
+    case WM_ACTIVATEAPP:
+        if (!table.program_activated)
+            return FALSE;
+        table.program_activated(dialog, wParam != 0);
+        return TRUE;
     case WM_DESTROY:
-        return RunIfAny(table.destroyed, dialog);
+        return Destroyed(table, dialog);
     default:
         return DialogColours(message, wParam);
     }
 }
 
-void LeaveDialog(HWND dialog) {
+} // namespace
+
+INT_PTR RunDialogTable(const DialogTable& table, HWND dialog, UINT message, WPARAM wParam) {
+    return Guarded([&] { return Answer(table, dialog, message, wParam); });
+}
+
+void CloseDialog(HWND dialog) {
+    SetPropA(dialog, kEnded, dialog);
     EndDialog(dialog, 0);
+}
+
+void LeaveDialog(HWND dialog) {
+    CloseDialog(dialog);
+}
+
+bool IsDialogOpen(HWND dialog) {
+    return IsWindow(dialog) && !GetPropA(dialog, kEnded);
+}
+
+bool ShowUnsavedDialog(Dialogs among) {
+    const auto unsaved = std::ranges::find_if(open_dialogs, [&](const OpenDialog& open) {
+        return (among == Dialogs::All || !GetWindow(open.window, GW_OWNER)) &&
+               IsDialogOpen(open.window) && open.table->changed && open.table->changed(open.window);
+    });
+    if (unsaved == open_dialogs.end())
+        return false;
+    SetForegroundWindow(unsaved->window);
+    FlashWindow(unsaved->window, TRUE);
+    return true;
 }
 
 INT_PTR DialogColours(UINT message, WPARAM wParam) {

@@ -22,13 +22,31 @@ struct DialogTable {
     std::span<const DialogAction> actions;
     void (*close_box)(HWND dialog) = nullptr; // null: as IDCANCEL
     void (*destroyed)(HWND dialog) = nullptr;
+    void (*program_activated)(HWND dialog, bool active) = nullptr;
+    bool (*changed)(HWND dialog) = nullptr; // it has what would be lost if the program ended now
 };
 
 // A dialog procedure that does what `table` says, in the colours of the dialogs.
 INT_PTR RunDialogTable(const DialogTable& table, HWND dialog, UINT message, WPARAM wParam);
 
+// Ends the dialog. Its window lasts until dialogs and boxes that were opened later are answered.
+void CloseDialog(HWND dialog);
+
 // Ends the dialog and changes nothing.
 void LeaveDialog(HWND dialog);
+
+// False once the dialog was ended or is gone.
+bool IsDialogOpen(HWND dialog);
+
+// For editors that do not follow their changes: while one is open there may be some.
+inline bool MayBeChanged(HWND) {
+    return true;
+}
+
+// Brings a dialog whose changes would be lost to the front: of those without an owner, or of all.
+// False when there is none.
+enum class Dialogs { WithoutOwner, All };
+bool ShowUnsavedDialog(Dialogs among);
 
 // What one open dialog keeps of its own, from its opening until its window is destroyed. Several
 // dialogs of a kind can be open at once, so this is no place for globals.

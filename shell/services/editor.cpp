@@ -4,48 +4,68 @@
 #include "shell/core/files.h"
 #include "shell/core/messages.h"
 #include "shell/core/record_text.h"
-#include "shell/services/file_dialogs.h"
+#include "shell/services/asking.h"
 #include "shell/services/mdi.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <set>
 #include <vector>
 
 int EditState;
 int EditRule;
-std::optional<bool> (*SaveRuleText)(HWND child);
+std::optional<Savable> (*RuleTextOf)(HWND child);
 
 namespace {
+
+constexpr char kUntitled[] = "untitled";
+constexpr char kCloseCaption[] = "Close notification";
+constexpr char kNameTitle[] = "Save File As ...";
+
+// A property of editors that do not show all of their file.
+constexpr char kPartial[] = "ZentrikPartial";
 
 bool IsModified(HWND edit) {
     return SendMessageA(edit, EM_GETMODIFY, 0, 0) != 0;
 }
 
-bool AskForName(std::string& path) {
-    char name[kNameSize];
-    if (SaveDlg("Files (*.cpp)\0*.cpp\0All Files (*.*)\0*.*\0", "Save File As ...", ".cpp", name,
-                OFN_OVERWRITEPROMPT) != 0)
-        return false;
-    path = name;
-    return true;
-}
-
 Answer AskToSave(HWND edit) {
-    return ShowMessage(edit, "File Has been change. Save before Closing?", "Close notification",
+    return ShowMessage(edit, "File Has been change. Save before Closing?", kCloseCaption,
                        Buttons::YesNoCancel);
 }
 
-// Saves an editor's text at exit. False when it is not safe on disk.
-bool SaveAtExit(HWND child) {
-    if (SaveRuleText)
-        if (const std::optional<bool> saved = SaveRuleText(child))
-            return *saved;
-    std::string path = ChildTitle(child);
-    if (path == "untitled" && !AskForName(path))
+bool Write(HWND child, HWND edit, const std::string& path) {
+    if (!WriteEdit(edit, path.c_str())) {
+        SaveErr();
         return false;
-    if (WriteEdit(TopChild(child), path.c_str()))
-        return true;
-    SaveErr();
-    return false;
+    }
+    RemovePropA(child, kPartial);
+    return true;
+}
+
+// The text of the editor `child` as it is now: once its window or its edit control is gone, so is
+// the text.
+Savable TextOf(HWND child) {
+    const HWND edit = TopChild(child);
+    const auto save_as = [child, edit](const std::string& path) {
+        SetWindowTextA(child, path.c_str());
+        return Write(child, edit, path);
+    };
+    return {
+        .subject = child,
+        .question = {"Files (*.cpp)\0*.cpp\0All Files (*.*)\0*.*\0", kNameTitle, ".cpp"},
+        .alive = [child, edit] { return IsWindow(child) && edit && TopChild(child) == edit; },
+        .has_file =
+            [child] { return ChildTitle(child) != kUntitled && !GetPropA(child, kPartial); },
+        .save_as = save_as,
+        .save = [child, edit] { return Write(child, edit, ChildTitle(child)); },
+    };
+}
+
+// At exit the text of the rule editor is saved as rules.
+Savable AtExit(HWND child) {
+    const std::optional<Savable> rules = RuleTextOf ? RuleTextOf(child) : std::nullopt;
+    return rules ? *rules : TextOf(child);
 }
 
 std::vector<HWND> Editors() {
@@ -65,6 +85,29 @@ void WarnNoFile() {
     ShowMessage(nullptr, "There is no File Open", "WARNING", Buttons::Ok, Icon::Stop);
 }
 
+// What save and save as are about. Shows when it is no editor: on Windows NT the items stay enabled
+// while a project or system is on top. Nothing while the rule editor uses the text.
+bool MaySave(HWND hwnd) {
+    if (EditRule)
+        return false;
+    if (IsEditor(hwnd))
+        return true;
+    WarnNoFile();
+    return false;
+}
+
+// Loads a file's text. A file that cannot be read, or has a NUL where the control's text ends,
+// shows what it can without a word; but what is shown must not replace it unasked.
+void Load(HWND child, const char* path) {
+    std::string text;
+    const bool read = files::ReadWhole(path, files::Mode::Read, text);
+    if (read)
+        SetWindowTextA(TopChild(child), text.c_str());
+    const bool whole = read ? text.find('\0') == text.npos : files::LastError() == ENOENT;
+    if (!whole)
+        SetPropA(child, kPartial, child);
+}
+
 } // namespace
 
 int IsRule() {
@@ -75,11 +118,8 @@ void OpenEdit(const char* nom) {
     const HWND child = CrearMdiCh("Main", nom);
     if (!child)
         ShowMessage(nullptr, "Impossible crear finestra del editor", "zentrik");
-    const HWND edit = TopChild(child);
-    SendMessageA(edit, EM_LIMITTEXT, 0, 0);
-    std::string text;
-    if (files::ReadWhole(nom, files::Mode::Read, text))
-        SetWindowTextA(edit, text.c_str());
+    SendMessageA(TopChild(child), EM_LIMITTEXT, 0, 0);
+    Load(child, nom);
     EditState = 1;
 }
 
@@ -91,52 +131,40 @@ void OpenFile() {
 }
 
 void SaveFile(HWND hwnd) {
-    if (EditRule)
+    if (!MaySave(hwnd))
         return;
-    if (!IsEditor(hwnd)) {
-        // On Windows NT the item stays enabled while a project or system is on top.
-        WarnNoFile();
-        return;
-    }
-    const std::string path = ChildTitle(hwnd);
-    if (path == "untitled") {
-        SaveFileAs(hwnd);
-        return;
-    }
-    if (!WriteEdit(TopChild(hwnd), path.c_str())) {
+    Savable text = TextOf(hwnd);
+    text.save = [hwnd] {
+        if (WriteEdit(TopChild(hwnd), ChildTitle(hwnd).c_str()))
+            return true;
         ShowMessage(nullptr, "No Va be", "");
         SaveErr();
-    }
+        return false;
+    };
+    Save(text);
 }
 
 void SaveFileAs(HWND hwnd) {
-    if (EditRule)
-        return;
-    if (!IsEditor(hwnd)) {
-        WarnNoFile();
-        return;
-    }
-    std::string path;
-    if (!AskForName(path))
-        return;
-    SetWindowTextA(hwnd, path.c_str());
-    if (!WriteEdit(TopChild(hwnd), path.c_str()))
-        SaveErr();
+    if (MaySave(hwnd))
+        AskAndSave(TextOf(hwnd));
 }
 
 int CloseFile(HWND hwnd) {
     if (EditRule)
         return 0;
+    const Asking asking(hwnd, Question::Close, {kCloseCaption, kNameTitle});
+    if (asking.Refused())
+        return 1;
+    const Savable text = TextOf(hwnd);
     const HWND edit = TopChild(hwnd);
     const Answer answer = IsModified(edit) ? AskToSave(edit) : Answer::No;
-    if (answer == Answer::Cancel)
+    if (answer == Answer::Cancel || (answer == Answer::Yes && !text.alive()))
         return 1;
-    std::string path = ChildTitle(hwnd);
-    // A cancelled name dialog closes too and drops the text.
-    if (answer == Answer::Yes && (path != "untitled" || AskForName(path)) &&
-        !WriteEdit(edit, path.c_str())) {
-        SaveErr();
-        return 1;
+    if (answer == Answer::Yes) {
+        const Saved saved = Save(text);
+        // A cancelled name dialog closes too and drops the text.
+        if (saved != Saved::Done && saved != Saved::Cancelled)
+            return 1;
     }
     DestroyWindow(edit);
     // The exit asks for the texts of the other editors only while this says there are some.
@@ -162,19 +190,31 @@ int DestroyMdiE() {
 }
 
 bool SaveEditors() {
-    const std::vector<HWND> editors = Editors();
-    for (HWND child : editors) {
-        const HWND edit = TopChild(child);
-        if (!IsModified(edit))
-            continue;
+    // While a name is asked for, other texts can be changed and begun: they are asked for as well.
+    std::set<HWND> given_up;
+    for (;;) {
+        const std::vector<HWND> editors = Editors();
+        const auto changed = std::ranges::find_if(editors, [&](HWND child) {
+            return IsModified(TopChild(child)) && !given_up.contains(TopChild(child));
+        });
+        if (changed == editors.end())
+            return true;
+        const HWND edit = TopChild(*changed);
+        const Savable text = AtExit(*changed);
         const Answer answer = AskToSave(edit);
-        if (answer == Answer::Cancel || (answer == Answer::Yes && !SaveAtExit(child)))
+        if (answer == Answer::Cancel)
+            return false;
+        if (answer == Answer::No)
+            given_up.insert(edit);
+        else if (!text.alive() || Save(text) != Saved::Done)
             return false;
     }
+}
+
+void DestroyEditors() {
     EditState = 0;
-    for (HWND child : editors)
+    for (HWND child : Editors())
         DestroyWindow(TopChild(child));
-    return true;
 }
 
 bool WriteEdit(HWND edit, const char* path) {

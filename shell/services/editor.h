@@ -1,6 +1,8 @@
 // Plain text editing: one file per "Main" child, whose title is the file's path.
 #pragma once
 
+#include "shell/services/ask_and_save.h"
+
 #include <optional>
 #include <string>
 #include <windows.h>
@@ -10,9 +12,9 @@ extern int EditRule; // 1 while the rule editor uses the text editor; save and c
 
 int IsRule(); // EditRule
 
-// Set while the rule editor is open: at exit its text is saved as rules. Saves it when `child`
-// shows it and returns whether that worked; nothing for any other child.
-extern std::optional<bool> (*SaveRuleText)(HWND child);
+// Set while the rule editor is open: at exit its text is saved as rules. The rules when `child`
+// shows them; nothing for any other child.
+extern std::optional<Savable> (*RuleTextOf)(HWND child);
 
 // Opens an editor on `nom`; a missing file gives an empty one.
 void OpenEdit(const char* nom);
@@ -22,7 +24,8 @@ void SaveFile(HWND hwnd);   // saves the editor child `hwnd`; asks for a name wh
 void SaveFileAs(HWND hwnd); // asks for a name and saves under it
 int CloseFile(HWND hwnd);   // asks to save, destroys the edit control; 1 when cancelled
 int DestroyMdiE();          // closes the topmost editor; 1 when cancelled
-bool SaveEditors();         // at exit: asks for every changed editor; false when cancelled
+bool SaveEditors();         // at exit: asks for every changed text; false when cancelled
+void DestroyEditors();      // at exit: destroys the edit controls of all editors
 
 // Writes the text of an edit control to `path`, replacing the file whole, and clears its modified
 // flag. On failure returns false and shows nothing.

@@ -2,6 +2,7 @@
 
 #include "shell/core/messages.h"
 #include "shell/core/record_text.h"
+#include "shell/services/VARMORV.h"
 
 #include <utility>
 #include <windows.h>
@@ -29,7 +30,11 @@ int RunFileDialog(bool save, const char* Filter, const char* Title, const char* 
     ofnTemp.lpstrTitle = Title;
     ofnTemp.lpstrDefExt = Ext;
     ofnTemp.Flags = flags;
-    if (g_shower(ofnTemp, save))
+    const bool chosen = g_shower(ofnTemp, save);
+    // The dialog moves the current folder, also when cancelled; untitled files have one place.
+    if (WorkPath[0] != '\0')
+        SetCurrentDirectoryA(WorkPath);
+    if (chosen)
         return 0;
     name[0] = '\0'; // for a path too long the dialog leaves the size it needs here
     DialogError = static_cast<int>(CommDlgExtendedError());

@@ -13,18 +13,14 @@ void ShowHelp(HWND hwnd, UINT command, ULONG_PTR data) {
     WinHelpA(hwnd, file.c_str(), command, data);
 }
 
+constexpr DialogAction kAboutActions[] = {
+    {IDOK, BN_CLICKED, LeaveDialog},
+    {IDCANCEL, BN_CLICKED, LeaveDialog},
+};
+constexpr DialogTable kAbout = {.open = [](HWND) {}, .actions = kAboutActions};
+
 INT_PTR CALLBACK AboutDlg(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        return TRUE;
-    case WM_COMMAND:
-        // Esc and the close box come as IDCANCEL.
-        if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)
-            EndDialog(hwnd, 0);
-        return FALSE;
-    default:
-        return DialogColours(message, wParam);
-    }
+    return RunDialogTable(kAbout, hwnd, message, wParam);
 }
 
 } // namespace

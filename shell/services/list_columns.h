@@ -3,8 +3,8 @@
 
 #include "shell/services/list_rows.h"
 
-// A ListFill for such a list: at its end the tab stops are where the columns align whatever is in
-// the rows, and the list can be scrolled sideways to the end of its rows.
+// A ListFill for such a list. At its end it sets the tab stops so that the columns align, and lets
+// the list scroll sideways to the end of its widest row.
 class ColumnFill {
 public:
     explicit ColumnFill(HWND list, int rows = 0, int bytes = 0);

@@ -1,12 +1,17 @@
 #include "shell/services/list_rows.h"
 
 #include <algorithm>
+#include <map>
 
 namespace {
 
-// The fills that live, the newest first. (A property of the list would cost a call of the window
-// system for every row.)
-ListFill* newest_fill;
+// A list while it is filled. It keeps its ListWidth: 10,000 rows take 0.014 s, with a new one for
+// each row, which asks for the font's widths again, 0.11 s.
+struct Filled {
+    ListFill::Width kind;
+    std::optional<ListWidth> width; // made with the first row
+};
+std::map<HWND, Filled> filled;
 
 int Send(HWND list, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     return list ? static_cast<int>(SendMessageA(list, message, wParam, lParam)) : LB_ERR;
@@ -59,10 +64,17 @@ void ListRows::Select(int row) {
 void ListRows::Widen(const std::string& text) {
     if (!list_)
         return;
-    if (ListFill* fill = ListFill::Of(list_))
-        fill->Widen(text);
-    else
+    const auto fill = filled.find(list_);
+    if (fill == filled.end()) {
         ListWidth(list_).Take(text);
+        return;
+    }
+    auto& [kind, width] = fill->second;
+    if (kind == ListFill::Width::FoundAtTheEnd)
+        return;
+    if (!width)
+        width.emplace(list_);
+    width->Take(text);
 }
 
 int ListRows::Add(const std::string& text) {
@@ -105,8 +117,7 @@ void ListWidth::Take(const std::string& row) {
 }
 
 ListFill::ListFill(HWND list, Width width, int rows, int bytes)
-    : list_(list), first_(list && !Of(list)), kind_(width), older_(newest_fill) {
-    newest_fill = this;
+    : list_(list), first_(list && filled.try_emplace(list, width).second) {
     if (first_)
         SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
     if (rows > 0)
@@ -114,27 +125,9 @@ ListFill::ListFill(HWND list, Width width, int rows, int bytes)
 }
 
 ListFill::~ListFill() {
-    ListFill** link = &newest_fill;
-    while (*link != this)
-        link = &(*link)->older_;
-    *link = older_;
     if (!first_)
         return;
+    filled.erase(list_);
     SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list_, nullptr, TRUE);
-}
-
-ListFill* ListFill::Of(HWND list) {
-    ListFill* fill = newest_fill;
-    while (fill && !(fill->first_ && fill->list_ == list))
-        fill = fill->older_;
-    return fill;
-}
-
-void ListFill::Widen(const std::string& row) {
-    if (kind_ == Width::FoundAtTheEnd)
-        return;
-    if (!width_)
-        width_.emplace(list_);
-    width_->Take(row);
 }

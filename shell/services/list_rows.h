@@ -44,8 +44,8 @@ private:
     int width_; // rows up to this width can be seen whole
 };
 
-// While one of these lives its list is not repainted; it is once at the end. Use it around every
-// loop that changes rows. With several at once for a list the first one counts.
+// While one of these lives its list is not repainted, only once at the end. Use it around every
+// loop that changes rows. Of several at once for a list the one made first does it all.
 class ListFill {
 public:
     enum class Width { OfEachRow, FoundAtTheEnd };
@@ -60,14 +60,6 @@ public:
     ~ListFill();
 
 private:
-    friend class ListRows;
-
-    static ListFill* Of(HWND list); // the first one that lives, or null
-    void Widen(const std::string& row);
-
     HWND list_;
-    bool first_;
-    Width kind_;
-    ListFill* older_; // the one that lived already
-    std::optional<ListWidth> width_;
+    bool first_; // of those that live for the list
 };

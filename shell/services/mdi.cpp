@@ -25,10 +25,10 @@ HWND CrearMdiCh(const char* typ, const char* nom) {
 }
 
 LRESULT DestroyMdiCh(HWND hwnd) {
-    // For any kind of child: only the editors count up, so identifiers may repeat.
+    // Any kind of child counts down, but only the editors count up, so identifiers may repeat.
     EDC_ID -= 1;
-    // Asked for the child after one that is gone, the client would leave another one's maximised
-    // state.
+    // Asked for the child after a window that is gone, the client would take the maximised state
+    // from another child.
     if (!IsWindow(hwnd))
         return 0;
     SetActiveWindow(GetFrame());

@@ -1,5 +1,5 @@
 // MDI children: creating, finding, restoring and destroying them. Each holds one control, which is
-// found by its place: nothing in the child lies above it.
+// found as the topmost window of the child.
 #pragma once
 
 #include <string>
@@ -30,8 +30,8 @@ HWND GetFrame();         // the client's parent
 // The topmost child window of `hwnd`, 0 when there is none.
 HWND TopChild(HWND hwnd);
 
-// The list box in a document's child: its topmost one. While `known`, where it was before, is still
-// in the child that is the answer; the system is slow to tell which window is on top.
+// The list box in a document's child: its topmost window. `known` is the one found before; while it
+// is still in the child it is returned without asking for the topmost window, which is slow.
 HWND ListOf(HWND child, HWND known);
 
 std::string ChildTitle(HWND child); // of an editor the path of its file

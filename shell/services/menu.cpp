@@ -16,16 +16,16 @@ struct GroupItems {
 constexpr int kBar = -1;
 
 constexpr GroupItems kGroups[] = {
-    {1, 0, 8, 8, false},    // Remove MORV Item
-    {2, 0, 7, 7, true},     // Add MORV Item
-    {3, 0, 2, 4, false},    // Save MORV, Save MORV as, Close MORV
-    {4, kBar, 3, 3, false}, // Debug
-    {4, 4, 1, 1, false},    // Compile
-    {5, 1, 2, 4, false},    // Save MORV System, Save MORV System As, Close MORV System
-    {5, 1, 7, 7, true},     // Add Resource
-    {6, 1, 8, 8, false},    // Remove
-    {7, 5, 7, 9, false},    // Save File, Save File As, Close File
-    {8, 1, 9, 9, false},    // a separator: Init Facts Base is always available
+    {kProjectItems, 0, 8, 8, false},    // Remove MORV Item
+    {kAddProjectItem, 0, 7, 7, true},   // Add MORV Item
+    {kOpenProject, 0, 2, 4, false},     // Save MORV, Save MORV as, Close MORV
+    {kBuildProject, kBar, 3, 3, false}, // Debug
+    {kBuildProject, 4, 1, 1, false},    // Compile
+    {kOpenSystem, 1, 2, 4, false},      // Save MORV System, Save MORV System As, Close MORV System
+    {kOpenSystem, 1, 7, 7, true},       // Add Resource
+    {kSystemResources, 1, 8, 8, false}, // Remove
+    {kTextOnTop, 5, 7, 9, false},       // Save File, Save File As, Close File
+    {kSystemFacts, 1, 9, 9, false},     // a separator: Init Facts Base is always available
 };
 
 // With a maximised child the menu bar starts with that child's system menu. Items of the bar itself

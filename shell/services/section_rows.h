@@ -1,5 +1,5 @@
-// How a document's list is laid out: headings stand at the left margin, what belongs to one follows
-// it, set in by a TAB.
+// The rows of a document's list: each section is a heading at the left margin and, below it, its
+// items with a TAB in front.
 #pragma once
 
 #include "shell/services/list_rows.h"

@@ -4,11 +4,11 @@
 #include <string_view>
 #include <windows.h>
 
-// Every byte is a character in the system's code page.
+// True when every character of the system's code page is one byte.
 bool OneByteCharacters();
 
-// Adds up the widths of characters, which it asks for once: a call of the window system for every
-// row would take longer than filling the list with them.
+// Adds up the widths of characters, which it asks for once. Asking the window system for the width
+// of every row would take longer than filling the list.
 class TextMeasure {
 public:
     explicit TextMeasure(HWND hwnd);
@@ -19,7 +19,7 @@ public:
     int Width(std::string_view text) const;       // of one without TABs
     int TabbedWidth(std::string_view text) const; // with the window system's own tab stops
 
-    // The average character width that tab stops are counted in fourths of.
+    // The average width of a character; a quarter of it is the unit of tab stops.
     int AverageWidth() const;
 
 private:

@@ -11,61 +11,18 @@ constexpr std::string_view kRule = "Rule";
 constexpr std::string_view kEndRule = "EndRule";
 constexpr std::string_view kLineEnd = "\r\n";
 
-// Answers FindStr for one word from starts that never go down. FindStr does not look back, so where
-// it finds a word depends on where it starts. A search acts only at the word's first letter; what
-// follows from each place of that letter is found in one pass from the end.
-class Finds {
-public:
-    Finds(std::string_view word, std::string_view text) {
-        for (std::size_t i = text.find(word[0]); i != text.npos; i = text.find(word[0], i + 1))
-            starts_.push_back({static_cast<std::int32_t>(i), -1});
-        for (std::size_t k = starts_.size(); k-- > 0;) {
-            const auto i = static_cast<std::size_t>(starts_[k].at);
-            std::size_t a = 0;
-            while (a < word.size() && i + a < text.size() && text[i + a] == word[a])
-                ++a;
-            if (a == word.size()) {
-                starts_[k].found = starts_[k].at;
-                continue;
-            }
-            // The search goes on behind the character that broke the match.
-            std::size_t next = k + 1;
-            while (next < starts_.size() && static_cast<std::size_t>(starts_[next].at) <= i + a)
-                ++next;
-            if (next < starts_.size())
-                starts_[k].found = starts_[next].found;
-        }
-    }
-
-    // Where the word is found from `start` on, or -1.
-    std::ptrdiff_t From(std::ptrdiff_t start) {
-        while (next_ < starts_.size() && starts_[next_].at < start)
-            ++next_;
-        return next_ < starts_.size() ? starts_[next_].found : -1;
-    }
-
-private:
-    struct Start {
-        std::int32_t at;
-        std::int32_t found;
-    };
-    std::vector<Start> starts_;
-    std::size_t next_ = 0;
-};
-
 // One walk over a text. What is finished stands in `out_`; `at_` is the first character of the
-// text not yet taken over. The next rule is searched from `scan_`, an index of `out_`: between it
-// and the end of `out_` there is at most a line end or a blank and a number, which no search sees.
+// text that is not yet taken over. A search for the next word starts at `scan_`, a place in `out_`:
+// only a line end, or a blank and a number, may stand behind it, and no word begins in those.
 class Renumbering {
 public:
-    explicit Renumbering(std::string_view text)
-        : text_(text), rules_(kRule, text), ends_(kEndRule, text) {
+    explicit Renumbering(std::string_view text) : text_(text), next_end_(FindStr(kEndRule, text)) {
         out_.reserve(text.size() + text.size() / 8);
     }
 
     RenumberedRules Run() {
-        for (std::ptrdiff_t r = rules_.From(0); r != -1; r = rules_.From(at_)) {
-            const std::ptrdiff_t e = ends_.From(at_);
+        for (std::ptrdiff_t r = NextRule(); r != -1; r = NextRule()) {
+            const std::ptrdiff_t e = NextEnd();
             const std::size_t start = e != -1 && e < r ? StrayEnd(e) : Rule(r, e);
             AddSize(start);
         }
@@ -75,6 +32,18 @@ public:
     }
 
 private:
+    // The first "Rule" from `at_` on, or -1.
+    std::ptrdiff_t NextRule() const { return FindStr(kRule, text_, at_); }
+
+    // The first "EndRule" from `at_` on, or -1. The one found last is kept until `at_` has passed
+    // it, or every rule would search for a far one again. A new search would not find another: it
+    // never starts inside a half match.
+    std::ptrdiff_t NextEnd() {
+        if (next_end_ != -1 && next_end_ < at_)
+            next_end_ = FindStr(kEndRule, text_, at_);
+        return next_end_;
+    }
+
     int Number() const { return static_cast<int>(result_.sizes.size()) + 1; }
 
     void CopyTo(std::ptrdiff_t end) {
@@ -91,7 +60,7 @@ private:
     std::size_t Rule(std::ptrdiff_t r, std::ptrdiff_t e) {
         CopyTo(r + std::ssize(kRule));
         const std::size_t start = out_.size() - kRule.size();
-        const std::ptrdiff_t q = rules_.From(at_);
+        const std::ptrdiff_t q = NextRule();
         const bool open = e == -1 || (q != -1 && q < e);
         if (!open) {
             PutNumber(e);
@@ -111,9 +80,10 @@ private:
         const std::size_t end = out_.size();
         const bool seen = FindStr(kEndRule, out_, static_cast<std::ptrdiff_t>(scan_)) != -1;
         out_ += kLineEnd;
-        // Behind the beginning of another "EndRule" the new one is not found: then the rule
-        // reaches to the next one that is. Without any the walk goes on behind the new one.
-        const std::ptrdiff_t e = seen ? -1 : ends_.From(at_);
+        // Where the text before it ends with the beginning of the word, as with "E", a search
+        // misses the new "EndRule". Then the rule reaches to the next one that is found; if there
+        // is none, the walk goes on behind the new one.
+        const std::ptrdiff_t e = seen ? -1 : NextEnd();
         if (e == -1)
             scan_ = end;
         else
@@ -132,8 +102,8 @@ private:
             scan_ = out_.size();
             return static_cast<std::size_t>(r);
         }
-        // Behind the beginning of another "Rule" the new one is not found: the end of "EndRule" is
-        // taken for the rule.
+        // Where the text before it ends with the beginning of the word, as with "R", a search
+        // misses the new "Rule": the one in "EndRule" is taken for it.
         const std::size_t start = out_.size() - kRule.size();
         PutNumber(std::ssize(text_));
         return start;
@@ -158,14 +128,13 @@ private:
     static bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
     void AddSize(std::size_t start) {
-        const std::ptrdiff_t q = rules_.From(at_);
+        const std::ptrdiff_t q = NextRule();
         const std::size_t next = q == -1 ? scan_ : out_.size() + static_cast<std::size_t>(q - at_);
         result_.sizes.push_back(static_cast<std::int32_t>(next - start));
     }
 
     std::string_view text_;
-    Finds rules_;
-    Finds ends_;
+    std::ptrdiff_t next_end_;
     std::string out_;
     std::ptrdiff_t at_ = 0;
     std::size_t scan_ = 0;

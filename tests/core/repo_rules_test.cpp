@@ -2,6 +2,7 @@
 #include "core_test.h"
 
 #include <map>
+#include <regex>
 #include <set>
 
 namespace {
@@ -135,7 +136,7 @@ TEST(RepoRules, EveryIdentifierInTheResourcesIsNamed) {
 std::vector<std::string> Sources() {
     std::vector<std::string> sources;
     for (const char* folder :
-         {"shell", "project", "system", "resources", "build", "language", "morv", "examples"})
+         {"shell", "project", "system", "resources", "build", "language", "morv", "console", "examples"})
         for (const auto& entry : fs::recursive_directory_iterator(kSources / folder))
             if (entry.path().extension() == ".cpp" || entry.path().extension() == ".h")
                 sources.push_back(fs::relative(entry.path(), kSources).generic_string());
@@ -210,6 +211,19 @@ TEST(RepoRules, TheLanguageIncludesNothingElse) {
     EXPECT_GE(seen, 4u);
 }
 
+TEST(RepoRules, TheConsoleIncludesTheCoreAndTheLanguageOnly) {
+    std::size_t seen = 0;
+    for (const std::string& file : Sources()) {
+        if (!IsIn(file, "console"))
+            continue;
+        ++seen;
+        ExpectIncludes(file, [](const std::string& name) {
+            return IsIn(name, "console") || IsIn(name, "language") || IsCore(name);
+        });
+    }
+    EXPECT_GE(seen, 20u);
+}
+
 // The project's files by what they include.
 using Graph = std::map<std::string, std::vector<std::string>>;
 
@@ -258,6 +272,37 @@ TEST(RepoRules, NoFileIncludesItselfByWayOfOthers) {
         }
     const std::vector<std::string> circle = AnyCircle(graph);
     EXPECT_TRUE(circle.empty()) << testing::PrintToString(circle);
+}
+
+// The paths in back-quotes of a page: what has a '/' and nothing that a path of this repository
+// does not have. What lies in out/ is built and may be missing.
+std::vector<std::string> PathsNamedIn(const std::string& page) {
+    static const std::regex quoted(R"(`(?:\./)?([\w.][\w./]*)`)");
+    std::vector<std::string> paths;
+    for (std::sregex_iterator found(page.begin(), page.end(), quoted), end; found != end; ++found) {
+        const std::string path = (*found)[1];
+        const bool here = found->str().starts_with("`./") || path.find('/') != path.npos;
+        if (here && !path.starts_with("out/"))
+            paths.push_back(path);
+    }
+    return paths;
+}
+
+TEST(RepoRules, ThePathSearchSeesPaths) {
+    EXPECT_EQ(PathsNamedIn("`./run` and `a/b.cpp`, `c/`; `d`, `//`, `C:\\e`, `out/f`, `x / y`"),
+              (std::vector<std::string>{"run", "a/b.cpp", "c/"}));
+}
+
+TEST(RepoRules, ThePagesNamePathsThatExist) {
+    std::vector<fs::path> pages = FilesIn("docs", {".md"});
+    pages.push_back(kSources / "README.md");
+    std::size_t seen = 0;
+    for (const fs::path& page : pages)
+        for (const std::string& path : PathsNamedIn(ReadText(page))) {
+            ++seen;
+            EXPECT_TRUE(fs::exists(kSources / path)) << page.filename() << " names " << path;
+        }
+    EXPECT_GE(seen, 100u);
 }
 
 } // namespace

@@ -45,14 +45,13 @@ void EqualsItselfInPieces(const std::string& text, std::size_t cut, Lexical anul
 
 // Every stop of the scanner as its place and words.
 std::vector<std::pair<std::size_t, WordSet>> Stops(std::string_view text, std::size_t piece) {
-    const WordScanner& scanner = WordScanner::Shared();
-    WordScanner::State state = WordScanner::kStart;
+    WordScanner scanner;
     std::vector<std::pair<std::size_t, WordSet>> stops;
     for (std::size_t from = 0; from < text.size(); from += piece) {
         const std::string_view part = text.substr(from, piece);
         const char* const end = part.data() + part.size();
-        for (auto stop = scanner.Run(state, part.data(), end); stop.at != end;
-             stop = scanner.Run(state, stop.at + 1, end))
+        for (auto stop = scanner.Next(part.data(), end); stop.at != end;
+             stop = scanner.Next(stop.at + 1, end))
             stops.emplace_back(stop.at - text.data(), stop.words);
     }
     return stops;

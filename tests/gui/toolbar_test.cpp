@@ -1,5 +1,6 @@
 // The toolbar, which is there on Windows 98 only.
 #include "tests/gui/driver/failure.h"
+#include "tests/gui/driver/input.h"
 #include "tests/gui/driver/screenshot.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
@@ -91,6 +92,36 @@ TEST_F(ToolbarTest, NewProjectAndSystem) {
     Press(app, TB_NEW_MORV);
     EXPECT_EQ(app.ExpectBox("There is Opened MORV Project", "New MORV Project").owner, app.Frame());
     app.Finish();
+}
+
+TEST_F(ToolbarTest, AButtonIsClickedWithThePointer) {
+    App& app = Run(Kind::Win98);
+    PointerClick(app.Process(), GetDlgItem(Toolbar(app), TB_NEW_MORV), {12, 12});
+    app.Process().WaitFor("the new project", [&] { return app.HasChild(kProject); });
+    PointerClick(app.Process(), GetDlgItem(Toolbar(app), TB_NEW_SYSTEM), {12, 12});
+    app.Process().WaitFor("the new system", [&] { return app.HasChild(kSystem); });
+}
+
+// Handles have more than 16 bits here, so all of what activation says is another number than they
+// had in the older convention.
+TEST_F(ToolbarTest, TheMenuFollowsAWindowThatIsActivatedWithThePointer) {
+    App& app = Run(Kind::Win98);
+    app.Command(CM_NEW_MORV);
+    app.Command(CM_NEW_SYSTEM);
+    app.Command(CM_CASCADE);
+    // The title of the back window is in sight left of the front one's.
+    const auto activate = [&](const char* window) {
+        PointerClick(app.Process(), app.Child(window), {60, -GetSystemMetrics(SM_CYCAPTION) / 2});
+        app.Process().WaitFor("the activation",
+                              [&] { return ClassOf(app.Children().front()) == window; });
+    };
+    activate(kProject);
+    EXPECT_FALSE(app.IsGrey(CM_SAVE_MORV));
+    EXPECT_TRUE(app.IsGrey(CM_SAVE_SYSTEM));
+    app.Command(CM_CASCADE);
+    activate(kSystem);
+    EXPECT_TRUE(app.IsGrey(CM_SAVE_MORV));
+    EXPECT_FALSE(app.IsGrey(CM_SAVE_SYSTEM));
 }
 
 TEST_F(ToolbarTest, OpenProjectAndSystem) {

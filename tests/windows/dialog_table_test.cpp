@@ -1,5 +1,8 @@
 // What the dialogs share: their table, their own state, their colours.
 #include "dialog_test.h"
+#include "tests/core/core_test.h"
+
+#include <new>
 
 namespace {
 
@@ -53,6 +56,15 @@ TEST_F(RunDialogTableTest, LeavesWhatHasNoEntryToTheDialogManager) {
     EXPECT_FALSE(Send(plain_, WM_DESTROY));
     EXPECT_FALSE(Send(plain_, WM_SIZE));
     EXPECT_EQ(steps, "");
+}
+
+TEST_F(RunDialogTableTest, LetsNoExceptionOut) {
+    constexpr DialogAction actions[] = {{1, BN_CLICKED, [](HWND) { throw std::bad_alloc(); }}};
+    const DialogTable table = {.open = Note<'o'>, .actions = actions};
+    Boxes boxes;
+    EXPECT_FALSE(Send(table, WM_COMMAND, MAKEWPARAM(1, BN_CLICKED)));
+    EXPECT_EQ(boxes.shown, std::vector<std::string>{"WARNING: Not enough memory"});
+    EXPECT_EQ(boxes.messages[0].owner, nullptr);
 }
 
 // Counts how many there are.

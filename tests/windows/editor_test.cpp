@@ -204,6 +204,7 @@ TEST_F(EditorTest, AtExitEveryChangedEditorIsAskedFor) {
     EXPECT_EQ(temp_.Content("a.cpp"), "first");
     EXPECT_EQ(temp_.Content("c.cpp"), "third");
     EXPECT_FALSE(files::Exists(temp_.Path("b.cpp").c_str()));
+    DestroyEditors();
     EXPECT_EQ(EditState, 0);
     EXPECT_EQ(TopChild(first), nullptr);
 }

@@ -50,10 +50,9 @@ protected:
         add(buffer);
     }
     // Double-clicks a row of a document's list.
-    static void Open(HWND child, int row, void (*edit)(int, const char*)) {
-        ListRows rows(TopChild(child));
-        rows.Select(row);
-        edit(row, rows.RowText(row).c_str());
+    static void Open(HWND child, int row, void (*edit)()) {
+        ListRows(TopChild(child)).Select(row);
+        edit();
     }
     static void OpenProjectRow(int row) { Open(Project.hwndPro, row, EditItem); }
     static void OpenSystemRow(int row) { Open(System.hwndSys, row, EditItem2); }

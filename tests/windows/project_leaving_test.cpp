@@ -19,7 +19,8 @@ TEST_F(ProjectLeaving, CloseAndExitStopWhenTheProjectIsGone) {
         choices.Meanwhile(
             [] {
                 Project.MORVmod = 0;
-                CloseMORV(hFrame);
+                EXPECT_EQ(CloseMORV(hFrame), 1); // it is asked for already
+                Project.DestroyPro();
                 DestroyMdiP();
                 NewMORV(hFrame);
             },

@@ -31,6 +31,20 @@ void MouseDoubleClick(HWND hwnd, POINT place) {
     PostClick(hwnd, WM_LBUTTONDBLCLK, place);
 }
 
+void PointerClick(const Program& program, HWND hwnd, POINT place) {
+    ClientToScreen(hwnd, &place);
+    program.WaitFor("the pointer at its place", [&] {
+        POINT now{};
+        SetCursorPos(place.x, place.y);
+        return GetCursorPos(&now) && now.x == place.x && now.y == place.y;
+    });
+    INPUT inputs[2]{};
+    inputs[0].type = inputs[1].type = INPUT_MOUSE;
+    inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    inputs[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    SendInput(2, inputs, sizeof inputs[0]);
+}
+
 void Key(WORD code, WORD held) {
     if (held)
         SendKey(held, 0);

@@ -1,0 +1,14 @@
+// The words of the command line, and the command that they name.
+#pragma once
+
+#include "console/report.h"
+
+#include <string>
+#include <vector>
+
+namespace console {
+
+// Runs the command that `words` name (without the program's own name). Returns the exit code.
+int Run(const std::vector<std::string>& words, const Report& report);
+
+} // namespace console

@@ -1,0 +1,160 @@
+#include "console/code_page.h"
+#include "console/drives.h"
+#include "shell/core/files.h"
+
+#include <algorithm>
+#include <dirent.h>
+#include <filesystem>
+#include <unistd.h>
+
+namespace console {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<Drive> g_drives;
+
+// An absolute path without "." and "..", and without a last '/'.
+std::string Plain(const std::string& host) {
+    std::error_code ignored;
+    std::string plain = fs::absolute(host, ignored).lexically_normal().string();
+    while (plain.size() > 1 && plain.back() == '/')
+        plain.pop_back();
+    return plain;
+}
+
+char Capital(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+const Drive* DriveOf(char letter) {
+    const auto found = std::find_if(g_drives.begin(), g_drives.end(), [&](const Drive& drive) {
+        return drive.letter == Capital(letter);
+    });
+    return found == g_drives.end() ? nullptr : &*found;
+}
+
+bool Exists(const std::string& local) {
+    return access(local.c_str(), F_OK) == 0;
+}
+
+// How the folder spells `name` (in the code page), in whatever case; as it is when it has no such
+// file.
+std::string SpeltIn(const std::string& folder, const std::string& name) {
+    const std::string utf8 = ToUtf8(name);
+    DIR* const dir = opendir(folder.empty() ? "." : folder.c_str());
+    if (!dir)
+        return utf8;
+    const std::string wanted = Folded(name);
+    std::string found = utf8;
+    while (const dirent* entry = readdir(dir)) {
+        const std::optional<std::string> there = FromUtf8(entry->d_name);
+        // Of several the first in order, so that every run takes the same.
+        if (there && Folded(*there) == wanted && (found == utf8 || entry->d_name < found))
+            found = entry->d_name;
+    }
+    closedir(dir);
+    return found;
+}
+
+// Walks `rest`, names between '/', below `local`.
+std::string Below(std::string local, std::string_view rest) {
+    const std::string straight = local + ToUtf8(rest);
+    if (Exists(straight))
+        return straight;
+    while (!rest.empty()) {
+        const std::size_t start = rest.find_first_not_of('/');
+        if (start == rest.npos)
+            return local + std::string(rest);
+        local += rest.substr(0, start);
+        rest.remove_prefix(start);
+        const std::string name(rest.substr(0, rest.find('/')));
+        const std::string utf8 = ToUtf8(name);
+        local += Exists(local + utf8) ? utf8 : SpeltIn(local, name);
+        rest.remove_prefix(name.size());
+    }
+    return local;
+}
+
+std::string LocalName(const char* path) {
+    std::string local = path;
+    std::replace(local.begin(), local.end(), '\\', '/');
+    if (local.size() < 2 || local[1] != ':')
+        return Below("", local);
+    const Drive* const drive = DriveOf(local[0]);
+    if (!drive)
+        return local; // there is no such file
+    const std::string folder = drive->folder == "/" ? "" : drive->folder;
+    local.replace(0, 2, local.size() > 2 && local[2] == '/' ? "" : "/");
+    return Below(folder, local);
+}
+
+bool LiesIn(const std::string& path, const std::string& folder) {
+    return folder == "/" || path == folder || path.starts_with(folder + '/');
+}
+
+// The folder drive_c of the Wine prefix that `path` lies in; empty without one.
+std::string DriveCOf(const std::string& path) {
+    const std::string with_end = path + '/';
+    const std::size_t at = with_end.rfind("/drive_c/");
+    return at == with_end.npos ? "" : with_end.substr(0, at + 8);
+}
+
+} // namespace
+
+std::optional<Drive> DriveIn(std::string_view text) {
+    if (text.size() < 3 || text[1] != '=' || Capital(text[0]) < 'A' || Capital(text[0]) > 'Z')
+        return std::nullopt;
+    Drive drive{Capital(text[0]), Plain(std::string(text.substr(2)))};
+    std::error_code ignored;
+    if (!fs::is_directory(drive.folder, ignored))
+        return std::nullopt;
+    return drive;
+}
+
+void UseDrives(std::vector<Drive> drives, const std::vector<std::string>& hosts) {
+    g_drives = std::move(drives);
+    for (const std::string& host : hosts) {
+        const std::string drive_c = DriveCOf(Plain(host));
+        if (!drive_c.empty() && !DriveOf('C'))
+            g_drives.push_back({'C', drive_c});
+    }
+    if (!DriveOf('Z'))
+        g_drives.push_back({'Z', "/"});
+    files::SetPathMap(LocalName);
+}
+
+std::string ProjectPath(const std::string& host) {
+    const std::string plain = Plain(host);
+    const Drive* best = nullptr;
+    for (const Drive& drive : g_drives)
+        if (LiesIn(plain, drive.folder) && (!best || drive.folder.size() > best->folder.size()))
+            best = &drive;
+    const std::string rest = !best                 ? plain
+                             : best->folder == "/" ? plain
+                                                   : plain.substr(best->folder.size());
+    // A name that the code page lacks stays as it is, and no file is found under it.
+    std::string path = FromUtf8(rest).value_or(rest);
+    std::replace(path.begin(), path.end(), '/', '\\');
+    if (path.empty())
+        path = "\\";
+    return best ? std::string{best->letter, ':'} + path : path;
+}
+
+std::string FullHostText(const std::string& path) {
+    return Plain(LocalName(path.c_str()));
+}
+
+std::string HostText(const std::string& path) {
+    if (path.size() > 1 && path[1] == ':' && !DriveOf(path[0]))
+        return ToUtf8(path); // a drive that is nowhere
+    const std::string full = FullHostText(path);
+    std::error_code failed;
+    const std::string here = fs::current_path(failed).string();
+    return !failed && here != "/" && full != here && LiesIn(full, here)
+               ? full.substr(here.size() + 1)
+               : full;
+}
+
+} // namespace console

@@ -1,0 +1,26 @@
+#include "console/report.h"
+
+#include "console/drives.h"
+#include "shell/core/files.h"
+
+#include <cstring>
+
+namespace console {
+
+int Report::Stop(const std::string& file, const std::string& reason) const {
+    err << OneLine("zentrikc: " + (file.empty() ? "" : HostText(file) + ": ") + reason) << '\n';
+    return kStopped;
+}
+
+std::string LastReason() {
+    return std::strerror(files::LastError());
+}
+
+std::string OneLine(std::string text) {
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f')
+            c = ' ';
+    return text;
+}
+
+} // namespace console
