@@ -8,9 +8,6 @@ namespace gui {
 
 namespace {
 
-// Controls of the system's file dialogs.
-constexpr int kFileName = 1148;
-
 HWND FindDialog(const Program& program, const std::string& title) {
     for (HWND dialog : Dialogs(program)) {
         char text[300] = "";

@@ -24,6 +24,8 @@ constexpr char kProject[] = "Projec";
 constexpr char kSystem[] = "Dial";
 constexpr char kMessages[] = "Message";
 
+constexpr int kFileName = 1148; // the field for the name in the system's file dialogs
+
 // A message box as it stands on the screen.
 struct Box {
     HWND hwnd;

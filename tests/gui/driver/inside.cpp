@@ -53,15 +53,22 @@ Inside::Inside(const Program& program) : program_(program) {
     library_ = LoadLibraryA((OwnFolder() + "\\gui_spy.dll").c_str());
     if (!answer_ || !library_)
         Fail("gui_spy.dll cannot be used");
-    const auto hook = reinterpret_cast<HOOKPROC>(
-        reinterpret_cast<void*>(GetProcAddress(library_, spy::kHookName)));
-    hook_ = SetWindowsHookExA(WH_CALLWNDPROC, hook, library_, program.ThreadId());
-    if (!hook_)
+    hook_ = Hook(WH_CALLWNDPROC, spy::kHookName);
+    queue_hook_ = Hook(WH_GETMESSAGE, spy::kQueueHookName);
+}
+
+HHOOK Inside::Hook(int kind, const char* function) const {
+    const auto procedure =
+        reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(GetProcAddress(library_, function)));
+    HHOOK hook = SetWindowsHookExA(kind, procedure, library_, program_.ThreadId());
+    if (!hook)
         Fail("the program cannot be hooked");
+    return hook;
 }
 
 Inside::~Inside() {
     UnhookWindowsHookEx(hook_);
+    UnhookWindowsHookEx(queue_hook_);
     FreeLibrary(library_);
     UnmapViewOfFile(answer_);
     CloseHandle(mapping_);
@@ -71,6 +78,15 @@ std::string Inside::Ask(HWND hwnd, WPARAM question) {
     static const UINT message = RegisterWindowMessageA(spy::kMessageName);
     program_.Send(hwnd, message, question);
     return answer_;
+}
+
+void Inside::PostMark(HWND hwnd) {
+    static const UINT message = RegisterWindowMessageA(spy::kMarkName);
+    PostMessageA(hwnd, message, ++mark_, 0);
+}
+
+bool Inside::Passed(HWND hwnd) const {
+    return GetPropA(hwnd, spy::kMarkName) == reinterpret_cast<HANDLE>(mark_);
 }
 
 std::vector<MenuItem> Inside::Menu(HWND frame) {

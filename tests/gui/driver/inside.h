@@ -1,4 +1,5 @@
-// What can be learnt only inside the program: its menu and the icons of its message boxes.
+// What can be learnt only inside the program: its menu, the icons of its message boxes, and how far
+// it is with what was posted to it.
 #pragma once
 
 #include "shell/core/messages.h"
@@ -30,12 +31,20 @@ public:
     std::vector<MenuItem> Menu(HWND frame);
     char StockIcon(HWND control); // as spy::StockIcon says
 
+    // Posts a mark to a window of the program. Passed: the program has taken it from its queue, and
+    // with it all that was posted before.
+    void PostMark(HWND hwnd);
+    bool Passed(HWND hwnd) const;
+
 private:
     std::string Ask(HWND hwnd, WPARAM question);
+    HHOOK Hook(int kind, const char* function) const;
 
     const Program& program_;
     HMODULE library_ = nullptr;
     HHOOK hook_ = nullptr;
+    HHOOK queue_hook_ = nullptr;
+    UINT_PTR mark_ = 0; // the last one posted
     HANDLE mapping_ = nullptr;
     const char* answer_ = nullptr;
 };

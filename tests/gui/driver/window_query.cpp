@@ -38,12 +38,14 @@ std::string ClassOf(HWND hwnd) {
     return name;
 }
 
-std::string TextOf(HWND hwnd) {
-    const LRESULT length = SendMessageA(hwnd, WM_GETTEXTLENGTH, 0, 0);
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    const LRESULT got =
-        SendMessageA(hwnd, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(got));
+std::string TextOf(HWND hwnd, DWORD patience) {
+    const auto ask = [&](UINT message, WPARAM size, LPARAM text) -> std::size_t {
+        DWORD_PTR answer = 0;
+        SendMessageTimeoutA(hwnd, message, size, text, SMTO_NORMAL, patience, &answer);
+        return answer;
+    };
+    std::string text(ask(WM_GETTEXTLENGTH, 0, 0) + 1, '\0');
+    text.resize(ask(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data())));
     return text;
 }
 
@@ -82,6 +84,7 @@ std::vector<HWND> Dialogs(const Program& program) {
 }
 
 std::string Describe(const std::vector<HWND>& windows) {
+    constexpr DWORD kShort = 500; // the program may be the one that does not answer
     std::string text;
     for (HWND hwnd : windows) {
         char title[300] = "";
@@ -90,7 +93,7 @@ std::string Describe(const std::vector<HWND>& windows) {
         if (ClassOf(hwnd) == "#32770")
             for (HWND child : ChildrenOf(hwnd))
                 if (ClassOf(child) == "Static")
-                    text.append(" '").append(TextOf(child)).append("'");
+                    text.append(" '").append(TextOf(child, kShort)).append("'");
         text += "] ";
     }
     return text;

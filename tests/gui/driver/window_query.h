@@ -10,7 +10,9 @@
 namespace gui {
 
 std::string ClassOf(HWND hwnd);
-std::string TextOf(HWND hwnd); // of a window or a control, any length
+
+// Of a window or a control, any length; empty when the program does not answer.
+std::string TextOf(HWND hwnd, DWORD patience = kPatience);
 
 // Direct children, topmost first.
 std::vector<HWND> ChildrenOf(HWND hwnd);

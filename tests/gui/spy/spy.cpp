@@ -80,3 +80,12 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK SpyHook(int code, WPARAM wPara
         AnswerQuestion(*message);
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
+
+extern "C" __declspec(dllexport) LRESULT CALLBACK
+    SpyQueueHook(int code, WPARAM wParam, LPARAM lParam) {
+    static const UINT mark = RegisterWindowMessageA(spy::kMarkName);
+    const auto* message = reinterpret_cast<const MSG*>(lParam);
+    if (code == HC_ACTION && wParam == PM_REMOVE && message->message == mark)
+        SetPropA(message->hwnd, spy::kMarkName, reinterpret_cast<HANDLE>(message->wParam));
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}

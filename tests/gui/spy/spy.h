@@ -11,6 +11,12 @@ constexpr char kMessageName[] = "ZentrikSpyQuestion";
 constexpr char kAnswerPrefix[] = "ZentrikSpyAnswer."; // followed by the program's process id
 constexpr char kHookName[] = "SpyHook";
 
+// A second registered message is posted to a window; when the program takes it from its queue the
+// window gets a property of this name with the message's wParam. All that was posted before has
+// been taken then, and is handled or has opened a dialog.
+constexpr char kMarkName[] = "ZentrikSpyMark";
+constexpr char kQueueHookName[] = "SpyQueueHook";
+
 enum Question : WPARAM {
     // The menu of the window as lines "depth TAB id TAB type TAB state TAB text LF", each popup
     // followed by its items one deeper.
