@@ -106,12 +106,15 @@ bool Replacement::Prepare(Part& part) {
     return !part.fresh.empty();
 }
 
-// Keeps the old content at hand, also beside when it will be wanted there.
+// Keeps the old content at hand, also beside when it will be wanted there. A file that goes needs
+// no copy: it is kept itself.
 void Replacement::CopyOld(Part& part) {
-    if (!part.there || part.goes)
+    if (!part.there)
         return;
-    const bool read = ReadWhole(part.place.c_str(), Mode::Read, part.old);
-    if (read && part.before == Before::Kept && !part.old.empty() && part.old != part.content)
+    part.read = ReadWhole(part.place.c_str(), Mode::Read, part.old);
+    if (part.old.empty() || part.old == part.content)
+        part.before = Before::Dropped;
+    if (!part.goes && part.before == Before::Kept)
         part.copy = WriteBeside(part.path, part.old);
 }
 
@@ -137,8 +140,11 @@ void Replacement::TakeBack(Part& part) {
             Remove(place);
     } else if (!part.second.empty()) {
         RenameOver(part.second.c_str(), place);
-    } else if (!part.goes) {
-        Rewrite(part.place, part.old);
+    } else if (!part.goes && part.read) {
+        if (part.copy.empty())
+            part.copy = WriteBeside(part.place, part.old);
+        if (TakePlace(part.copy.c_str(), place))
+            part.copy.clear();
     }
 }
 
@@ -149,7 +155,7 @@ void Replacement::Finish(Part& part) {
         NameBackup(part.second, part.path);
         return;
     }
-    if (!part.goes && !part.second.empty()) {
+    if (!part.goes && part.read && !part.second.empty()) {
         const bool done = Rewrite(part.second, part.content);
         if (!done)
             Rewrite(part.second, part.old); // for its other names

@@ -49,7 +49,8 @@ private:
         Before before;
         std::string place{};  // the path behind links
         bool there = false;   // whether there is an old file
-        std::string old{};    // its content
+        std::string old{};    // its content, once it is
+        bool read = false;    // which may not be possible
         std::string fresh{};  // the new file beside; empty once it is at its place
         std::string copy{};   // the copy of the old one beside
         std::string second{}; // the old file's second name

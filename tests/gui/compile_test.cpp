@@ -131,6 +131,27 @@ TEST_F(CompileTest, ReportsASourceThatCannotBeMade) {
     ExpectFailure(Missing("main.cpp"), {{"Main File Error", kRule}, {kMissing, kGetErr}, last});
 }
 
+TEST_F(CompileTest, WritesOverNoSourceOfTheProject) {
+    const std::string own = "// the user's work\r\n";
+    App& app = RunSample([&](const WorkFolder& work) {
+        const std::string path = work.Path("plant.mrv");
+        ProjectFile project;
+        ReadProject(path.c_str(), project);
+        SetText(project.head.MainName, work.Path("plantR.cpp"));
+        PutFile(work.Path("plantR.cpp"), own);
+        if (!WriteProject(path.c_str(), project))
+            Fail("cannot write " + path);
+    });
+    app.Start(CM_COMPILE);
+    Expect(app, {{"Creation file error", kRule},
+                 {kDenied, kGetErr},
+                 {"Rules.cpp creation error", kCompile},
+                 {"Error de Compilacio", "Zentrik 2.0a"}});
+    app.Finish();
+    EXPECT_EQ(FileContent(app.Path("plantR.cpp")), own);
+    EXPECT_FALSE(FileExists(app.Path("plantR.h")));
+}
+
 TEST_F(CompileTest, ASystemMarkedReadOnlyCannotBeOpened) {
     App& app = RunSample();
     const ReadOnlyFile mark(app.Path("tank.lse"));
