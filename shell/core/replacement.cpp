@@ -17,17 +17,22 @@ std::string NameBeside(const std::string& path, int number) {
     return path.substr(0, std::min(path.size(), folder + kStart)) + ".~" + std::to_string(number);
 }
 
+// Empty where every name is taken: beside a device all are that device.
 std::string FreeNameBeside(const std::string& path) {
-    int number = 1;
-    while (Exists(NameBeside(path, number).c_str()))
-        ++number;
-    return NameBeside(path, number);
+    constexpr int kMost = 1000;
+    for (int number = 1; number <= kMost; ++number)
+        if (std::string name = NameBeside(path, number); !Exists(name.c_str()))
+            return name;
+    SetLastError(EACCES);
+    return {};
 }
 
 // Creates a file beside `path`. Returns its descriptor, or -1.
 int CreateBeside(const std::string& path, std::string& name) {
     for (;;) {
         name = FreeNameBeside(path);
+        if (name.empty())
+            return -1;
         const int han = Open(name.c_str(), Mode::CreateNew);
         if (han != -1 || LastError() != EEXIST)
             return han;
