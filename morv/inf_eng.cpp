@@ -100,6 +100,12 @@ void System::Add(Rule* rules, const char* const* numbers, int count) {
     for (int i = 0; i < count; ++i) {
         rules[i].system = this;
         rules[i].number = numbers != nullptr ? numbers[i] : "";
+        for (const Source* source = rules[i].sources;
+             source != nullptr && (source->fact != nullptr || source->result != nullptr); ++source)
+            if (source->fact != nullptr)
+                source->fact->AddReader(rules[i]);
+            else
+                source->result->AddReader(rules[i]);
     }
     rules_.push_back({rules, count});
 }
@@ -210,8 +216,14 @@ Entered::~Entered() {
 }
 
 Left RunRules(Rule* rules, int count) {
+    // Within blocks of another system a rule concludes less certainly.
+    const bool outermost = hot.scope == nullptr;
+    const bool all = !outermost || Now().trace;
     for (int i = 0; i < count; ++i) {
+        if (rules[i].clean && !all)
+            continue;
         const Entered entered(rules[i]);
+        rules[i].clean = outermost && rules[i].sources != nullptr;
         const Left left = rules[i].run(rules[i]);
         if (left.left)
             return left;
@@ -221,6 +233,7 @@ Left RunRules(Rule* rules, int count) {
 
 Run::Run(System& system) : system_(system), from_(Now().changes.size()), trace_(hot.trace) {
     ++Now().rounds;
+    system.run = hot.tick;
     hot.reading = hot.computing = false;
     hot.trace = IsTraced(system, nullptr);
 }
