@@ -62,14 +62,6 @@ void Trace(const std::string& line) {
     Output(std::string(depth * 2, ' ') + line);
 }
 
-void TraceBranch(const char* name) {
-    // The line stands with its condition, not within the branch.
-    const Scope* branch = hot.scope;
-    hot.scope = branch->outer;
-    Trace(name);
-    hot.scope = const_cast<Scope*>(branch);
-}
-
 std::string Number(double value) {
     char text[40];
     std::snprintf(text, sizeof text, "%.6g", value);
@@ -180,6 +172,32 @@ bool Any::Next() {
     }
     fact_ = facts_[next_++];
     return true;
+}
+
+// A line that stands with the block around what runs.
+static void TraceBranch(const char* name) {
+    const Scope* branch = hot.scope;
+    hot.scope = branch->outer;
+    Trace(name);
+    hot.scope = const_cast<Scope*>(branch);
+}
+
+Within::Within(Rule* rule, const Condition* condition, const DATAFACT* each, const char* branch)
+    : scope_{hot.scope, hot.path, hot.read_count, rule, condition, each, branch} {
+    hot.scope = &scope_;
+}
+
+Within::~Within() {
+    hot.path = scope_.path;
+    hot.read_count = scope_.reads;
+    hot.scope = scope_.outer;
+}
+
+Branch::Branch(const Condition& condition, const char* name)
+    : Within(nullptr, &condition, nullptr, name) {
+    if (hot.trace)
+        TraceBranch(name);
+    hot.path = std::min(hot.path, condition.Certainty());
 }
 
 Each::Each(const DATAFACT* fact) : Within(nullptr, nullptr, fact, nullptr) {

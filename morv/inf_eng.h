@@ -227,24 +227,15 @@ private:
     DATAFACT* first_ = nullptr;
 };
 
-void TraceBranch(const char* name);
-
 // What runs until the end of a block.
 class Within {
 public:
     Within(const Within&) = delete;
     Within& operator=(const Within&) = delete;
-    ~Within() {
-        hot.path = scope_.path;
-        hot.read_count = scope_.reads;
-        hot.scope = scope_.outer;
-    }
+    ~Within();
 
 protected:
-    Within(Rule* rule, const Condition* condition, const DATAFACT* each, const char* branch)
-        : scope_{hot.scope, hot.path, hot.read_count, rule, condition, each, branch} {
-        hot.scope = &scope_;
-    }
+    Within(Rule* rule, const Condition* condition, const DATAFACT* each, const char* branch);
 
 private:
     Scope scope_;
@@ -253,13 +244,7 @@ private:
 // A branch of a block: what it concludes is no more certain than its condition.
 class Branch : Within {
 public:
-    Branch(const Condition& condition, const char* name)
-        : Within(nullptr, &condition, nullptr, name) {
-        if (hot.trace)
-            TraceBranch(name);
-        if (condition.Certainty() < hot.path)
-            hot.path = condition.Certainty();
-    }
+    Branch(const Condition& condition, const char* name);
 };
 
 // One round of ForAll.

@@ -47,8 +47,8 @@ std::string Tick(double a, double ca, double b, double cb) {
     std::string holding = ", ";
     for (const DATAFACTRESULT* result : morv::Now().results)
         if (result->certainty() > 0)
-            holding += std::string(result->text) + " (" +
-                       morv::CertaintyWord(result->certainty()) + "), ";
+            holding +=
+                std::string(result->text) + " (" + morv::CertaintyWord(result->certainty()) + "), ";
     return holding;
 }
 
