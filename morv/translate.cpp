@@ -289,7 +289,8 @@ private:
             ChangesSettings(system.text.rest.text) || ChangesSettings(extern_.code);
         std::vector<Complaint> complaints;
         system.parts =
-            TranslateBlocks(system.text.rest.text, system.text.rest.line, system.name, complaints);
+            TranslateBlocks(system.text.rest.text, system.text.rest.line, system.name, complaints,
+                            WordsOf(extern_.code, false).count("Poked") == 0);
         for (const Complaint& complaint : complaints)
             Complain(complaint.line, complaint.text);
         return system;
