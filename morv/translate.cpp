@@ -313,8 +313,9 @@ private:
                 const std::vector<LineText>& values = system.text.settings[i].values;
                 text += Mark(system.name + ".fact-" + fact, values[0].line - 1, system.name);
                 text += "{&" + fact + ", " + Quoted(fact);
-                for (const LineText& value : values)
-                    text += ",\n" + value.text;
+                text += ",\n(int)" + values[0].text; // a number of any size
+                for (auto value = values.begin() + 1; value != values.end(); ++value)
+                    text += ",\n" + value->text;
                 text += "},\n";
             } else
                 text += "{&" + fact + ", " + Quoted(fact) +
