@@ -1,8 +1,8 @@
 // Stands in for the API main and DDE on the host. Each argument is "tick", or item=value for a
 // poke.
 #include "ddecom.h"
-#include "explain.h"
 #include "shell.h"
+#include "state.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,11 +23,10 @@ void put_box(char* text) {
 
 static void TellWhatHolds(int tick) {
     std::string holding;
-    for (const std::string& name : morv::Names()) {
-        const std::string state = morv::StateText(name);
-        if (state.compare(0, 2, "1 ") == 0)
-            holding += (holding.empty() ? "" : ", ") + name + " (" + state.substr(2) + ")";
-    }
+    for (const DATAFACTRESULT* result : morv::Now().results)
+        if (result->certainty() > 0)
+            holding += (holding.empty() ? "" : ", ") + std::string(result->text) + " (" +
+                       morv::CertaintyWord(result->certainty()) + ")";
     std::printf("Tick %d: %s\n", tick, holding.empty() ? "nothing holds" : holding.c_str());
 }
 
