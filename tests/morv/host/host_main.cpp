@@ -2,13 +2,15 @@
 // poke.
 #include "ddecom.h"
 #include "shell.h"
+#include "state.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 void morv::Output(const std::string& line) {
-    std::puts(line.c_str());
+    if (line.compare(0, 5, "Tick ") != 0) // what holds is told as a whole
+        std::puts(line.c_str());
 }
 
 void put_box(const char* text) {
@@ -19,11 +21,22 @@ void put_box(char* text) {
     put_box(static_cast<const char*>(text));
 }
 
+static void TellWhatHolds(int tick) {
+    std::string holding;
+    for (const DATAFACTRESULT* result : morv::Now().results)
+        if (result->certainty() > 0)
+            holding += (holding.empty() ? "" : ", ") + std::string(result->text) + " (" +
+                       morv::CertaintyWord(result->certainty()) + ")";
+    std::printf("Tick %d: %s\n", tick, holding.empty() ? "nothing holds" : holding.c_str());
+}
+
 int main(int count, char** words) {
+    int ticks = 0;
     for (int i = 1; i < count; ++i) {
         char* value = std::strchr(words[i], '=');
         if (value == nullptr) {
             morv::Tick();
+            TellWhatHolds(++ticks);
             continue;
         }
         NewData(std::atoi(words[i]), value + 1);
