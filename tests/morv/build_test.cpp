@@ -274,7 +274,7 @@ TEST_F(Build, OnAFullDiskTheProgramStays) {
     PutRules("A.assign(3, FULL);");
     std::string log;
     {
-        const SmallFiles full(100);
+        const SmallFiles full(150);
         log = Run(false);
     }
     EXPECT_NE(log.find("is the disk full?\r\nzkcc: failed\r\n"), std::string::npos) << log;
