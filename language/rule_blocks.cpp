@@ -57,9 +57,11 @@ std::string CommentText(const std::string& comment) {
 class Blocks {
 public:
     Blocks(const std::string& text, int line, const std::string& system,
-           std::vector<Complaint>& complaints)
+           std::vector<Complaint>& complaints, bool poked)
         : tokens_(Tokens(text)), first_line_(line), system_(system), complaints_(complaints) {
         MarkAssignments();
+        if (poked)
+            MarkPoked();
         Next(false);
     }
 
@@ -352,11 +354,22 @@ private:
         return tokens_.size();
     }
 
+    // Whether the word at `at` may name an object or a function.
+    bool IsObjectName(std::size_t at) const {
+        static const char* const words[] = {"if",     "while",     "for",  "switch", "return",
+                                            "sizeof", "else",      "case", "do",     "Then",
+                                            "Else",   "Otherwise", "Rule", "throw",  "EndForAll"};
+        if (at >= tokens_.size() || tokens_[at].kind != Token::Word)
+            return false;
+        const std::string& word = tokens_[at].text;
+        return (word[0] < '0' || word[0] > '9') && !IsEndOfIf(word) &&
+               std::none_of(std::begin(words), std::end(words),
+                            [&](const char* each) { return word == each; });
+    }
+
     // Where the expression whose last token is at `last` begins: names, calls and what stands in
     // brackets, joined by ".", "->" and "::". The size when that is not sure.
     std::size_t ObjectStart(std::size_t last) const {
-        static const char* const words[] = {"if",     "while", "for",  "switch", "return",
-                                            "sizeof", "else",  "case", "do"};
         const std::size_t none = tokens_.size();
         std::size_t start = none;
         for (std::size_t at = last;;) {
@@ -365,15 +378,14 @@ private:
                 if (at == none)
                     return none;
                 const std::size_t before = Solid(at, -1);
-                const bool joined = before < none && (tokens_[before].kind == Token::Word ||
-                                                      Is(before, ")") || Is(before, "]"));
+                const bool joined = IsObjectName(before) || Is(before, "]") ||
+                                    (Is(before, ")") && IsObjectName(Solid(Opening(before), -1)));
                 if (!joined)
                     break;
                 at = before;
             }
             if (at < none && tokens_[at].kind == Token::Word) {
-                if (std::any_of(std::begin(words), std::end(words),
-                                [&](const char* word) { return Is(at, word); }))
+                if (!IsObjectName(at))
                     return start;
                 start = at;
             } else if (start == none)
@@ -418,6 +430,19 @@ private:
         }
     }
 
+    // Poked(ITEM) asks the runtime about an item that there must be.
+    void MarkPoked() {
+        for (std::size_t at = 0; at < tokens_.size(); ++at) {
+            const std::size_t open = Solid(at, 1), item = Solid(open, 1);
+            if (!Is(at, "Poked") || !Is(open, "(") || !Is(Solid(item, 1), ")") ||
+                tokens_[item].kind != Token::Word || MemberMark(at) < tokens_.size())
+                continue;
+            before_[at] += "morv::";
+            before_[item] += "(static_cast<void>(DDEinfo.";
+            after_[item] += "), " + Quoted(tokens_[item].text) + ")";
+        }
+    }
+
     void Conclude(const std::string& name) {
         const auto [outer, otherwise] = Around();
         parts_.back().conclusions.push_back({name, outer, otherwise});
@@ -452,8 +477,8 @@ private:
 } // namespace
 
 std::vector<Part> TranslateBlocks(const std::string& text, int line, const std::string& system,
-                                  std::vector<Complaint>& complaints) {
-    return Blocks(text, line, system, complaints).All();
+                                  std::vector<Complaint>& complaints, bool poked) {
+    return Blocks(text, line, system, complaints, poked).All();
 }
 
 std::string RulePlace(const std::string& system, const std::string& rule, int line) {

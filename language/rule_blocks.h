@@ -39,9 +39,10 @@ struct Part {
 
 // Translates the text between a Begin line and its EndSystem, whose first line has the number
 // `line`. The code refers to `morv_rule`, the rule's entry in the tables of the runtime, and to
-// `morv_site`, its conditions. `system` is named in complaints.
+// `morv_site`, its conditions. `system` is named in complaints. `poked` says that Poked(ITEM) has
+// no meaning of the project's own.
 std::vector<Part> TranslateBlocks(const std::string& text, int line, const std::string& system,
-                                  std::vector<Complaint>& complaints);
+                                  std::vector<Complaint>& complaints, bool poked);
 
 // "steam, rule 3, line 2", the line counted within the rule.
 std::string RulePlace(const std::string& system, const std::string& rule, int line);

@@ -176,7 +176,7 @@ std::string NamedIn(const std::string& text) {
         const DATAFACT* fact = word.empty() ? nullptr : FactOf(word);
         const DATAFACTRESULT* result = word.empty() ? nullptr : ResultOf(word);
         if ((fact != nullptr || result != nullptr) && told.insert(word).second)
-            all += (all.empty() ? "  [" : "; ") +
+            all += (all.empty() ? " [" : "; ") +
                    (fact != nullptr ? InWords(*fact) : result->Told(0, result->certainty()));
         word.clear();
     }

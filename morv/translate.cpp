@@ -289,7 +289,8 @@ private:
             ChangesSettings(system.text.rest.text) || ChangesSettings(extern_.code);
         std::vector<Complaint> complaints;
         system.parts =
-            TranslateBlocks(system.text.rest.text, system.text.rest.line, system.name, complaints);
+            TranslateBlocks(system.text.rest.text, system.text.rest.line, system.name, complaints,
+                            WordsOf(extern_.code, false).count("Poked") == 0);
         for (const Complaint& complaint : complaints)
             Complain(complaint.line, complaint.text);
         return system;
@@ -312,8 +313,9 @@ private:
                 const std::vector<LineText>& values = system.text.settings[i].values;
                 text += Mark(system.name + ".fact-" + fact, values[0].line - 1, system.name);
                 text += "{&" + fact + ", " + Quoted(fact);
-                for (const LineText& value : values)
-                    text += ",\n" + value.text;
+                text += ",\n(int)" + values[0].text; // a number of any size
+                for (auto value = values.begin() + 1; value != values.end(); ++value)
+                    text += ",\n" + value->text;
                 text += "},\n";
             } else
                 text += "{&" + fact + ", " + Quoted(fact) +

@@ -213,6 +213,99 @@ TEST_F(Blocks, TheTraceTellsWhichOppositeIsTakenBack) {
         << Joined(g_lines);
 }
 
+TEST_F(Blocks, WhyGoesDownToTheItem) {
+    Tick(10, HIGH, 0, 0);
+    morv::NoteInput("A", "90");
+    Tick(90, HIGH, 0, 0);
+    const std::string tick = std::to_string(morv::hot.tick);
+    EXPECT_EQ(Joined(morv::Why("IF_TRUE")),
+              "IF_TRUE holds (HIGH)\n"
+              "  deduced in tick " +
+                  tick +
+                  " by rule 1 of blocks: If and Else, with EndIf in a comment and in a text\n"
+                  "    If A.value() > A.fact_value.high : true (HIGH)\n"
+                  "      A = 90 %, highest (HIGH)\n"
+                  "        from item A = 90, poked in tick " +
+                  tick + "\n");
+    EXPECT_EQ(morv::Why("NOSUCH"),
+              std::vector<std::string>{"there is no fact and no result NOSUCH"});
+}
+
+TEST_F(Blocks, WhyTellsWhatAValueWasComputedFrom) {
+    Tick(60, FULL, 9, FULL);
+    const std::string why = Joined(morv::Why("Sum"));
+    EXPECT_NE(why.find("assigned in tick"), std::string::npos) << why;
+    EXPECT_NE(why.find("    computed from\n      A = 60 %, normal (FULL)\n"), std::string::npos)
+        << why;
+}
+
+TEST_F(Blocks, WhyNotTellsTheFirstConditionThatFailedOrIsUnknown) {
+    Tick(60, FULL, 9, 0);
+    EXPECT_EQ(Joined(morv::WhyNot("NESTED")),
+              "NESTED does not hold\n"
+              "  rule 6 of blocks, If B.value() > 8.0 is unknown [B unknown]\n");
+    Tick(10, FULL, 9, FULL);
+    EXPECT_EQ(Joined(morv::WhyNot("NESTED")),
+              "NESTED does not hold\n"
+              "  rule 6 of blocks, If A.value() > 50.0 is false [A = 10 %, lowest (FULL)]\n");
+}
+
+TEST_F(Blocks, ATickTellsWhatBeginsAndEndsToHoldAndActionsThatChange) {
+    Tick(10, FULL, 0, 0);
+    Tick(60, FULL, 0, 0);
+    const std::string tick = "Tick " + std::to_string(morv::hot.tick) + ": ";
+    const std::string told = Joined(g_lines);
+    EXPECT_NE(told.find(tick + "OR_TRUE holds (FULL)\n"), std::string::npos) << told;
+    EXPECT_NE(told.find(tick + "V = 80 %, high (FULL)\n"), std::string::npos) << told;
+    EXPECT_EQ(g_lines.size(), morv::Changes().size());
+    Tick(60, FULL, 0, 0);
+    EXPECT_EQ(told.find("ANY_WORN"), std::string::npos);
+}
+
+TEST_F(Blocks, WhatIsLessCertainDoesNotTakeBack) {
+    DATAFACTRESULT result;
+    deduce(&result, HIGH);
+    morv::hot.path = LOW;
+    retract(&result);
+    EXPECT_EQ(result.certainty(), HIGH);
+    morv::hot.path = FULL;
+    retract(&result);
+    EXPECT_EQ(result.certainty(), 0);
+}
+
+TEST_F(Blocks, AValueThatIsNoNumberIsUnknown) {
+    EXPECT_NOT(Tick(std::nan(""), FULL, 0, 0), "IF_TRUE");
+    EXPECT_EQ(morv::StateText("A"), "nan NULL");
+}
+
+TEST_F(Blocks, AFactKnowsHowLongAgoItWasGivenAValue) {
+    DATAFACT fact;
+    EXPECT_GT(fact.age(), 1000000000);
+    fact.assign(1, FULL);
+    EXPECT_EQ(fact.age(), 0);
+    Tick(0, 0, 0, 0);
+    EXPECT_EQ(fact.age(), 1);
+}
+
+TEST_F(Blocks, AnItemThatWasNeverPokedReadsAsUnknown) {
+    morv::Read();
+    EXPECT_FALSE(morv::Poked("never"));
+    EXPECT_EQ(morv::hot.rests_on, 0);
+    morv::NoteInput("sometimes", "3");
+    morv::Read();
+    EXPECT_TRUE(morv::Poked("sometimes"));
+    EXPECT_EQ(morv::hot.rests_on, FULL);
+    morv::hot.reading = false;
+    morv::hot.read_count = 0;
+}
+
+TEST_F(Blocks, NamesAreAllFactsAndThenAllResults) {
+    const std::vector<std::string> names = morv::Names();
+    ASSERT_EQ(names.size(), 6u + 13);
+    EXPECT_EQ(names[0], "A");
+    EXPECT_EQ(names[6], "IF_TRUE");
+}
+
 TEST_F(Blocks, TheTraceTellsAReadingOnceAndOneWhoseNameIsPartOfAnotherToo) {
     DATAFACT w1, w12;
     w1.text = "W1";

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <set>
+#include <sstream>
 
 namespace {
 
@@ -12,8 +14,8 @@ constexpr char kHeader[] =
 // A generated source with these rules; the rules start in line 9.
 std::string Source(const std::string& rules) {
     return "//\r\n#include \"pR.h\"\r\n//- System Declaration\r\nInference_Engine_1 plant;\r\n"
-           "//- Systems Implementation\r\nBegin Inference_Engine_1 ZkSystem\r\n\r\n"
-           "\tstatic DATAFACT *PF, A, B;\r\n" +
+           "//- Systems Implementation\r\nBegin Inference_Engine_1 ZkSystem\r\n"
+           "\t//- Facts declaration\r\n\tstatic DATAFACT *PF, A, B;\r\n" +
            rules + "\r\nEndSystem\r\nvoid MORVmain()\r\n{\r\nplant.engine();\r\n}\r\n";
 }
 
@@ -25,6 +27,23 @@ std::string Text(const std::string& source) {
     return morv::Translate(source, "pR.cpp", kHeader).sources.front().text;
 }
 
+// All sources but the first.
+std::string Pieces(const std::string& rules) {
+    std::string text;
+    const morv::Translation translation = morv::Translate(Source(rules), "pR.cpp", kHeader);
+    for (std::size_t i = 1; i < translation.sources.size(); ++i)
+        text += translation.sources[i].text;
+    return text;
+}
+
+bool Has(const std::string& text, const std::string& what) {
+    return text.find(what) != std::string::npos;
+}
+
+std::vector<std::string> Notes(const std::string& rules) {
+    return morv::Translate(Source(rules), "pR.cpp", kHeader).notes;
+}
+
 using Texts = std::vector<std::string>;
 
 TEST(Translate, LeavesEverythingOutsideTheSystemsAsItIs) {
@@ -33,26 +52,86 @@ TEST(Translate, LeavesEverythingOutsideTheSystemsAsItIs) {
     EXPECT_NE(text.find("morv_results({{&GOOD, \"GOOD\"}, {&BAD, \"BAD\"}});\n#line 3"),
               std::string::npos)
         << text;
-    EXPECT_NE(text.find("static DATAFACT *PF, A, B; PF = morv::NoFact(); Facts({{&A, \"A\"}, {&B, "
-                        "\"B\"}});"),
-              std::string::npos)
-        << text;
     EXPECT_NE(text.find("\nvoid MORVmain()\n{\nplant.engine();\n}\n"), std::string::npos) << text;
 }
 
-TEST(Translate, KeepsEveryRuleOnItsLine) {
+// The line of the source that a compiler means by the first line with `mark`.
+int LineOf(const morv::Translation& translation, const std::string& mark) {
+    for (const morv::Piece& piece : translation.sources) {
+        std::istringstream lines(piece.text);
+        std::string label;
+        int number = 0;
+        for (std::string line; std::getline(lines, line); ++number) {
+            if (line.compare(0, 6, "#line ") == 0) {
+                number = std::stoi(line.substr(6)) - 1;
+                label = line.substr(line.find('"') + 1);
+                label.pop_back();
+            } else if (Has(line, mark)) {
+                for (const morv::Place& place : translation.places)
+                    if (place.label == label)
+                        return place.line + number - 1;
+                return number;
+            }
+        }
+    }
+    return 0;
+}
+
+TEST(Translate, KnowsTheLineOfEverything) {
     const std::string rules =
         "Rule 1\r\n  IfOr (a, // one\r\n    b)\r\n  Then\r\n    x;\r\n  EndIfOr\r\n"
-        "EndRule\r\nint marked;";
-    const std::string text = Text(Source(rules));
-    const std::size_t from = text.find("#line 6 \"pR.cpp\"\n"); // of the Begin line
-    ASSERT_NE(from, std::string::npos) << text;
-    const std::size_t to = text.find("int marked;");
-    ASSERT_NE(to, std::string::npos) << text;
-    // The mark is in line 16, 10 lines after Begin.
-    EXPECT_EQ(std::count(text.begin() + static_cast<std::ptrdiff_t>(from),
-                         text.begin() + static_cast<std::ptrdiff_t>(to), '\n'),
-              11);
+        "EndRule\r\nint marked;\r\nRule 2\r\n  two;\r\nEndRule\r\n";
+    for (const char* more : {"", "this;"}) { // each rule for itself, and the system as a whole
+        const morv::Translation translation =
+            morv::Translate(Source(rules + more), "pR.cpp", kHeader);
+        EXPECT_EQ(LineOf(translation, "    x;"), 13);
+        EXPECT_EQ(LineOf(translation, "int marked;"), 16);
+        EXPECT_EQ(LineOf(translation, "  two;"), 18);
+        EXPECT_EQ(LineOf(translation, "plant.engine();"), 24);
+    }
+}
+
+std::set<std::string> RuleTexts(const std::string& rules) {
+    std::set<std::string> texts;
+    for (const morv::Piece& piece : morv::Translate(Source(rules), "pR.cpp", kHeader).sources)
+        if (piece.name != "rules.cpp")
+            texts.insert(piece.text);
+    return texts;
+}
+
+std::string ManyRules(int from, int to, int added) {
+    std::string rules;
+    for (int i = from; i < to; ++i)
+        rules += "Rule " + std::to_string(i + added) + "\r\n  x" + std::to_string(i) +
+                 ";\r\nEndRule\r\n";
+    return rules;
+}
+
+TEST(Translate, ANewRuleChangesOnlyTheSourceThatItGoesInto) {
+    const std::set<std::string> before = RuleTexts(ManyRules(1, 2000, 0));
+    const std::set<std::string> after = RuleTexts(
+        ManyRules(1, 900, 0) + "Rule 900\r\n  between;\r\nEndRule\r\n" + ManyRules(900, 2000, 1));
+    EXPECT_GT(before.size(), 5u);
+    int same = 0;
+    for (const std::string& text : after)
+        same += before.count(text) != 0;
+    EXPECT_GE(same, static_cast<int>(before.size()) - 3);
+}
+
+TEST(Translate, BuildsASystemWholeWhoseRulesNeedTheFunctionAroundThem) {
+    EXPECT_EQ(Notes("Rule 1\r\nA.assign(1, FULL);\r\nEndRule"), Texts{});
+    EXPECT_EQ(Notes("if (hora[0] != 0) {\r\nRule 1\r\nreturn 3;\r\nEndRule\r\n}"), Texts{});
+    EXPECT_EQ(Notes("double x = A.value();\r\nRule 1\r\ny(B.value());\r\nEndRule"), Texts{});
+    for (const char* rules :
+         {"double x = 3;\r\nRule 1\r\nf(x);\r\nEndRule", "Rule 1\r\ngoto end;\r\nEndRule\r\nend:;",
+          "for (;;) {\r\nRule 1\r\nbreak;\r\nEndRule\r\n}", "Rule 1\r\n#define X 1\r\nEndRule",
+          "int n = 0, m = 1;\r\nRule 1\r\nf(m);\r\nEndRule", "Rule 1\r\n{\r\nEndRule\r\n}",
+          "struct S {};\r\nRule 1\r\nEndRule", "Rule 1\r\nf(this);\r\nEndRule",
+          "double A2 = 1; auto [u, v] = f();\r\nRule 1\r\nu;\r\nEndRule"}) {
+        const Texts notes = Notes(rules);
+        ASSERT_EQ(notes.size(), 1u) << rules;
+        EXPECT_EQ(notes[0].find("plant is built whole: "), 0u) << notes[0];
+    }
 }
 
 TEST(Translate, AProjectWithoutResultsEndsTheDeclarationInItsHeader) {
@@ -71,28 +150,31 @@ TEST(Translate, BlockWordsInTextsCommentsAndLongerWordsMeanNothing) {
 
 TEST(Translate, RefusesBlocksThatDoNotFit) {
     EXPECT_EQ(Errors("Rule 1\r\nIf (a) Then EndIfOr EndIf\r\nEndRule"),
-              Texts{"pR.cpp:10: EndIfOr where EndIf is due"});
-    EXPECT_EQ(Errors("Rule 1\r\nIf (a)\r\nEndIf\r\nEndRule"), Texts{"pR.cpp:11: If without Then"});
-    EXPECT_EQ(Errors("Rule 1\r\nThen\r\nEndRule"), Texts{"pR.cpp:10: Then without an If"});
+              Texts{"pR.cpp:10: plant, rule 1, line 2: EndIfOr where EndIf is due"});
+    EXPECT_EQ(Errors("Rule 1\r\nIf (a)\r\nEndIf\r\nEndRule"),
+              Texts{"pR.cpp:11: plant, rule 1, line 3: If without Then"});
+    EXPECT_EQ(Errors("Rule 1\r\nThen\r\nEndRule"),
+              Texts{"pR.cpp:10: plant, rule 1, line 2: Then without an If"});
     EXPECT_EQ(Errors("Rule 1\r\nIf (a) Then Else Else EndIf\r\nEndRule"),
-              Texts{"pR.cpp:10: Else without Then"});
+              Texts{"pR.cpp:10: plant, rule 1, line 2: Else without Then"});
     EXPECT_EQ(Errors("EndForAll"), Texts{"pR.cpp:9: EndForAll without its beginning"});
     EXPECT_EQ(Errors("Rule 1\r\nForAll (X)\r\n"),
-              (Texts{"pR.cpp:9: Rule without EndRule", "pR.cpp:10: ForAll without EndForAll"}));
+              (Texts{"pR.cpp:9: plant, rule 1, line 1: Rule without EndRule",
+                     "pR.cpp:10: plant, rule 1, line 2: ForAll without EndForAll"}));
 }
 
 TEST(Translate, RefusesBracketsThatDoNotFit) {
     EXPECT_EQ(Errors("Rule 1\r\nIf a Then EndIf\r\nEndRule"),
-              Texts{"pR.cpp:10: If without its brackets"});
+              Texts{"pR.cpp:10: plant, rule 1, line 2: If without its brackets"});
     EXPECT_EQ(Errors("Rule 1\r\nIf (a, b) Then EndIf\r\nEndRule"),
-              Texts{"pR.cpp:10: If with 2 expressions"});
+              Texts{"pR.cpp:10: plant, rule 1, line 2: If with 2 expressions"});
     EXPECT_EQ(Errors("Rule 1\r\nIfAny (TYPE) Then EndIfAny\r\nEndRule"),
-              Texts{"pR.cpp:10: IfAny with 1 expressions"});
+              Texts{"pR.cpp:10: plant, rule 1, line 2: IfAny with 1 expressions"});
     EXPECT_EQ(Errors("Rule 1\r\nIfOr (a, ) Then EndIfOr\r\nEndRule"),
-              Texts{"pR.cpp:10: IfOr with an empty expression"});
+              Texts{"pR.cpp:10: plant, rule 1, line 2: IfOr with an empty expression"});
     EXPECT_EQ(Errors("Rule 1\r\nIfOr (f(a, b), c[1, 2]) Then EndIfOr\r\nEndRule"), Texts{});
     EXPECT_EQ(Errors("Rule 1\r\nForAll (TYPE").front(),
-              "pR.cpp:10: ForAll whose bracket is not closed");
+              "pR.cpp:10: plant, rule 1, line 2: ForAll whose bracket is not closed");
 }
 
 TEST(Translate, ARuleHasANumber) {
@@ -104,13 +186,22 @@ TEST(Translate, ARuleHasANumber) {
 
 TEST(Translate, AnAssignedValueIsSeenWhateverStandsBetween) {
     const auto code = [](const std::string& rules) {
-        return Text(Source("Rule 1\r\n" + rules + "\r\nEndRule"));
+        return Pieces("Rule 1\r\n" + rules + "\r\nEndRule");
     };
-    for (const char* rules :
-         {"A.assign(1, FULL);", "A . assign(1, FULL);", "PF -> assign(1, FULL);",
-          "PF->/* now */assign(1, FULL);", "A.\r\n  assign(1, FULL);"})
-        EXPECT_NE(code(rules).find("computed().assign(1, FULL);"), std::string::npos) << rules;
-    EXPECT_EQ(code("assign(1, FULL);").find("computed()"), std::string::npos);
+    for (const auto& [rules, object] :
+         {std::pair{"A.assign(1, FULL);", "morv::Computed(A)."},
+          {"A . assign(1, FULL);", "morv::Computed(A) . "},
+          {"if (x) PF -> assign(1, FULL);", "if (x) morv::Computed(PF) -> "},
+          {"PF->/* now */assign(1, FULL);", "morv::Computed(PF)->"},
+          {"A.\r\n  assign(1, FULL);", "morv::Computed(A)."},
+          {"if (x) (*PF).assign(1, FULL);", "if (x) morv::Computed((*PF))."},
+          {"(*PF).assign(1, FULL);", "morv::Computed((*PF))."},
+          {"pick(A, 1)[2].assign(1, FULL);", "morv::Computed(pick(A, 1)[2])."},
+          {"s.inner->list[3].assign(1, FULL);", "morv::Computed(s.inner->list[3])."},
+          {"std::string(\"x\").assign(1, 'a');", "morv::Computed(std::string(\"x\"))."}})
+        EXPECT_TRUE(Has(code(rules), object)) << rules << code(rules);
+    EXPECT_FALSE(Has(code("assign(1, FULL);"), "Computed"));
+    EXPECT_FALSE(Has(code("f<int>(x).assign(1);"), "Computed"));
 }
 
 TEST(Translate, RefusesAResultWithTheNameOfACertainty) {
@@ -125,6 +216,31 @@ TEST(Translate, TakesAnyText) {
     for (std::size_t length = 0; length <= whole.size(); ++length)
         morv::Translate(whole.substr(0, length), "pR.cpp", kHeader);
     EXPECT_FALSE(morv::Translate(whole, "pR.cpp", kHeader).errors.empty());
+}
+
+// Tokens in any order are never more than complaints.
+TEST(Translate, TakesTokensInAnyOrder) {
+    static const char* const words[] = {
+        "Rule ",  "1 ",       "EndRule ", "If ",        "(",       ")",         "Then ",   "Else ",
+        "EndIf ", "IfAny ",   "ForAll ",  "EndForAll ", "A",       ".assign(",  "->",      "::",
+        "[",      "]",        "{",        "}",          ";",       "\"",        "'",       "//",
+        "/*",     "*/",       "\r\n",     "#",          "\\",      "deduce(&",  "GOOD",    ",",
+        "IfOr ",  "EndIfOr ", "Poked(",   "R\"(",       "return ", "struct x ", "double ", "="};
+    unsigned seed = 1;
+    for (int text = 0; text < 600; ++text) {
+        std::string rules;
+        for (int i = 0; i < 60; ++i) {
+            seed = seed * 1664525u + 1013904223u;
+            rules += words[(seed >> 16) % std::size(words)];
+        }
+        const std::string whole = Source(rules);
+        morv::Translate(whole, "pR.cpp", kHeader);
+        // The same in the place of extern code.
+        std::string source = Source("");
+        const std::size_t at = source.find("//- Systems Implementation");
+        morv::Translate(source.insert(at, "//- Extern Functions\r\n" + rules + "\r\n"), "pR.cpp",
+                        kHeader);
+    }
 }
 
 } // namespace
