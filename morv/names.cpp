@@ -9,9 +9,13 @@ namespace morv {
 
 namespace {
 
-// A word may hold points: a fact may be told with its system, "steam.Pressure".
 bool IsOfName(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+}
+
+void SkipWord(const std::string& line, std::size_t& at) {
+    while (at < line.size() && IsOfName(line[at]))
+        ++at;
 }
 
 } // namespace
@@ -35,16 +39,21 @@ std::string MeantName(const std::string& typed) {
     return meant;
 }
 
+// A fact may be told with its system, as "steam.Pressure".
 std::string NameIn(const std::string& line) {
     const std::vector<std::string> all = Names();
     const std::unordered_set<std::string> names(all.begin(), all.end());
     for (std::size_t at = 0; at < line.size(); ++at) {
         const std::size_t first = at;
-        while (at < line.size() && IsOfName(line[at]))
-            ++at;
-        const std::string word = line.substr(first, at - first);
-        if (names.count(word) > 0)
-            return word;
+        SkipWord(line, at);
+        const std::size_t end = at;
+        if (at < line.size() && line[at] == '.')
+            SkipWord(line, ++at);
+        for (const std::string& word :
+             {line.substr(first, at - first), line.substr(first, end - first)})
+            if (names.count(word) > 0)
+                return word;
+        at = end;
     }
     return {};
 }

@@ -116,6 +116,9 @@ TEST_F(Commands, ANameIsFoundInALine) {
     EXPECT_EQ(morv::NameIn("(Pressure.value() > 10)"), "Pressure");
     EXPECT_EQ(morv::NameIn("HOTTER xHOT HOT_1"), "");
     EXPECT_EQ(morv::NameIn(""), "");
+    TheEngine().states = {{"steam.Flow", "1 FULL"}, {"HOT", "1 FULL"}};
+    EXPECT_EQ(morv::NameIn("the steam.Flow"), "steam.Flow");
+    EXPECT_EQ(morv::NameIn("If (steam.HOT.holds())"), "HOT");
 }
 
 } // namespace
