@@ -76,11 +76,12 @@ public:
             else if (StartsWith(line, "Begin Inference_Engine_"))
                 OneSystem(line);
         }
+        result_.sources.push_back({"rules.cpp", std::move(text_)});
         return std::move(result_);
     }
 
 private:
-    void Out(const std::string& line) { result_.text += line + "\n"; }
+    void Out(const std::string& line) { text_ += line + "\n"; }
 
     // Says that the next line is number `line` of the source.
     std::string LineMark(std::size_t line) const {
@@ -121,7 +122,7 @@ private:
     }
 
     void OneSystem(const std::string& begin) {
-        result_.text.resize(result_.text.size() - begin.size() - 1);
+        text_.resize(text_.size() - begin.size() - 1);
         const std::vector<std::string> words = NamesIn(begin);
         const std::string engine = words.size() > 1 ? words[1] : "";
         const std::size_t first = at_; // the line after Begin, from 0
@@ -143,7 +144,7 @@ private:
         Out("#pragma GCC diagnostic ignored \"-Wunused-but-set-variable\"");
         Out(LineMark(first));
         Out("int " + engine + "::engine() { morv::Run morv_run;");
-        result_.text += code;
+        text_ += code;
         Out("return morv_run.Conclusions(); }");
         Out("#pragma GCC diagnostic pop");
         ++at_;
@@ -165,6 +166,7 @@ private:
     std::map<std::string, std::string> systems_;
     std::size_t at_ = 0; // the next line
     bool included_ = false;
+    std::string text_;
     Translation result_;
 };
 

@@ -79,7 +79,7 @@ private:
         for (const std::string& error : translation.errors)
             Log(error);
         std::ofstream file(translated_, std::ios::binary);
-        file << translation.text;
+        file << translation.sources.front().text;
         file.close();
         if (!file)
             Log("cannot write " + translated_.string());

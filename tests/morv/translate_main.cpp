@@ -20,6 +20,6 @@ int main(int count, char** words) {
         morv::Translate(Content(words[1]), name, Content(words[2]));
     for (const std::string& error : translation.errors)
         std::fprintf(stderr, "%s\n", error.c_str());
-    std::ofstream(words[3], std::ios::binary) << translation.text;
+    std::ofstream(words[3], std::ios::binary) << translation.sources.front().text;
     return translation.errors.empty() ? 0 : 1;
 }

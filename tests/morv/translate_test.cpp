@@ -21,10 +21,14 @@ std::vector<std::string> Errors(const std::string& rules) {
     return morv::Translate(Source(rules), "pR.cpp", kHeader).errors;
 }
 
+std::string Text(const std::string& source) {
+    return morv::Translate(source, "pR.cpp", kHeader).sources.front().text;
+}
+
 using Texts = std::vector<std::string>;
 
 TEST(Translate, LeavesEverythingOutsideTheSystemsAsItIs) {
-    const std::string text = morv::Translate(Source("Rule 1\r\nEndRule"), "pR.cpp", kHeader).text;
+    const std::string text = Text(Source("Rule 1\r\nEndRule"));
     EXPECT_EQ(text.find("#line 1 \"pR.cpp\"\n//\n#include \"pR.h\"\n"), 0u) << text;
     EXPECT_NE(text.find("morv_results({{&GOOD, \"GOOD\"}, {&BAD, \"BAD\"}});\n#line 3"),
               std::string::npos)
@@ -40,7 +44,7 @@ TEST(Translate, KeepsEveryRuleOnItsLine) {
     const std::string rules =
         "Rule 1\r\n  IfOr (a, // one\r\n    b)\r\n  Then\r\n    x;\r\n  EndIfOr\r\n"
         "EndRule\r\nint marked;";
-    const std::string text = morv::Translate(Source(rules), "pR.cpp", kHeader).text;
+    const std::string text = Text(Source(rules));
     const std::size_t from = text.find("#line 6 \"pR.cpp\"\n"); // of the Begin line
     ASSERT_NE(from, std::string::npos) << text;
     const std::size_t to = text.find("int marked;");
@@ -54,7 +58,8 @@ TEST(Translate, KeepsEveryRuleOnItsLine) {
 TEST(Translate, AProjectWithoutResultsEndsTheDeclarationInItsHeader) {
     const morv::Translation translation =
         morv::Translate(Source(""), "pR.cpp", "DATAFACTRESULT\r\n#endif\r\n");
-    EXPECT_NE(translation.text.find("#include \"pR.h\"\nmorv_no_result;\n"), std::string::npos);
+    EXPECT_NE(translation.sources.front().text.find("#include \"pR.h\"\nmorv_no_result;\n"),
+              std::string::npos);
 }
 
 TEST(Translate, BlockWordsInTextsCommentsAndLongerWordsMeanNothing) {
@@ -99,8 +104,7 @@ TEST(Translate, ARuleHasANumber) {
 
 TEST(Translate, AnAssignedValueIsSeenWhateverStandsBetween) {
     const auto code = [](const std::string& rules) {
-        return morv::Translate(Source("Rule 1\r\n" + rules + "\r\nEndRule"), "pR.cpp", kHeader)
-            .text;
+        return Text(Source("Rule 1\r\n" + rules + "\r\nEndRule"));
     };
     for (const char* rules :
          {"A.assign(1, FULL);", "A . assign(1, FULL);", "PF -> assign(1, FULL);",
