@@ -17,10 +17,15 @@ const std::string kRuntimeFolder = "/../../morv";
 
 // The templates, and what a built program is compiled from beside the generated files.
 constexpr const char* kRuntime[] = {
-    "consts1.dat", "consts2.dat",    "consts3.dat",     "ddecom1.dat",   "ddecom2.dat",
-    "ddecom3.dat", "ddecom4.dat",    "apimorv.cpp",     "apimorv.rc",    "datafact.cpp",
-    "datafact.h",  "dde_server.cpp", "dde_server.h",    "dfactres.cpp",  "dfactres.h",
-    "inf_eng.cpp", "inf_eng.h",      "output_list.cpp", "output_list.h", "shell.h",
+    "consts1.dat",      "consts2.dat",     "consts3.dat",    "ddecom1.dat",
+    "ddecom2.dat",      "ddecom3.dat",     "ddecom4.dat",    "apimorv.cpp",
+    "apimorv.rc",       "commands.cpp",    "commands.h",     "console_main.cpp",
+    "datafact.cpp",     "datafact.h",      "dde_server.cpp", "dde_server.h",
+    "dfactres.cpp",     "dfactres.h",      "entry_line.cpp", "entry_line.h",
+    "explain.h",        "inf_eng.cpp",     "inf_eng.h",      "items.cpp",
+    "items.h",          "names.cpp",       "names.h",        "output_list.cpp",
+    "output_list.h",    "program_log.cpp", "program_log.h",  "program_window.cpp",
+    "program_window.h", "session.cpp",     "session.h",      "shell.h",
     "state.h"};
 
 // The compiler utility for Windows: there in what is handed out, not in the sources.

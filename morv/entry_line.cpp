@@ -55,6 +55,8 @@ LRESULT CALLBACK Procedure(HWND entry, UINT message, WPARAM wParam, LPARAM lPara
 } // namespace
 
 HWND MakeEntryLine(HWND parent) {
+    g_lines.clear();
+    g_at = 0;
     const HWND entry = CreateWindowExA(WS_EX_CLIENTEDGE, "EDIT", "",
                                        WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, 0, 0, 0,
                                        0, parent, nullptr, nullptr, nullptr);

@@ -9,6 +9,7 @@
 #include "session.h"
 #include "shell.h"
 
+#include <algorithm>
 #include <deque>
 
 namespace {
@@ -50,11 +51,6 @@ void Hold(bool hold) {
     SetWindowTextA(own.window, (own.use.title + (hold ? " - held" : "")).c_str());
 }
 
-void AskForSteps(long count) {
-    Own().steps += count;
-    SetTimer(Own().window, kSteps, USER_TIMER_MINIMUM, nullptr);
-}
-
 // As many of the ticks asked for as fit into a moment.
 void RunSteps() {
     ProgramWindow& own = Own();
@@ -65,6 +61,12 @@ void RunSteps() {
     }
     if (own.steps == 0)
         KillTimer(own.window, kSteps);
+}
+
+void AskForSteps(long count) {
+    Own().steps += count;
+    SetTimer(Own().window, kSteps, USER_TIMER_MINIMUM, nullptr);
+    RunSteps();
 }
 
 void Do(const std::string& line) {
@@ -92,8 +94,8 @@ void Arrange(int width, int height) {
     const ProgramWindow& own = Own();
     const int entry = EntryHeight(own.entry);
     const ListUpdate update(own.list);
-    MoveWindow(own.list, 0, 0, width, max(height - entry, 0), FALSE);
-    MoveWindow(own.entry, 0, max(height - entry, 0), width, entry, TRUE);
+    MoveWindow(own.list, 0, 0, width, std::max(height - entry, 0), FALSE);
+    MoveWindow(own.entry, 0, std::max(height - entry, 0), width, entry, TRUE);
 }
 
 bool Create(HWND window) {
@@ -158,6 +160,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 } // namespace
 
 bool OpenProgramWindow(HINSTANCE instance, const WindowUse& use) {
+    Own() = {};
     Own().use = use;
     WNDCLASSA window_class{};
     window_class.lpfnWndProc = Procedure;

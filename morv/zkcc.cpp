@@ -24,8 +24,10 @@ constexpr char kResourceCompiler[] = "x86_64-w64-mingw32-windres";
 constexpr char kLog[] = "zkcc.log";
 
 // The sources of the runtime beside the API main.
-constexpr const char* kRuntime[] = {"datafact.cpp", "dde_server.cpp", "dfactres.cpp", "inf_eng.cpp",
-                                    "output_list.cpp"};
+constexpr const char* kRuntime[] = {"commands.cpp",    "datafact.cpp",   "dde_server.cpp",
+                                    "dfactres.cpp",    "entry_line.cpp", "inf_eng.cpp",
+                                    "items.cpp",       "names.cpp",      "output_list.cpp",
+                                    "program_log.cpp", "session.cpp",    "program_window.cpp"};
 
 bool ReadFile(const fs::path& path, std::string& text) {
     std::ifstream file(path, std::ios::binary);

@@ -13,11 +13,14 @@ namespace morv {
 
 void Output(const std::string& line) {
     TheEngine().output.push_back(line);
+    if (TheEngine().shown)
+        TheEngine().shown(line);
 }
 
 void Tick() {
     ++TheEngine().ticks;
-    TheEngine().rules();
+    const std::function<void()> rules = TheEngine().rules; // it may put others in their place
+    rules();
 }
 
 std::vector<std::string> Why(const std::string& name) {

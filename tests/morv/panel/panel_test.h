@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace panel_test {
@@ -16,9 +17,10 @@ struct Engine {
     Lines inputs;      // "ITEM = text", as poked
     std::string trace; // what was asked for last
     int ticks = 0;
-    std::map<std::string, std::string> states; // of facts and results
-    Lines changes;                             // of the tick
-    std::function<void()> rules = [] {};       // what runs in a tick
+    std::map<std::string, std::string> states;     // of facts and results
+    Lines changes;                                 // of the tick
+    std::function<void()> rules = [] {};           // what runs in a tick
+    std::function<void(const std::string&)> shown; // what else takes the lines
 };
 
 Engine& TheEngine();

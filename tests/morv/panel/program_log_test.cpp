@@ -3,6 +3,7 @@
 #include "panel_test.h"
 
 #include <sstream>
+#include <unistd.h>
 
 namespace {
 
@@ -96,9 +97,9 @@ TEST_F(ProgramLog, WithoutALogThatCanBeWrittenLinesGoNowhere) {
     EXPECT_TRUE(fs::is_directory(Path()));
 }
 
+#ifndef _WIN32
+
 TEST_F(ProgramLog, AFullDiskHarmsNothing) {
-    if (!fs::exists("/dev/full"))
-        GTEST_SKIP() << "there is no full device here";
     fs::create_symlink("/dev/full", Path());
     {
         morv::ProgramLog log(Path(), Clock(), 100'000);
@@ -108,5 +109,7 @@ TEST_F(ProgramLog, AFullDiskHarmsNothing) {
     }
     EXPECT_TRUE(fs::is_symlink(Path())) << "what could not be written does not make it older";
 }
+
+#endif
 
 } // namespace
