@@ -71,12 +71,15 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR arguments, int show) {
     const std::wstring program = ProgramPath();
     g_log = std::make_unique<morv::ProgramLog>(program + L".log", DayAndTime);
     morv::Output(Title(program) + " starts");
-    if (!StartDdeServer())
-        morv::Output("DDE does not start");
     const WindowUse use{Title(program), show, static_cast<UINT>(NumberOf("MORV_PERIOD", 1000)),
                         NumberOf("MORV_TICKS", 0), [] { g_log->Flush(); }};
     if (!OpenProgramWindow(instance, use))
         return 1;
+    ShowLine("help, typed below, lists the commands");
+    if (!g_log->IsOpen())
+        ShowLine("the log cannot be written");
+    if (!StartDdeServer())
+        morv::Output("DDE does not start");
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);

@@ -19,6 +19,7 @@ public:
     // as "2026-01-31 23:59:59". Without a log that can be written, lines go nowhere.
     ProgramLog(std::filesystem::path path, Clock clock, std::uintmax_t most = 10'000'000);
 
+    bool IsOpen() const { return file_.is_open(); }
     void Write(const std::string& line);
     void Flush(); // what was written is in the file then; it is also at the end
 

@@ -91,6 +91,7 @@ TEST_F(ProgramLog, AFullLogOfAnEarlierRunMakesRoom) {
 TEST_F(ProgramLog, WithoutALogThatCanBeWrittenLinesGoNowhere) {
     fs::create_directory(Path());
     morv::ProgramLog log(Path(), Clock(), 100);
+    EXPECT_FALSE(log.IsOpen());
     for (int i = 0; i < 10; ++i)
         log.Write(std::string(60, 'z'));
     log.Flush();
