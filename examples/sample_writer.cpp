@@ -2,6 +2,7 @@
 
 #include "build/core/tools_file.h"
 #include "examples/sample_source.h"
+#include "morv/runtime_files.h"
 #include "project/core/project_file.h"
 #include "resources/core/dde_item.h"
 #include "resources/core/variable.h"
@@ -14,19 +15,6 @@ namespace {
 
 // Where the runtime stands, seen from the source of a sample.
 const std::string kRuntimeFolder = "/../../morv";
-
-// The templates, and what a built program is compiled from beside the generated files.
-constexpr const char* kRuntime[] = {
-    "consts1.dat",      "consts2.dat",     "consts3.dat",    "ddecom1.dat",
-    "ddecom2.dat",      "ddecom3.dat",     "ddecom4.dat",    "apimorv.cpp",
-    "apimorv.rc",       "commands.cpp",    "commands.h",     "console_main.cpp",
-    "datafact.cpp",     "datafact.h",      "dde_server.cpp", "dde_server.h",
-    "dfactres.cpp",     "dfactres.h",      "entry_line.cpp", "entry_line.h",
-    "explain.h",        "inf_eng.cpp",     "inf_eng.h",      "items.cpp",
-    "items.h",          "names.cpp",       "names.h",        "output_list.cpp",
-    "output_list.h",    "program_log.cpp", "program_log.h",  "program_window.cpp",
-    "program_window.h", "session.cpp",     "session.h",      "shell.h",
-    "state.h"};
 
 // The compiler utility for Windows: there in what is handed out, not in the sources.
 const std::string kUtility = "zkcc.exe";
@@ -125,11 +113,18 @@ class RuntimeWriter : public FileWriter {
 public:
     RuntimeWriter(const std::string& from, const std::string& to) {
         MakeFolder(to);
-        for (const char* name : kRuntime)
-            Write(to + "\\" + name, WithCrLf(Content(from + "/" + name)));
+        for (const char* name : morv::kRuntimeSources)
+            Put(from, to, name);
+        for (const char* name : morv::kRuntimeOthers)
+            Put(from, to, name);
         const std::string utility = from + "/" + kUtility;
         if (files::Exists(utility.c_str()))
             Write(to + "\\" + kUtility, Content(utility));
+    }
+
+private:
+    void Put(const std::string& from, const std::string& to, const std::string& name) {
+        Write(to + "\\" + name, WithCrLf(Content(from + "/" + name)));
     }
 };
 

@@ -1,6 +1,8 @@
 #include "language/rule_blocks.h"
 
 #include <algorithm>
+#include <cctype>
+#include <utility>
 
 namespace morv {
 
@@ -35,19 +37,40 @@ struct Expression {
     std::string plain; // without comments
 };
 
+// The text of a comment without its marks.
+std::string CommentText(const std::string& comment) {
+    const bool block = comment.compare(0, 2, "/*") == 0;
+    std::string text = comment.substr(2);
+    if (block && text.size() >= 2 && text.compare(text.size() - 2, 2, "*/") == 0)
+        text.resize(text.size() - 2);
+    std::string words;
+    for (const char c : text)
+        if (!std::isspace(static_cast<unsigned char>(c)))
+            words += c;
+        else if (!words.empty() && words.back() != ' ')
+            words += ' ';
+    while (!words.empty() && words.back() == ' ')
+        words.pop_back();
+    return words;
+}
+
 class Blocks {
 public:
-    Blocks(const std::string& text, int line, std::string system,
+    Blocks(const std::string& text, int line, const std::string& system,
            std::vector<Complaint>& complaints)
-        : tokens_(Tokens(text)), first_line_(line), system_(std::move(system)),
-          complaints_(complaints) {}
+        : tokens_(Tokens(text)), first_line_(line), system_(system), complaints_(complaints) {
+        MarkAssignments();
+        Next(false);
+    }
 
-    std::string All() {
+    std::vector<Part> All() {
         while (at_ < tokens_.size())
             One();
         for (const Open& open : open_)
-            complaints_.push_back({open.line, open.word + " without " + open.end});
-        return std::move(out_);
+            ComplainAt(open.line, open.word + " without " + open.end);
+        if (parts_.back().text.empty() && !parts_.back().rule)
+            parts_.pop_back();
+        return std::move(parts_);
     }
 
 private:
@@ -56,18 +79,59 @@ private:
         std::string word, end;
         Stage stage;
         int line;
+        int condition; // of an If
     };
 
-    int Line() const { return first_line_ - 1 + tokens_[std::min(at_, tokens_.size() - 1)].line; }
-    void Complain(const std::string& text) { complaints_.push_back({Line(), text}); }
+    int Line() const {
+        return tokens_.empty() ? first_line_
+                               : first_line_ - 1 + tokens_[std::min(at_, tokens_.size() - 1)].line;
+    }
+
+    void Complain(const std::string& text) { ComplainAt(Line(), text); }
+
+    // Says it with the rule, when there is one.
+    void ComplainAt(int line, const std::string& text) {
+        const Part& part = parts_.back();
+        const bool within = part.rule && !part.number.empty() && line >= part.line;
+        complaints_.push_back(
+            {line,
+             (within ? RulePlace(system_, part.number, line - part.line + 1) + ": " : "") + text});
+    }
+
+    // Begins a new part.
+    void Next(bool rule) {
+        if (!parts_.empty() && parts_.back().text.empty())
+            parts_.pop_back();
+        if (!parts_.empty() && !parts_.back().rule)
+            between_ += static_cast<int>(parts_.back().conditions.size());
+        parts_.emplace_back();
+        parts_.back().rule = rule;
+        parts_.back().line = Line();
+        parts_.back().first_condition = rule ? 0 : between_;
+    }
+
+    void Out(const std::string& code) { parts_.back().code += code; }
+
+    // Passes the next token by; what becomes of it goes to the code.
+    void Pass(const std::string& code) {
+        Out(code);
+        parts_.back().text += tokens_[at_++].text;
+    }
+
+    // As it stands, with what was put around it.
+    void Copy() {
+        const std::string code = (at_ < before_.size() ? before_[at_] : "") + tokens_[at_].text +
+                                 (at_ < after_.size() ? after_[at_] : "");
+        Part& part = parts_.back();
+        if (part.rule && part.title.empty() && tokens_[at_].kind == Token::Comment)
+            part.title = CommentText(tokens_[at_].text);
+        Pass(code);
+    }
 
     void One() {
         const Token& token = tokens_[at_];
-        if (token.kind != Token::Word) {
-            out_ += token.text;
-            ++at_;
-            return;
-        }
+        if (token.kind != Token::Word)
+            return Copy();
         const std::string& word = token.text;
         if (word == "Rule")
             StartRule();
@@ -87,60 +151,85 @@ private:
     void SkipBlanks() {
         while (at_ < tokens_.size() &&
                (tokens_[at_].kind == Token::Blank || tokens_[at_].kind == Token::Comment))
-            out_ += tokens_[at_++].text;
+            Copy();
     }
 
     void Begin(const std::string& word, const std::string& end, Stage stage) {
         if (!open_.empty() && open_.back().stage == Asking)
             Complain(word + " before the Then of " + open_.back().word);
-        open_.push_back({word, end, stage, Line()});
+        open_.push_back({word, end, stage, Line(), -1});
     }
 
     void StartRule() {
         if (!open_.empty())
             Complain("Rule inside " + open_.back().word);
+        else
+            Next(true);
         Begin("Rule", "EndRule", Body);
-        ++at_;
+        Pass("");
         // The number stays on its line; it is all that stands there.
         SkipBlanks();
-        std::string number;
-        if (at_ < tokens_.size() && IsNumber(tokens_[at_].text))
-            number = tokens_[at_++].text;
-        else
-            complaints_.push_back({open_.back().line, "Rule without its number"});
-        out_ += "{ morv::Rule morv_rule(" + Quoted(system_) + ", " + Quoted(number) + ");";
+        if (at_ < tokens_.size() && IsNumber(tokens_[at_].text)) {
+            if (parts_.back().number.empty())
+                parts_.back().number = tokens_[at_].text;
+            Pass("");
+        } else
+            ComplainAt(open_.back().line, "Rule without its number");
     }
 
     void StartForAll() {
         Begin("ForAll", "EndForAll", Body);
-        ++at_;
+        Pass("");
         const std::vector<Expression> types = Brackets("ForAll", 1, 1);
         if (!types.empty())
-            out_ +=
-                "for (DATAFACT* PF : FactsOf(" + types[0].code + ")) { morv::Each morv_each(PF);";
+            Out("for (DATAFACT* PF : morv::FactsOf(morv_rule, " + types[0].code +
+                ")) { const morv::Each morv_each(PF);");
+    }
+
+    // The condition around the next block, and in which of its branches it stands.
+    std::pair<int, bool> Around() const {
+        for (auto open = open_.rbegin(); open != open_.rend(); ++open)
+            if (open->condition >= 0)
+                return {open->condition, open->stage == Failing};
+        return {-1, false};
     }
 
     void StartIf(const IfWord& known) {
         const std::string word = known.word;
+        const auto [outer, otherwise] = Around();
         Begin(word, known.end, Asking);
-        ++at_;
+        Pass("");
         const bool any = word == "IfAny";
         const std::size_t least = any ? 2 : 1;
         const std::size_t most = any ? 2 : word == "If" ? 1 : ~std::size_t{0};
         const std::vector<Expression> parts = Brackets(word, least, most);
         if (parts.empty())
             return;
-        out_ += any ? "{ DATAFACT* PF = morv::NoFact(); " : "{ ";
-        out_ += "morv::Condition morv_if(morv::Kind::" + word + ");";
-        if (any)
-            out_ += " morv_if.Any(FactsOf(" + parts[0].code + "), PF, " + Lambda(parts[1]);
-        else
+        std::vector<ConditionText>& conditions = parts_.back().conditions;
+        open_.back().condition =
+            parts_.back().first_condition + static_cast<int>(conditions.size());
+        const std::string site = "morv_site[" + std::to_string(open_.back().condition) + "]";
+        std::string text;
+        for (const Expression& part : parts)
+            text += (text.empty() ? "" : ", ") + part.plain;
+        conditions.push_back({word, text, outer, otherwise});
+        if (word == "If")
+            Out("{ const morv::Condition morv_if(" + site + ", " + Value(parts[0]) + ");");
+        else if (any)
+            Out("{ DATAFACT* PF = morv::NoFact(); morv::Condition morv_if(" + site +
+                "); for (morv::Any morv_any(morv_if, PF, morv::FactsOf(morv_rule, " +
+                parts[0].code + ")); morv_any.Next(); ) morv_if.Take(" + Quoted(parts[1].plain) +
+                ", " + Value(parts[1]) + ");");
+        else {
+            Out("{ morv::Condition morv_if(" + site + ");");
             for (const Expression& part : parts)
-                out_ += " morv_if.Test(" + Lambda(part);
+                Out(" morv_if.Take(" + Quoted(part.plain) + ", " + Value(part) + ");");
+        }
     }
 
-    static std::string Lambda(const Expression& part) {
-        return Quoted(part.plain) + ", [&] { return static_cast<bool>(" + part.code + "); });";
+    // What an expression is while its reading is watched.
+    static std::string Value(const Expression& part) {
+        return "(morv::Read(), static_cast<bool>(" + part.code + "))";
     }
 
     // Reads the bracketed expressions after a word. Returns none, after a complaint, when there are
@@ -156,6 +245,7 @@ private:
         int depth = 0;
         for (; at_ < tokens_.size(); ++at_) {
             const Token& token = tokens_[at_];
+            parts_.back().text += token.text;
             const bool opens = token.text == "(" || token.text == "[" || token.text == "{";
             const bool closes = token.text == ")" || token.text == "]" || token.text == "}";
             depth += opens ? 1 : closes ? -1 : 0;
@@ -169,23 +259,22 @@ private:
                 parts.emplace_back();
                 continue;
             }
-            parts.back().code += token.text;
+            parts.back().code += before_[at_] + token.text + after_[at_];
             parts.back().plain += token.kind == Token::Comment ? " " : token.text;
         }
-        complaints_.push_back({line, word + " whose bracket is not closed"});
+        ComplainAt(line, word + " whose bracket is not closed");
         return {};
     }
 
     std::vector<Expression> Checked(const std::string& word, std::vector<Expression> parts,
                                     std::size_t least, std::size_t most, int line) {
         if (parts.size() < least || parts.size() > most) {
-            complaints_.push_back(
-                {line, word + " with " + std::to_string(parts.size()) + " expressions"});
+            ComplainAt(line, word + " with " + std::to_string(parts.size()) + " expressions");
             return {};
         }
         for (const Expression& part : parts)
             if (part.plain.find_first_not_of(" \t\r\n") == std::string::npos) {
-                complaints_.push_back({line, word + " with an empty expression"});
+                ComplainAt(line, word + " with an empty expression");
                 return {};
             }
         return parts;
@@ -193,21 +282,24 @@ private:
 
     void StartBranch(const std::string& word) {
         const bool then = word == "Then";
+        std::string code;
         if (open_.empty() || open_.back().stage != (then ? Asking : Holding)) {
             Complain(word + (then ? " without an If" : " without Then"));
         } else if (then) {
             open_.back().stage = Holding;
-            out_ += "morv_if.Decide(); if (morv_if.Holds()) { morv::Branch morv_branch(morv_if, "
-                    "\"Then\");";
+            code = std::string(open_.back().word == "If" ? "" : "morv_if.Decide(); ") +
+                   "if (morv_if.Holds()) { const morv::Branch morv_branch(morv_if, \"Then\");";
         } else {
             open_.back().stage = Failing;
-            out_ += "} else if (morv_if.Fails()) { morv::Branch morv_branch(morv_if, " +
-                    Quoted(word) + ");";
+            code = "} else if (morv_if.Fails()) { const morv::Branch morv_branch(morv_if, " +
+                   Quoted(word) + ");";
         }
-        ++at_;
+        Pass(code);
     }
 
     void End(const std::string& word) {
+        std::string code;
+        bool rule = false;
         if (open_.empty() || open_.back().end != word) {
             Complain(word + (open_.empty() ? " without its beginning"
                                            : " where " + open_.back().end + " is due"));
@@ -215,43 +307,157 @@ private:
             Complain(open_.back().word + " without Then");
             open_.pop_back();
         } else {
-            out_ += open_.back().stage == Body ? "}" : "} }";
+            rule = open_.size() == 1 && word == "EndRule";
+            code = rule ? "" : open_.back().stage == Body ? "}" : "} }";
             open_.pop_back();
         }
-        ++at_;
+        Pass(code);
+        if (rule)
+            Next(false);
     }
 
-    // Whether the word stands behind "." or "->".
-    bool IsMember() const {
-        std::size_t at = at_;
-        while (at > 0 &&
-               (tokens_[at - 1].kind == Token::Blank || tokens_[at - 1].kind == Token::Comment))
-            --at;
-        return at > 0 && (tokens_[at - 1].text == "." ||
-                          (at > 1 && tokens_[at - 1].text == ">" && tokens_[at - 2].text == "-"));
+    // The next token from `at` in steps of `step` that is no blank or comment; none is the size.
+    std::size_t Solid(std::size_t at, int step) const {
+        for (at += static_cast<std::size_t>(step); at < tokens_.size();
+             at += static_cast<std::size_t>(step))
+            if (tokens_[at].kind != Token::Blank && tokens_[at].kind != Token::Comment)
+                return at;
+        return tokens_.size();
     }
 
-    // A word of C++. Inside a rule the value that a fact is assigned rests on what it is computed
-    // from.
+    bool Is(std::size_t at, const char* text) const {
+        return at < tokens_.size() && tokens_[at].text == text;
+    }
+
+    // Where the "." or "->" in front of the word at `at` begins; the size when there is none.
+    std::size_t MemberMark(std::size_t at) const {
+        const std::size_t mark = Solid(at, -1);
+        if (Is(mark, "."))
+            return mark;
+        return Is(mark, ">") && mark > 0 && Is(mark - 1, "-") ? mark - 1 : tokens_.size();
+    }
+
+    // Where the bracket that closes at `at` opens; the size when it does not.
+    std::size_t Opening(std::size_t at) const {
+        int depth = 0;
+        for (; at < tokens_.size(); --at) { // below 0 is beyond the size
+            const std::string& text = tokens_[at].text;
+            if (text == ")" || text == "]")
+                ++depth;
+            else if ((text == "(" || text == "[") && --depth == 0)
+                return at;
+            else if (text == ";" || text == "{" || text == "}")
+                break;
+        }
+        return tokens_.size();
+    }
+
+    // Where the expression whose last token is at `last` begins: names, calls and what stands in
+    // brackets, joined by ".", "->" and "::". The size when that is not sure.
+    std::size_t ObjectStart(std::size_t last) const {
+        static const char* const words[] = {"if",     "while", "for",  "switch", "return",
+                                            "sizeof", "else",  "case", "do"};
+        const std::size_t none = tokens_.size();
+        std::size_t start = none;
+        for (std::size_t at = last;;) {
+            while (Is(at, ")") || Is(at, "]")) {
+                at = start = Opening(at);
+                if (at == none)
+                    return none;
+                const std::size_t before = Solid(at, -1);
+                const bool joined = before < none && (tokens_[before].kind == Token::Word ||
+                                                      Is(before, ")") || Is(before, "]"));
+                if (!joined)
+                    break;
+                at = before;
+            }
+            if (at < none && tokens_[at].kind == Token::Word) {
+                if (std::any_of(std::begin(words), std::end(words),
+                                [&](const char* word) { return Is(at, word); }))
+                    return start;
+                start = at;
+            } else if (start == none)
+                return none;
+            const std::size_t mark = Solid(at, -1);
+            if (Is(mark, ":") && mark > 0 && Is(mark - 1, ":")) {
+                const std::size_t scope = Solid(mark - 1, -1);
+                if (scope == none || tokens_[scope].kind != Token::Word)
+                    return Is(scope, ">") ? none : mark - 1;
+                at = scope;
+                continue;
+            }
+            const std::size_t member = MemberMark(at);
+            if (member == none)
+                return Is(mark, ">") ? none : start;
+            at = Solid(member, -1);
+            if (at == none)
+                return none;
+        }
+    }
+
+    // The value that a fact is assigned rests on what it is computed from: what is assigned is
+    // told so before its arguments are evaluated. That leaves everything else that has an assign
+    // as it is.
+    void MarkAssignments() {
+        before_.resize(tokens_.size());
+        after_.resize(tokens_.size());
+        bool in_rule = false;
+        for (std::size_t at = 0; at < tokens_.size(); ++at) {
+            if (tokens_[at].kind != Token::Word)
+                continue;
+            in_rule = Is(at, "Rule") || (in_rule && !Is(at, "EndRule"));
+            const std::size_t mark = in_rule && Is(at, "assign") ? MemberMark(at) : tokens_.size();
+            if (mark == tokens_.size() || !Is(Solid(at, 1), "("))
+                continue;
+            const std::size_t last = Solid(mark, -1);
+            const std::size_t start = last < tokens_.size() ? ObjectStart(last) : tokens_.size();
+            if (start == tokens_.size())
+                continue;
+            before_[start].insert(0, "morv::Computed(");
+            after_[last] += ")";
+        }
+    }
+
+    void Conclude(const std::string& name) {
+        const auto [outer, otherwise] = Around();
+        parts_.back().conclusions.push_back({name, outer, otherwise});
+    }
+
+    // A word of C++.
     void Statement(const std::string& word) {
-        out_ += IsMember() && word == "assign" && !open_.empty() ? "computed().assign" : word;
-        ++at_;
+        const std::size_t next = Solid(at_, 1);
+        if (word == "deduce" && Is(next, "(") && Is(Solid(next, 1), "&")) {
+            const std::size_t name = Solid(Solid(next, 1), 1);
+            if (name < tokens_.size())
+                Conclude(tokens_[name].text);
+        } else if (word == "assign" && MemberMark(at_) < tokens_.size()) {
+            const std::size_t name = Solid(MemberMark(at_), -1);
+            if (name < tokens_.size() && tokens_[name].kind == Token::Word)
+                Conclude(tokens_[name].text);
+        }
+        Copy();
     }
 
     std::vector<Token> tokens_;
+    std::vector<std::string> before_, after_; // what is put around each token
     int first_line_;
     std::string system_;
     std::vector<Complaint>& complaints_;
     std::size_t at_ = 0;
     std::vector<Open> open_;
-    std::string out_;
+    std::vector<Part> parts_;
+    int between_ = 0; // conditions outside of rules so far
 };
 
 } // namespace
 
-std::string TranslateBlocks(const std::string& text, int line, const std::string& system,
-                            std::vector<Complaint>& complaints) {
+std::vector<Part> TranslateBlocks(const std::string& text, int line, const std::string& system,
+                                  std::vector<Complaint>& complaints) {
     return Blocks(text, line, system, complaints).All();
+}
+
+std::string RulePlace(const std::string& system, const std::string& rule, int line) {
+    return system + ", rule " + rule + ", line " + std::to_string(line);
 }
 
 std::string Quoted(const std::string& text) {

@@ -7,7 +7,7 @@
 
 namespace morv {
 
-struct Job { // texts are UTF-8 on Windows
+struct Job {                        // texts are UTF-8 on Windows
     std::string api;                // the API main's source, without its extension
     std::string resource;           // its resource script
     std::string rules;              // the rules source, in `project`
@@ -27,8 +27,8 @@ struct Job { // texts are UTF-8 on Windows
 // then when it was found.
 std::string ReadCommandLine(const std::vector<std::string>& words, Job& job);
 
-// A path, or a name alone, as this system knows it. Off Windows a path with a drive belongs to a Wine prefix, whose
-// names have any case.
+// A path, or a name alone, as this system knows it. Off Windows a path with a drive belongs to a
+// Wine prefix, whose names have any case.
 std::filesystem::path HostPath(const std::string& path);
 
 } // namespace morv

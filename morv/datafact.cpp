@@ -1,34 +1,81 @@
 #include "datafact.h"
 
+#include "explain.h"
+#include "justify.h"
 #include "state.h"
 
-#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <deque>
+#include <limits>
 #include <utility>
 
 using morv::CertaintyWord;
-using morv::Now;
+using morv::hot;
 using morv::Number;
+
+// What a fact was until the end of some ticks, the last one first.
+struct morv::FactPast {
+    struct Entry {
+        long until;
+        DATAFACT::Reading reading;
+    };
+    std::deque<Entry> entries;
+};
+
+DATAFACT::DATAFACT(const DATAFACT& other)
+    : name(other.name), type(other.type), description(other.description),
+      fact_value(other.fact_value), text(other.text), now_(other.now_) {}
+
+DATAFACT& DATAFACT::operator=(const DATAFACT& other) {
+    name = other.name;
+    type = other.type;
+    description = other.description;
+    fact_value = other.fact_value;
+    if (registered_ == 0 && past_ == nullptr)
+        text = other.text;
+    Set(other.now_.value, other.now_.certainty, "copied");
+    return *this;
+}
+
+void DATAFACT::Register(const char* fact_name, const morv::System* system) {
+    text = fact_name;
+    system_ = system;
+    registered_ = hot.tick;
+    past_ = new morv::FactPast;
+}
 
 DATAFACT::Reading DATAFACT::At(int ticks_ago) const {
     if (ticks_ago == 0)
         return now_;
-    if (ticks_ago < 0 || ticks_ago > static_cast<int>(past_.size()))
+    const long tick = hot.tick - ticks_ago;
+    if (ticks_ago < 0 || past_ == nullptr || ticks_ago > MAXNUMTICKS || tick < registered_)
         return {};
-    return past_[static_cast<std::size_t>(ticks_ago - 1)];
+    Reading reading = now_;
+    for (const morv::FactPast::Entry& entry : past_->entries) {
+        if (entry.until < tick)
+            break;
+        reading = entry.reading;
+    }
+    return reading;
 }
 
-std::string DATAFACT::Told(int ticks_ago) const {
-    const Reading reading = At(ticks_ago);
-    if (reading.certainty <= 0)
+std::string DATAFACT::Told(int ticks_ago, double value, double certainty) const {
+    if (certainty <= 0)
         return std::string(text) + " unknown";
-    const std::string when = " " + std::to_string(ticks_ago) + " ticks ago = ";
-    return (ticks_ago == 0 ? Summary() : text + when + Number(reading.value)) + " (" +
-           CertaintyWord(reading.certainty) + ")";
+    const std::string unit(fact_value.units);
+    std::string told = std::string(text);
+    if (ticks_ago == 0)
+        told += " = " + Number(value) + (unit.empty() ? "" : " " + unit) + ", " + LevelOf(value) +
+                (IsOutside(value) ? ", outside its limits" : "");
+    else
+        told += " " + std::to_string(ticks_ago) + " ticks ago = " + Number(value);
+    return told + " (" + CertaintyWord(certainty) + ")";
 }
 
 double DATAFACT::value(int ticks_ago) const {
     const Reading reading = At(ticks_ago);
-    morv::Note(reading.certainty, [&] { return Told(ticks_ago); });
+    morv::Note({this, nullptr, nullptr, ticks_ago, reading.value, reading.certainty});
     return reading.value;
 }
 
@@ -36,59 +83,105 @@ double DATAFACT::certainty(int ticks_ago) const {
     return At(ticks_ago).certainty;
 }
 
-const char* DATAFACT::Level() const {
-    if (now_.value <= fact_value.lowest)
-        return "lowest";
-    if (now_.value <= fact_value.low)
-        return "low";
-    if (now_.value >= fact_value.highest)
-        return "highest";
-    return now_.value >= fact_value.high ? "high" : "normal";
+int DATAFACT::age() const {
+    long given = given_ - 1;
+    if (source_ != nullptr)
+        given = item_ == nullptr  ? hot.tick
+                : item_->tick > 0 ? std::max(given, item_->tick)
+                                  : given;
+    return given < 0 ? std::numeric_limits<int>::max()
+                     : static_cast<int>(std::max(0L, hot.tick - given));
 }
 
-bool DATAFACT::Outside() const {
-    return now_.value < fact_value.inf_limit || now_.value > fact_value.sup_limit;
+const char* DATAFACT::LevelOf(double value) const {
+    if (value <= fact_value.lowest)
+        return "lowest";
+    if (value <= fact_value.low)
+        return "low";
+    if (value >= fact_value.highest)
+        return "highest";
+    return value >= fact_value.high ? "high" : "normal";
+}
+
+bool DATAFACT::IsOutside(double value) const {
+    return value < fact_value.inf_limit || value > fact_value.sup_limit;
 }
 
 std::string DATAFACT::level() const {
-    value();
-    return Level();
+    return LevelOf(value());
 }
 
 bool DATAFACT::outside() const {
-    value();
-    return Outside();
+    return IsOutside(value());
 }
 
 std::string DATAFACT::Summary() const {
     const std::string unit(fact_value.units);
-    return text + (" = " + Number(now_.value)) + (unit.empty() ? "" : " " + unit) + ", " + Level() +
-           (Outside() ? ", outside its limits" : "");
+    return std::string(text) + (" = " + Number(now_.value)) + (unit.empty() ? "" : " " + unit) +
+           ", " + LevelOf(now_.value) + (IsOutside(now_.value) ? ", outside its limits" : "");
+}
+
+// Returns whether that is a change.
+bool DATAFACT::Set(double value, double certainty, const char* verb) {
+    if (std::isnan(value))
+        certainty = 0;
+    if (certainty == now_.certainty && morv::Same(value, now_.value))
+        return false;
+    if (past_ == nullptr) {
+        now_ = {value, certainty};
+        return true;
+    }
+    const bool first = changed_ != hot.tick + 1;
+    if (first && MAXNUMTICKS > 0) {
+        past_->entries.push_front({hot.tick - 1, now_});
+        if (static_cast<int>(past_->entries.size()) > MAXNUMTICKS)
+            past_->entries.pop_back();
+    }
+    morv::Now().changes.push_back(
+        {this, nullptr, now_.value, now_.certainty, morv::RunningRule(), first});
+    changed_ = hot.tick + 1;
+    now_ = {value, certainty};
+    morv::Justification& why = morv::Justify(why_, verb);
+    why.value = value;
+    why.certainty = certainty;
+    return true;
 }
 
 void DATAFACT::assign(double value, double certainty) {
-    morv::State& now = Now();
-    const double most = now.reading ? std::min(now.path, now.rests_on) : now.path;
-    const bool computed = std::exchange(now.reading, false);
-    now_ = {value, std::min(morv::InRange(certainty), most)};
+    const bool computed = std::exchange(hot.computing, false);
+    const double most = computed && hot.rests_on < hot.path ? hot.rests_on : hot.path;
+    hot.reading = false;
+    given_ = hot.tick + 1;
+    Set(value, std::min(morv::InRange(certainty), most), "assigned");
     morv::Act([&] {
         // What is unknown now is so for what it was computed from.
         return "assign " + Summary() + " (" + CertaintyWord(now_.certainty) + ")" +
                (computed && now_.certainty <= 0 ? morv::ReadText() : "");
     });
+    if (computed)
+        hot.read_count = hot.read_from;
 }
 
-DATAFACT& DATAFACT::computed() {
-    morv::StartReading();
-    return *this;
-}
-
-void DATAFACT::Remember() {
-    past_.push_front(now_);
-    morv::Trim(past_);
+void DATAFACT::TakeUp(double value, double certainty, const char* source) {
+    if (source_ != source) {
+        source_ = source;
+        constexpr char kItems[] = "DDEinfo.";
+        if (std::strncmp(source, kItems, sizeof kItems - 1) == 0) {
+            morv::Item& item = morv::Now().items[source + sizeof kItems - 1];
+            item.name = source + sizeof kItems - 1;
+            item_ = &item;
+        }
+    }
+    hot.reading = hot.computing = false;
+    if (Set(value, std::min(morv::InRange(certainty), hot.path), "taken up") && why_ != nullptr) {
+        why_->initial = source;
+        why_->poked = item_ != nullptr ? item_->tick : 0;
+    }
+    if (hot.trace)
+        deduce(this);
 }
 
 void deduce(DATAFACT* fact) {
-    if (morv::Now().trace)
+    if (hot.trace)
         morv::Trace("initial " + fact->Summary() + " (" + CertaintyWord(fact->certainty()) + ")");
 }

@@ -5,7 +5,16 @@
 #include "consts.h"
 #include "shell.h"
 
-#include <deque>
+#include <string>
+
+namespace morv {
+
+struct FactPast;
+class System;
+struct Item;
+struct Justification;
+
+} // namespace morv
 
 struct FACT_VALUE {
     morv::Field<MAXUNITS> units;
@@ -13,8 +22,15 @@ struct FACT_VALUE {
     double lowest = 0, low = 0, normal = 0, high = 0, highest = 0;
 };
 
+// A new fact is a constant and its end does nothing: thousands of them cost nothing at start. Only
+// a fact of a system, which lives as long as the program, has a history and a justification.
 class DATAFACT {
 public:
+    constexpr DATAFACT() = default;
+    // A copy has no history.
+    DATAFACT(const DATAFACT& other);
+    DATAFACT& operator=(const DATAFACT& other);
+
     int name = 0; // the number of the fact
     DATAFACTTYPE type = NOTYPE;
     morv::Field<MAXDESCRIPTION> description;
@@ -27,33 +43,49 @@ public:
     double certainty(int ticks_ago = 0) const;
     bool known() const { return now_.certainty > 0; }
 
+    // How many ticks ago it was given a value, by a rule or by the poke of its item, the same one
+    // or another; a very large number when it never was.
+    int age() const;
+
     // "lowest", "low", "normal", "high" or "highest": which level the value has reached; and
     // whether it is outside its limits. An expression rests on them as on the value.
     std::string level() const;
     bool outside() const;
 
     // Gives a value. Within a rule it is no more certain than the conditions that led here and the
-    // facts that the value was computed from.
+    // facts that the value was computed from. What is no number is unknown.
     void assign(double value, double certainty);
 
-    // What a rule puts before assign, for the value to rest on the facts it is computed from.
-    DATAFACT& computed();
-
-    void Remember(); // at the start of a tick
+    // For the runtime itself.
+    void Register(const char* fact_name, const morv::System* system);
+    void TakeUp(double value, double certainty, const char* source);
     std::string Summary() const;
+    std::string Told(int ticks_ago, double value, double certainty) const;
+    morv::Justification* Why() const { return why_; }
+    double Value() const { return now_.value; }
+    const morv::System* System() const { return system_; }
+    long counted = 0; // the round that counted its change
 
 private:
     struct Reading {
         double value = 0;
         double certainty = 0;
     };
+    friend struct morv::FactPast;
     Reading At(int ticks_ago) const;
-    std::string Told(int ticks_ago) const;
-    const char* Level() const;
-    bool Outside() const;
+    const char* LevelOf(double value) const;
+    bool IsOutside(double value) const;
+    bool Set(double value, double certainty, const char* verb);
 
     Reading now_;
-    std::deque<Reading> past_; // the last tick first
+    const char* source_ = nullptr; // the text of its initial value
+    const morv::Item* item_ = nullptr;
+    const morv::System* system_ = nullptr;
+    morv::FactPast* past_ = nullptr;
+    morv::Justification* why_ = nullptr;
+    long given_ = 0;      // the tick after the last assign, but not of an initial value; 0: never
+    long registered_ = 0; // the tick from which on there is a history
+    long changed_ = 0;    // the tick after that of the last change
 };
 
 // Takes up the initial value of a fact.

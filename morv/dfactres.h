@@ -3,13 +3,24 @@
 #define MORV_DFACTRES
 
 #include "consts.h"
+#include "datafact.h"
 #include "shell.h"
 
-#include <deque>
+#include <string>
 #include <vector>
 
+namespace morv {
+struct ResultPast;
+}
+
+// Like a fact it is a constant at first; only a result of the project has a history.
 class DATAFACTRESULT {
 public:
+    constexpr DATAFACTRESULT() = default;
+    // A copy has no history and no opposites.
+    DATAFACTRESULT(const DATAFACTRESULT& other) : text(other.text), now_(other.now_) {}
+    DATAFACTRESULT& operator=(const DATAFACTRESULT& other);
+
     const char* text = ""; // the name of the result
 
     // Whether it holds, now or some ticks ago. An expression that asks for a result that holds
@@ -20,16 +31,24 @@ public:
     // Concludes it and takes its opposites back. An opposite that was concluded in the same tick
     // and is more certain stays, and this result does not hold. Returns whether it does.
     bool Conclude(double certainty);
-    void Retract() { now_ = 0; }
+    void Retract(const DATAFACTRESULT* opposite = nullptr);
     void AddOpposite(DATAFACTRESULT& other);
 
-    void Remember(); // at the start of a tick
+    // For the runtime itself.
+    void Register(const char* result_name);
+    std::string Told(int ticks_ago, double certainty) const;
+    morv::Justification* Why() const { return why_; }
+    std::vector<DATAFACTRESULT*> Opposites() const;
+    long counted = 0; // the round that counted its change
 
 private:
-    double now_ = 0;       // its certainty; 0: does not hold
-    bool of_tick_ = false; // concluded in this tick
-    std::vector<DATAFACTRESULT*> opposites_;
-    std::deque<double> past_; // the last tick first
+    void Set(double certainty, const char* verb, const DATAFACTRESULT* opposite);
+
+    double now_ = 0;     // its certainty; 0: does not hold
+    long concluded_ = 0; // the tick that concluded it last, from 1
+    long changed_ = 0;   // the tick of the last change, from 1
+    morv::ResultPast* past_ = nullptr;
+    morv::Justification* why_ = nullptr;
 };
 
 // Two results of which at most one holds.
@@ -38,6 +57,7 @@ void set_opposites(DATAFACTRESULT& one, DATAFACTRESULT& other);
 // Concludes a result, no more certain than the conditions that led here.
 void deduce(DATAFACTRESULT* result, double certainty = FULL);
 
+// Takes a result back, unless it is more certain than the conditions that led here.
 void retract(DATAFACTRESULT* result);
 
 #endif

@@ -2,6 +2,8 @@
 #ifndef MORV_EXPLAIN
 #define MORV_EXPLAIN
 
+#include "shell.h"
+
 #include <string>
 #include <vector>
 
@@ -15,14 +17,11 @@ std::vector<std::string> Why(const std::string& name);
 // that was false or unknown when it ran last.
 std::vector<std::string> WhyNot(const std::string& name);
 
-// "8 FULL" or "0 NULL" of a result, "12.5 HIGH" of a fact; empty when there is no such name.
+// "1 FULL" or "0 NULL" of a result, "12.5 HIGH" of a fact; empty when there is no such name.
 std::string StateText(const std::string& name);
 
 // All facts, then all results. Where systems have facts of the same name, each is "system.name".
 std::vector<std::string> Names();
-
-// Traces every rule, those of a system, or one by its number.
-void SetTrace(bool on, const std::string& system = {}, const std::string& rule = {});
 
 // What the last tick changed, a line each, such as "HIGH_PRESSURE holds (HIGH)".
 std::vector<std::string> Changes();

@@ -1,5 +1,7 @@
 #include "inf_eng.h"
 
+#include "explain.h"
+#include "justify.h"
 #include "state.h"
 
 #include <algorithm>
@@ -7,39 +9,65 @@
 
 namespace morv {
 
+Hot hot;
+
 State& Now() {
     static State state;
     return state;
 }
 
-void SetTrace(bool on) {
-    Now().trace = on;
+namespace {
+
+constexpr const char* kKinds[] = {"If", "IfOr", "IfXor", "IfAny"};
+
+std::string Word(Truth truth) {
+    return truth == Truth::True ? "true" : truth == Truth::False ? "false" : "unknown";
 }
 
-void StartReading() {
+bool IsTraced(const System& system, const Rule* rule) {
+    const State& now = Now();
+    return now.trace && (now.trace_system.empty() || now.trace_system == system.Name()) &&
+           (now.trace_rule.empty() || (rule != nullptr && now.trace_rule == rule->number));
+}
+
+} // namespace
+
+void SetTrace(bool on, const std::string& system, const std::string& rule) {
     State& now = Now();
-    now.reading = true;
-    now.rests_on = FULL;
-    now.read.clear();
-}
-
-void NoteForTrace(const std::string& what) {
-    std::vector<std::string>& read = Now().read;
-    if (std::find(read.begin(), read.end(), what) == read.end())
-        read.push_back(what);
+    now.trace = on;
+    now.trace_system = system;
+    now.trace_rule = rule;
+    hot.trace = false;
 }
 
 std::string ReadText() {
-    std::string text;
-    for (const std::string& each : Now().read)
-        text += (text.empty() ? "  [" : "; ") + each;
-    return text.empty() ? text : text + "]";
+    std::vector<std::string> texts;
+    for (int i = hot.read_from; i < hot.read_count; ++i) {
+        const std::string text = TextOf(hot.reads[i]);
+        if (std::find(texts.begin(), texts.end(), text) == texts.end())
+            texts.push_back(text);
+    }
+    std::string all;
+    for (const std::string& text : texts)
+        all += (all.empty() ? "  [" : "; ") + text;
+    return all.empty() ? all : all + "]";
 }
 
 void Trace(const std::string& line) {
-    const State& now = Now();
-    if (now.trace)
-        Output(std::string(static_cast<std::size_t>(now.depth) * 2, ' ') + line);
+    if (!hot.trace)
+        return;
+    std::size_t depth = 0;
+    for (const Scope* scope = hot.scope; scope != nullptr; scope = scope->outer)
+        ++depth;
+    Output(std::string(depth * 2, ' ') + line);
+}
+
+void TraceBranch(const char* name) {
+    // The line stands with its condition, not within the branch.
+    const Scope* branch = hot.scope;
+    hot.scope = branch->outer;
+    Trace(name);
+    hot.scope = const_cast<Scope*>(branch);
 }
 
 std::string Number(double value) {
@@ -57,7 +85,7 @@ const char* CertaintyWord(double certainty) {
 
 ResultNames::ResultNames(std::initializer_list<NamedResult> results) {
     for (const NamedResult& named : results) {
-        named.result->text = named.name;
+        named.result->Register(named.name);
         Now().results.push_back(named.result);
     }
 }
@@ -68,147 +96,255 @@ DATAFACT* NoFact() {
     return &none;
 }
 
-namespace {
-
-void Report() {
-    std::string holding;
-    for (const DATAFACTRESULT* result : Now().results)
-        if (result->certainty() > 0)
-            holding += (holding.empty() ? "" : ", ") + (result->text + std::string(" (")) +
-                       CertaintyWord(result->certainty()) + ")";
-    Output("Tick " + std::to_string(Now().tick) + ": " +
-           (holding.empty() ? "nothing holds" : holding));
-    for (const DATAFACT* fact : Now().facts)
-        if (fact->type == ACTION && fact->known())
-            Output("  " + fact->Summary());
+void System::Add(Rule* rules, const char* const* numbers, int count) {
+    for (int i = 0; i < count; ++i) {
+        rules[i].system = this;
+        rules[i].number = numbers != nullptr ? numbers[i] : "";
+    }
+    rules_.push_back({rules, count});
 }
 
-} // namespace
-
-void Tick() {
-    State& now = Now();
-    ++now.tick;
-    for (DATAFACT* fact : now.facts)
-        fact->Remember();
-    for (DATAFACTRESULT* result : now.results)
-        result->Remember();
-    MORVmain();
-    Report();
+const Rule* RunningRule() {
+    const Scope* scope = hot.scope;
+    while (scope != nullptr && scope->rule == nullptr)
+        scope = scope->outer;
+    return scope != nullptr ? scope->rule : nullptr;
 }
 
-Run::Run() : before_(Now().conclusions) {
-    Now().reading = false;
+Condition::Condition(Site& site, bool value)
+    : site_(&site), certainty_(hot.rests_on), from_(hot.read_from), to_(hot.read_count) {
+    hot.reading = false;
+    truth_ = certainty_ <= 0 ? Truth::Unknown : value ? Truth::True : Truth::False;
+    site.outcome = truth_;
+    if (hot.trace) {
+        Trace(std::string("If ") + site.text + " : " + Word(truth_) + " (" +
+              CertaintyWord(certainty_) + ")" + ReadText());
+        if (truth_ == Truth::Unknown)
+            Trace("If is unknown (NULL): neither branch runs");
+    }
 }
 
-int Run::Conclusions() const {
-    return Now().conclusions - before_;
+Condition::Condition(Site& site) : site_(&site), certainty_(FULL), from_(hot.read_count) {
+    site.outcome = Truth::NotSeen;
 }
 
-Rule::Rule(const char* system, const char* name) {
-    Trace(std::string("Rule ") + name + " of " + system);
-    Now().rule_acts = 0;
-    ++Now().depth;
-}
-
-Rule::~Rule() {
-    if (Now().rule_acts == 0)
-        Trace("nothing concluded");
-    --Now().depth;
-}
-
-Reading::Reading() {
-    StartReading();
-}
-
-double Reading::Certainty() const {
-    return Now().rests_on;
-}
-
-void Reading::End() {
-    Now().reading = false;
-}
-
-namespace {
-
-constexpr const char* kKinds[] = {"If", "IfOr", "IfXor", "IfAny"};
-
-std::string Word(Truth truth) {
-    return truth == Truth::True ? "true" : truth == Truth::False ? "false" : "unknown";
-}
-
-} // namespace
-
-Condition::Condition(Kind kind) : kind_(kind) {}
-
-void Condition::Take(const char* text, bool value, Reading& reading) {
-    reading.End();
-    const double certainty = reading.Certainty();
+void Condition::Take(const char* text, bool value) {
+    hot.reading = false;
+    const double certainty = hot.rests_on;
     const Truth truth = certainty <= 0 ? Truth::Unknown : value ? Truth::True : Truth::False;
-    ++(truth == Truth::True ? true_ : truth == Truth::False ? false_ : unknown_);
+    if (hot.trace)
+        Trace(kKinds[static_cast<int>(site_->kind)] + std::string(" ") + text + " : " +
+              Word(truth) + " (" + CertaintyWord(certainty) + ")" + ReadText());
+    const bool any = site_->kind == Kind::IfAny;
+    if (any && true_ > 0) {
+        hot.read_count = hot.read_from; // what is looked at after the one that is found
+    } else if (any && truth == Truth::True) {
+        from_ = hot.read_from;
+    } else if (any && hot.read_count > Hot::kMostReads / 2) {
+        hot.read_count = hot.read_from; // leave room for what else the rule reads
+    }
+    unknown_ += truth == Truth::Unknown;
     if (truth == Truth::True)
-        surest_true_ = std::max(surest_true_, certainty);
+        of_true_ = any ? (true_ == 0 ? certainty : of_true_) : std::max(of_true_, certainty);
+    true_ += truth == Truth::True;
     least_ = std::min(least_, certainty);
-    if (Now().trace)
-        Trace(kKinds[static_cast<int>(kind_)] + std::string(" ") + text + " : " + Word(truth) +
-              " (" + CertaintyWord(certainty) + ")" + ReadText());
 }
 
-Truth Condition::Outcome() const {
-    if (kind_ == Kind::IfXor)
-        return unknown_ > 0 ? Truth::Unknown : true_ == 1 ? Truth::True : Truth::False;
-    if (true_ > 0)
-        return Truth::True;
-    return unknown_ > 0 ? Truth::Unknown : Truth::False;
+void Condition::Decide() {
+    const bool exclusive = site_->kind == Kind::IfXor;
+    to_ = hot.read_count;
+    if (exclusive ? unknown_ > 0 : true_ == 0 && unknown_ > 0)
+        truth_ = Truth::Unknown;
+    else
+        truth_ = (exclusive ? true_ == 1 : true_ > 0) ? Truth::True : Truth::False;
+    certainty_ = truth_ == Truth::True && !exclusive ? of_true_ : least_;
+    site_->outcome = truth_;
+    if (hot.trace)
+        Trace(std::string(kKinds[static_cast<int>(site_->kind)]) + " is " + Word(truth_) + " (" +
+              CertaintyWord(certainty_) + ")" +
+              (truth_ == Truth::Unknown ? ": neither branch runs" : ""));
 }
 
-double Condition::Certainty() const {
-    return Outcome() == Truth::True && kind_ != Kind::IfXor ? surest_true_ : least_;
+bool Any::Next() {
+    if (next_ > 0 && first_ == nullptr && condition_.AnyTrue())
+        first_ = facts_[next_ - 1];
+    if (next_ == facts_.size()) {
+        fact_ = first_ != nullptr ? first_ : NoFact();
+        return false;
+    }
+    fact_ = facts_[next_++];
+    return true;
 }
 
-void Condition::Decide() const {
-    const Truth outcome = Outcome();
-    if (kind_ != Kind::If || outcome == Truth::Unknown)
-        Trace(std::string(kKinds[static_cast<int>(kind_)]) + " is " + Word(outcome) + " (" +
-              CertaintyWord(Certainty()) + ")" +
-              (outcome == Truth::Unknown ? ": neither branch runs" : ""));
+Each::Each(const DATAFACT* fact) : Within(nullptr, nullptr, fact, nullptr) {
+    if (hot.trace)
+        TraceBranch((std::string("ForAll: PF is ") + std::string(fact->text)).c_str());
 }
 
-Branch::Branch(const Condition& condition, const char* name) : before_(Now().path) {
-    Trace(name);
-    Now().path = std::min(before_, condition.Certainty());
-    ++Now().depth;
+std::string NameOf(const Rule& rule) {
+    if (*rule.number == '\0')
+        return std::string("the text around the rules of ") + rule.system->Name();
+    return std::string("rule ") + rule.number + " of " + rule.system->Name() +
+           (*rule.title != '\0' ? std::string(": ") + rule.title : "");
 }
 
-Branch::~Branch() {
-    Now().path = before_;
-    --Now().depth;
+Entered::Entered(Rule& rule)
+    : Within(&rule, nullptr, nullptr, nullptr), acts_(hot.acts), trace_(hot.trace) {
+    rule.ran = hot.tick;
+    hot.acts = 0;
+    if (!Now().trace)
+        return;
+    hot.trace = IsTraced(*rule.system, &rule);
+    if (hot.trace) {
+        std::string name = NameOf(rule);
+        name[0] = 'R';
+        TraceBranch(name.c_str());
+    }
 }
 
-Each::Each(const DATAFACT* fact) {
-    Trace(std::string("ForAll: PF is ") + fact->text);
-    ++Now().depth;
+Entered::~Entered() {
+    if (hot.acts == 0 && hot.trace)
+        Trace("nothing concluded");
+    hot.acts += acts_;
+    hot.trace = trace_;
 }
 
-Each::~Each() {
-    --Now().depth;
+Left RunRules(Rule* rules, int count) {
+    for (int i = 0; i < count; ++i) {
+        const Entered entered(rules[i]);
+        const Left left = rules[i].run(rules[i]);
+        if (left.left)
+            return left;
+    }
+    return {};
+}
+
+Run::Run(System& system) : system_(system), from_(Now().changes.size()), trace_(hot.trace) {
+    ++Now().rounds;
+    hot.reading = hot.computing = false;
+    hot.trace = IsTraced(system, nullptr);
+}
+
+bool Run::FirstOfTick() {
+    if (system_.taken_up == hot.tick)
+        return false;
+    system_.taken_up = hot.tick;
+    return true;
+}
+
+namespace {
+
+bool IsChanged(const Change& change) {
+    return change.fact != nullptr ? !Same(change.value, change.fact->Value()) ||
+                                        change.certainty != change.fact->certainty()
+                                  : change.certainty != change.result->certainty();
+}
+
+} // namespace
+
+int Run::Changed() {
+    State& now = Now();
+    const long round = ++now.rounds;
+    int count = 0;
+    now.restless.clear();
+    for (std::size_t at = from_; at < now.changes.size(); ++at) {
+        const Change& change = now.changes[at];
+        long& counted = change.fact != nullptr ? change.fact->counted : change.result->counted;
+        // Of several changes of one thing the first tells what it was before the round: when it is
+        // that again, nothing changed.
+        if (counted != round && counted != -round) {
+            counted = IsChanged(change) ? round : -round;
+            count += counted == round;
+        }
+        if (counted == round && change.rule != nullptr &&
+            std::find(now.restless.begin(), now.restless.end(), change.rule) ==
+                now.restless.end() &&
+            now.restless.size() < 100)
+            now.restless.push_back(change.rule);
+    }
+    return count;
+}
+
+Run::~Run() {
+    State& now = Now();
+    hot.trace = trace_;
+    // Of a tick only the first change of each thing counts: many rounds take no more memory than
+    // one. A round within a rule of another leaves them to that one.
+    if (hot.scope == nullptr)
+        now.changes.erase(
+            std::remove_if(now.changes.begin() + static_cast<std::ptrdiff_t>(from_),
+                           now.changes.end(),
+                           [](const Change& change) { return !change.first_of_tick; }),
+            now.changes.end());
+}
+
+std::vector<DATAFACT*> FactsOf(const Rule& rule, DATAFACTTYPE type) {
+    std::vector<DATAFACT*> facts;
+    for (DATAFACT* fact : rule.system->engine->facts_)
+        if (fact->type == type)
+            facts.push_back(fact);
+    return facts;
+}
+
+void TakeUp(DATAFACT& fact, double value, double certainty, const char* source) {
+    fact.TakeUp(value, certainty, source);
+}
+
+bool Poked(const char* name) {
+    Item& item = Now().items[name];
+    if (item.name.empty())
+        item.name = name;
+    const bool poked = item.tick > 0;
+    Note({nullptr, nullptr, &item, 0, 0, poked ? double(FULL) : 0});
+    return poked;
 }
 
 } // namespace morv
 
-void INFERENCE_ENGINE::Facts(std::initializer_list<morv::NamedFact> facts) {
-    if (!facts_.empty())
+void INFERENCE_ENGINE::Facts(morv::System& system, const morv::FactRow* rows, bool each_time) {
+    const bool first = system.engine == nullptr;
+    if (first) {
+        system.engine = this;
+        morv::Now().systems.push_back(&system);
+    }
+    if (!first && !each_time)
         return;
-    for (const morv::NamedFact& named : facts) {
-        named.fact->text = named.name;
-        facts_.push_back(named.fact);
-        morv::Now().facts.push_back(named.fact);
+    for (const morv::FactRow* row = rows; row->fact != nullptr; ++row) {
+        DATAFACT& fact = *row->fact;
+        if (first) {
+            fact.Register(row->text, &system);
+            facts_.push_back(&fact);
+            morv::Now().facts.push_back(&fact);
+        }
+        if (row->description == nullptr)
+            continue;
+        fact.name = row->number;
+        fact.type = row->type;
+        fact.description.Set(row->description);
+        fact.fact_value.units.Set(row->units);
+        fact.fact_value.inf_limit = row->inf_limit;
+        fact.fact_value.sup_limit = row->sup_limit;
+        fact.fact_value.step_v = row->step_v;
+        fact.fact_value.lowest = row->lowest;
+        fact.fact_value.low = row->low;
+        fact.fact_value.normal = row->normal;
+        fact.fact_value.high = row->high;
+        fact.fact_value.highest = row->highest;
     }
 }
 
-std::vector<DATAFACT*> INFERENCE_ENGINE::FactsOf(DATAFACTTYPE type) const {
-    std::vector<DATAFACT*> facts;
-    for (DATAFACT* fact : facts_)
-        if (fact->type == type)
-            facts.push_back(fact);
-    return facts;
+int settle(INFERENCE_ENGINE& engine, int most) {
+    int changed = 0;
+    for (int round = 0; round < most; ++round) {
+        changed = engine.engine();
+        if (changed == 0)
+            return 0;
+    }
+    std::string rules;
+    for (const morv::Rule* rule : morv::Now().restless)
+        rules += (rules.empty() ? "" : "; ") + morv::NameOf(*rule);
+    if (changed != 0)
+        morv::Output("Not settled after " + std::to_string(most) +
+                     " rounds, for these go on: " + rules);
+    return changed;
 }

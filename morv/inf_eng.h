@@ -9,14 +9,12 @@
 
 #include <initializer_list>
 #include <string>
+#include <type_traits>
 #include <vector>
 
-namespace morv {
+class INFERENCE_ENGINE;
 
-struct NamedFact {
-    DATAFACT* fact;
-    const char* name;
-};
+namespace morv {
 
 struct NamedResult {
     DATAFACTRESULT* result;
@@ -28,7 +26,277 @@ struct ResultNames {
     ResultNames(std::initializer_list<NamedResult> results);
 };
 
+// What a fact is set to; without texts it is only named.
+struct FactRow {
+    DATAFACT* fact;
+    const char* text;
+    int number;
+    DATAFACTTYPE type;
+    const char* description;
+    const char* units;
+    double inf_limit, sup_limit, step_v;
+    double lowest, low, normal, high, highest;
+};
+
 DATAFACT* NoFact(); // what PF is outside the blocks that set it; never known
+
+enum class Kind : unsigned char { If, IfOr, IfXor, IfAny };
+enum class Truth : unsigned char { False, Unknown, True, NotSeen };
+
+// A condition in the text of a rule: the one around it, if any, in which branch of that one it
+// stands, and what it was when it was looked at last.
+struct Site {
+    Kind kind;
+    const char* text;
+    int outer;
+    bool otherwise;
+    Truth outcome = Truth::NotSeen;
+};
+
+// A conclusion in the text of a rule.
+struct Conclusion {
+    const char* name;
+    int outer;
+    bool otherwise;
+};
+
+// Whether a rule left engine() by return, and with what.
+struct Left {
+    bool left = false;
+    int value = 0;
+    Left() = default;
+    Left(int returned) : left(true), value(returned) {}
+};
+
+class System;
+
+struct Rule {
+    Left (*run)(Rule&); // null where engine() holds the rule itself
+    const char* title;  // its first comment
+    Site* sites;
+    int site_count;
+    const Conclusion* acts;
+    int act_count;
+    const char* number = "";
+    System* system = nullptr;
+    long ran = -1; // the tick it ran in last
+};
+
+struct RuleRun {
+    Rule* rules;
+    int count;
+};
+
+// One of the expert systems.
+class System {
+public:
+    explicit System(const char* name) : name_(name) {}
+    bool First() const { return rules_.empty(); }
+    void Add(Rule* rules, const char* const* numbers, int count);
+    const char* Name() const { return name_; }
+    const std::vector<RuleRun>& Rules() const { return rules_; }
+
+    INFERENCE_ENGINE* engine = nullptr;
+    long taken_up = -1; // the tick that took the initial values up last
+
+private:
+    const char* name_;
+    std::vector<RuleRun> rules_;
+};
+
+// Something that an expression read.
+struct ReadRecord {
+    const DATAFACT* fact;
+    const DATAFACTRESULT* result;
+    const struct Item* item;
+    int ticks_ago;
+    double value, certainty;
+};
+
+class Condition;
+
+// A rule, a branch or a round of ForAll that runs.
+struct Scope {
+    Scope* outer;
+    double path;
+    int reads;
+    Rule* rule;
+    const Condition* condition;
+    const DATAFACT* each;
+    const char* branch;
+};
+
+// What rules touch all the time. Nothing of it grows.
+struct Hot {
+    static constexpr int kMostReads = 256; // what is read beyond is not taken down
+
+    double path = FULL;     // the certainty of the conditions around the statement that runs
+    double rests_on = FULL; // the least certain of what the expression at hand read
+    bool reading = false;   // an expression is being evaluated
+    bool computing = false; // for an assignment
+    bool trace = false;     // of what runs now
+    int acts = 0;           // what the rule did so far
+    int read_from = 0, read_count = 0;
+    long tick = 0;
+    Scope* scope = nullptr;
+    ReadRecord reads[kMostReads] = {};
+};
+
+extern Hot hot;
+
+// An expression is about to be evaluated: what it reads is collected.
+inline void Read() {
+    hot.reading = true;
+    hot.rests_on = FULL;
+    hot.read_from = hot.read_count;
+}
+
+// An expression reads something of this certainty.
+inline void Note(const ReadRecord& read) {
+    if (!hot.reading)
+        return;
+    if (read.certainty < hot.rests_on)
+        hot.rests_on = read.certainty;
+    if (hot.read_count < Hot::kMostReads)
+        hot.reads[hot.read_count++] = read;
+}
+
+// What a rule puts around that which is assigned: the value of a fact rests on what it is computed
+// from. Whatever else has an assign is left alone.
+template <class Object> Object&& Computed(Object&& object) {
+    using Plain = std::remove_cv_t<std::remove_pointer_t<std::decay_t<Object>>>;
+    if (std::is_same<Plain, DATAFACT>::value) {
+        Read();
+        hot.computing = true;
+    }
+    return static_cast<Object&&>(object);
+}
+
+// The condition of a block. It is unknown while it depends on facts that are; then neither branch
+// of the block runs.
+class Condition {
+public:
+    // That of an If, with the value of its expression.
+    Condition(Site& site, bool value);
+    // That of another block: it takes its expressions one by one and decides then.
+    explicit Condition(Site& site);
+    void Take(const char* text, bool value);
+    void Decide();
+
+    bool Holds() const { return truth_ == Truth::True; }
+    bool Fails() const { return truth_ == Truth::False; }
+    double Certainty() const { return certainty_; } // of the outcome
+
+    const Site& site() const { return *site_; }
+    int ReadsFrom() const { return from_; }
+    int ReadsTo() const { return to_; }
+    bool AnyTrue() const { return true_ > 0; }
+
+private:
+    Site* site_;
+    double certainty_;
+    Truth truth_ = Truth::Unknown;
+    int from_, to_ = 0;
+    int true_ = 0, unknown_ = 0;
+    double of_true_ = 0;  // the certainty of the surest true one; of the first one for IfAny
+    double least_ = FULL; // of all
+};
+
+// The rounds of IfAny: `PF` is each fact in turn, and at the end the first one for which the
+// expression was true.
+class Any {
+public:
+    Any(const Condition& condition, DATAFACT*& PF, std::vector<DATAFACT*> facts)
+        : condition_(condition), fact_(PF), facts_(std::move(facts)) {}
+    bool Next();
+
+private:
+    const Condition& condition_;
+    DATAFACT*& fact_;
+    const std::vector<DATAFACT*> facts_;
+    std::size_t next_ = 0;
+    DATAFACT* first_ = nullptr;
+};
+
+void TraceBranch(const char* name);
+
+// What runs until the end of a block.
+class Within {
+public:
+    Within(const Within&) = delete;
+    Within& operator=(const Within&) = delete;
+    ~Within() {
+        hot.path = scope_.path;
+        hot.read_count = scope_.reads;
+        hot.scope = scope_.outer;
+    }
+
+protected:
+    Within(Rule* rule, const Condition* condition, const DATAFACT* each, const char* branch)
+        : scope_{hot.scope, hot.path, hot.read_count, rule, condition, each, branch} {
+        hot.scope = &scope_;
+    }
+
+private:
+    Scope scope_;
+};
+
+// A branch of a block: what it concludes is no more certain than its condition.
+class Branch : Within {
+public:
+    Branch(const Condition& condition, const char* name)
+        : Within(nullptr, &condition, nullptr, name) {
+        if (hot.trace)
+            TraceBranch(name);
+        if (condition.Certainty() < hot.path)
+            hot.path = condition.Certainty();
+    }
+};
+
+// One round of ForAll.
+class Each : Within {
+public:
+    explicit Each(const DATAFACT* fact);
+};
+
+// A rule, from Rule to EndRule.
+class Entered : Within {
+public:
+    explicit Entered(Rule& rule);
+    ~Entered();
+
+private:
+    const int acts_;
+    const bool trace_;
+};
+
+// Runs rules, until one leaves engine().
+Left RunRules(Rule* rules, int count);
+
+// One call of engine().
+class Run {
+public:
+    explicit Run(System& system);
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+    ~Run();
+    bool FirstOfTick(); // whether the initial values are to be taken up
+    int Changed();      // how many facts and results are not what they were before
+
+private:
+    System& system_;
+    const std::size_t from_; // of the changes
+    const bool trace_;
+};
+
+// The facts of a type in the system of a rule.
+std::vector<DATAFACT*> FactsOf(const Rule& rule, DATAFACTTYPE type);
+
+// Gives a fact its initial value, whose text is `source`.
+void TakeUp(DATAFACT& fact, double value, double certainty, const char* source);
+
+// True when the item was poked; unknown until then.
+bool Poked(const char* item);
 
 } // namespace morv
 
@@ -37,114 +305,20 @@ public:
     morv::Field<MAXDESCRIPTION> description;
 
     virtual ~INFERENCE_ENGINE() = default;
-    virtual int engine() = 0; // runs all rules once; returns how many conclusions they drew
+    // Runs all rules once; returns how many facts and results changed.
+    virtual int engine() = 0;
 
 protected:
-    // Makes the facts of the system known; called at the start of every engine().
-    void Facts(std::initializer_list<morv::NamedFact> facts);
-    std::vector<DATAFACT*> FactsOf(DATAFACTTYPE type) const;
+    // Makes the system with its facts known, and sets them, the first time or each time.
+    void Facts(morv::System& system, const morv::FactRow* rows, bool each_time);
 
 private:
+    friend std::vector<DATAFACT*> morv::FactsOf(const morv::Rule& rule, DATAFACTTYPE type);
     std::vector<DATAFACT*> facts_;
 };
 
-namespace morv {
-
-// One call of engine().
-class Run {
-public:
-    Run();
-    int Conclusions() const;
-
-private:
-    int before_;
-};
-
-// A rule, from Rule to EndRule.
-class Rule {
-public:
-    Rule(const char* system, const char* name);
-    Rule(const Rule&) = delete;
-    Rule& operator=(const Rule&) = delete;
-    ~Rule();
-};
-
-// The collection of what an expression rests on, for one expression.
-class Reading {
-public:
-    Reading();
-    double Certainty() const; // of the least certain fact or result read
-    void End();
-};
-
-enum class Kind { If, IfOr, IfXor, IfAny };
-enum class Truth { False, Unknown, True };
-
-// The condition of a block. It is unknown while it depends on facts that are; then neither branch
-// of the block runs.
-class Condition {
-public:
-    explicit Condition(Kind kind);
-
-    // Evaluates one of the expressions in brackets.
-    template <class Expression> void Test(const char* text, Expression expression) {
-        Reading reading;
-        const bool value = expression();
-        Take(text, value, reading);
-    }
-
-    // Evaluates the expression of IfAny for each fact, which is `PF` meanwhile; at the end `PF` is
-    // the first one for which it was true.
-    template <class Expression>
-    void Any(const std::vector<DATAFACT*>& facts, DATAFACT*& PF, const char* text,
-             Expression expression) {
-        DATAFACT* first = NoFact();
-        for (DATAFACT* fact : facts) {
-            PF = fact;
-            const bool held = Holds();
-            Test(text, expression);
-            if (!held && Holds())
-                first = fact;
-        }
-        PF = first;
-    }
-
-    bool Holds() const { return Outcome() == Truth::True; }
-    bool Fails() const { return Outcome() == Truth::False; }
-    double Certainty() const; // of the outcome
-    void Decide() const;      // tells the outcome
-
-private:
-    void Take(const char* text, bool value, Reading& reading);
-    Truth Outcome() const;
-
-    Kind kind_;
-    int true_ = 0, false_ = 0, unknown_ = 0;
-    double surest_true_ = 0; // the greatest certainty of those that are true
-    double least_ = FULL;    // the least of all
-};
-
-// A branch of a block: what it concludes is no more certain than its condition.
-class Branch {
-public:
-    Branch(const Condition& condition, const char* name);
-    Branch(const Branch&) = delete;
-    Branch& operator=(const Branch&) = delete;
-    ~Branch();
-
-private:
-    double before_;
-};
-
-// One round of ForAll.
-class Each {
-public:
-    explicit Each(const DATAFACT* fact);
-    Each(const Each&) = delete;
-    Each& operator=(const Each&) = delete;
-    ~Each();
-};
-
-} // namespace morv
+// Runs the rules until nothing changes, `most` times at most; then it names those that still change
+// something. Returns how many facts and results changed in the last round.
+int settle(INFERENCE_ENGINE& engine, int most);
 
 #endif

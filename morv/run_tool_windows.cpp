@@ -2,17 +2,21 @@
 
 #include <windows.h>
 
+#include <fcntl.h>
+#include <io.h>
 #include <shellapi.h>
 
 namespace morv {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-std::wstring Wide(const std::string& text) {
+std::wstring Wide(const std::string& text, UINT code_page = CP_UTF8) {
     const auto size = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0');
     wide.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), size)));
+        MultiByteToWideChar(code_page, 0, text.data(), size, wide.data(), size)));
     return wide;
 }
 
@@ -39,19 +43,34 @@ std::wstring Quoted(const std::wstring& text) {
     return quoted + L'"';
 }
 
-// The path of a program; empty when there is none.
-std::wstring Found(const std::wstring& tool) {
-    wchar_t path[32768];
-    const DWORD length =
-        SearchPathW(nullptr, tool.c_str(), L".exe", ARRAYSIZE(path), path, nullptr);
-    return {path, length < ARRAYSIZE(path) ? length : 0};
+// A file that a started program can go on writing.
+HANDLE OpenForTool(const fs::path& path) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    return CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                       CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-// A file that a started program can go on writing.
-HANDLE OpenLog(const std::filesystem::path& log) {
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return CreateFileW(log.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                       &inherited, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+// A start with these standard files. Compilers are console programs, which show no window of their
+// own here.
+Process Start(const std::wstring& program, std::wstring line, const wchar_t* folder, HANDLE in,
+              HANDLE out) {
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdInput = in;
+    start.hStdOutput = start.hStdError = out;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
+                        nullptr, folder, &start, &process))
+        return 0;
+    CloseHandle(process.hThread);
+    return reinterpret_cast<Process>(process.hProcess);
+}
+
+std::wstring OwnPath() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path;
 }
 
 } // namespace
@@ -71,35 +90,91 @@ int ProcessNumber() {
     return static_cast<int>(GetCurrentProcessId());
 }
 
-void LookFirstIn(const std::filesystem::path& folder) {
+void LookFirstIn(const fs::path& folder) {
     std::wstring path(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
     path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));
     SetEnvironmentVariableW(L"PATH", (folder.wstring() + L";" + path).c_str());
 }
 
-int RunTool(const std::string& tool, const std::vector<std::string>& arguments,
-            const std::filesystem::path& log) {
-    const std::wstring program = Found(Wide(tool));
-    if (program.empty())
-        return kNoTool;
-    std::wstring line = Quoted(program);
-    for (const std::string& argument : arguments)
+fs::path FindTool(const std::string& name) {
+    std::wstring path(32768, L'\0');
+    const DWORD length = SearchPathW(nullptr, Wide(name).c_str(), L".exe",
+                                     static_cast<DWORD>(path.size()), path.data(), nullptr);
+    path.resize(length < path.size() ? length : 0);
+    return path;
+}
+
+fs::path PathFromTool(const std::string& text) {
+    return Wide(text, CP_ACP);
+}
+
+Process StartTool(const Command& command) {
+    std::wstring line = Quoted(command.tool.wstring());
+    for (const std::string& argument : command.arguments)
         line += L" " + Quoted(Wide(argument));
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdOutput = start.hStdError = OpenLog(log);
-    PROCESS_INFORMATION process{};
-    DWORD code = 1;
-    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                       &start, &process)) {
-        WaitForSingleObject(process.hProcess, INFINITE);
-        GetExitCodeProcess(process.hProcess, &code);
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
+    const HANDLE says = OpenForTool(command.says);
+    const Process process =
+        Start(command.tool.wstring(), line, command.folder.c_str(), nullptr, says);
+    if (says != INVALID_HANDLE_VALUE)
+        CloseHandle(says);
+    return process;
+}
+
+std::size_t WaitForOne(const std::vector<Process>& running, int& code) {
+    std::vector<HANDLE> handles;
+    for (const Process process : running)
+        handles.push_back(reinterpret_cast<HANDLE>(process));
+    const DWORD ended = WaitForMultipleObjects(static_cast<DWORD>(handles.size()), handles.data(),
+                                               FALSE, INFINITE) -
+                        WAIT_OBJECT_0;
+    const std::size_t at = ended < handles.size() ? ended : 0;
+    if (DWORD exit = 0; GetExitCodeProcess(handles[at], &exit))
+        code = static_cast<int>(exit);
+    CloseHandle(handles[at]);
+    return at;
+}
+
+// The window is this program's own, in a process of its own. ZKCC_SHOW=no is for scripts.
+std::FILE* StartWindow() {
+    wchar_t show[4] = L"";
+    if (GetEnvironmentVariableW(L"ZKCC_SHOW", show, ARRAYSIZE(show)) == 2 &&
+        std::wstring(show) == L"no")
+        return nullptr;
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    HANDLE in = nullptr, out = nullptr;
+    if (!CreatePipe(&in, &out, &inherited, 0))
+        return nullptr;
+    SetHandleInformation(out, HANDLE_FLAG_INHERIT, 0);
+    const std::wstring program = OwnPath();
+    const Process window = Start(program, Quoted(program) + L" --show", nullptr, in, nullptr);
+    CloseHandle(in);
+    if (window == 0) {
+        CloseHandle(out);
+        return nullptr;
     }
-    CloseHandle(start.hStdOutput);
-    return static_cast<int>(code);
+    CloseHandle(reinterpret_cast<HANDLE>(window));
+    return _fdopen(_open_osfhandle(reinterpret_cast<std::intptr_t>(out), _O_BINARY), "wb");
+}
+
+Lock::~Lock() {
+    if (file_ != -1)
+        CloseHandle(reinterpret_cast<HANDLE>(file_));
+}
+
+bool Lock::Take(const fs::path& file, const std::function<void()>& waits) {
+    const HANDLE lock = CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (lock == INVALID_HANDLE_VALUE)
+        return false;
+    file_ = reinterpret_cast<std::intptr_t>(lock);
+    OVERLAPPED whole{};
+    if (LockFileEx(lock, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &whole))
+        return true;
+    if (GetLastError() != ERROR_LOCK_VIOLATION && GetLastError() != ERROR_IO_PENDING)
+        return true; // a file system without locks: such runs are not kept apart
+    waits();
+    return LockFileEx(lock, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &whole) != FALSE;
 }
 
 } // namespace morv

@@ -32,11 +32,11 @@ private:
 // Takes every line that the runtime writes; the program shows it.
 void Output(const std::string& line);
 
-// Whether each rule tells its conditions and conclusions.
-void SetTrace(bool on);
+// Traces every rule, those of a system, or one by its number.
+void SetTrace(bool on, const std::string& system = {}, const std::string& rule = {});
 
-// One tick: the values and results until now become history, MORVmain runs, and a line or two tell
-// what holds.
+// One tick: the values and results until now become history, MORVmain runs, and a line tells each
+// change that users watch. While a tick runs there is no other.
 void Tick();
 
 // The word for a certainty, the next lower one for a value between two.

@@ -4,58 +4,63 @@
 
 #include "datafact.h"
 #include "dfactres.h"
+#include "inf_eng.h"
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 #include <string>
 #include <vector>
 
 namespace morv {
 
+// What another program pokes.
+struct Item {
+    std::string name, text;
+    long tick = 0; // that sees it first; 0: never poked
+};
+
+// A change of a fact or a result, with what it was before.
+struct Change {
+    DATAFACT* fact;
+    DATAFACTRESULT* result;
+    double value, certainty;
+    const Rule* rule;   // that did it, if one did
+    bool first_of_tick; // of this fact or result
+};
+
 struct State {
     std::vector<DATAFACT*> facts; // of all engines
     std::vector<DATAFACTRESULT*> results;
-    long tick = 0;
-    int conclusions = 0; // since the start
-
-    double path = FULL;            // the certainty of the conditions around the statement that runs
-    bool reading = false;          // an expression is being evaluated:
-    double rests_on = FULL;        // the least certain of what it read, and
-    std::vector<std::string> read; // for the trace, all of that in words
-
+    std::vector<System*> systems;
+    std::map<std::string, Item> items;
+    std::vector<Change> changes;            // of this tick
+    std::vector<std::string> told;          // of the last one, in words
+    std::vector<const Rule*> restless;      // the rules that changed something in the last round
+    std::vector<std::string> assigned_from; // what the value to be assigned was computed from
     bool trace = false;
-    int depth = 0;     // of the blocks
-    int rule_acts = 0; // what the rule did so far
+    std::string trace_system, trace_rule; // empty: all
+    std::string (*clock)() = nullptr;
+    std::string time; // of this tick
+    bool running = false, refused = false;
+    long rounds = 0;
 };
 
 State& Now();
 
-// An expression is about to be evaluated: what it reads is collected.
-void StartReading();
+// The text of a reading: "Pressure = 9 bar, normal (HIGH)".
+std::string TextOf(const ReadRecord& read);
 
-// Adds to what the expression read, but nothing twice.
-void NoteForTrace(const std::string& what);
-
-// An expression reads something of this certainty; `what()` tells it.
-template <class Tell> void Note(double certainty, Tell what) {
-    State& now = Now();
-    if (!now.reading)
-        return;
-    now.rests_on = std::min(now.rests_on, certainty);
-    if (now.trace)
-        NoteForTrace(what());
-}
-
-// What the expression read, in brackets; empty when it read nothing.
+// What the expression at hand read, in brackets; empty when it read nothing.
 std::string ReadText();
 
 // A line of the trace, indented by the blocks around it.
 void Trace(const std::string& line);
 
-// A fact or a result changes. Within a rule `what()` goes to the trace.
+// A fact or a result is told to change. Within a rule `what()` goes to the trace.
 template <class Tell> void Act(Tell what) {
-    State& now = Now();
-    ++now.rule_acts;
-    if (now.trace && now.depth > 0)
+    ++hot.acts;
+    if (hot.trace && hot.scope != nullptr)
         Trace(what());
 }
 
@@ -64,14 +69,18 @@ inline double InRange(double certainty) {
     return certainty > 0 ? std::min(certainty, double(FULL)) : 0;
 }
 
+// Whether two values are the same; those that are no numbers are.
+inline bool Same(double one, double other) {
+    return one == other || (std::isnan(one) && std::isnan(other));
+}
+
 std::string Number(double value);
 
-// Drops what is beyond MAXNUMTICKS.
-template <class History> void Trim(History& history) {
-    const int longest = MAXNUMTICKS; // any number that the project has, also a negative one
-    while (!history.empty() && static_cast<int>(history.size()) > longest)
-        history.pop_back();
-}
+// "rule 3 of steam: its title"
+std::string NameOf(const Rule& rule);
+
+// The rule that runs; null outside of rules.
+const Rule* RunningRule();
 
 } // namespace morv
 

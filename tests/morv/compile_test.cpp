@@ -39,10 +39,12 @@ protected:
         // The first test builds the utility, the others find it there.
         static const TempFolder cache;
         setenv("ZKCC_CACHE", cache.Path("").c_str(), 1);
+        setenv("ZKCC_SHOW", "", 1); // no window
     }
     void TearDown() override {
         unsetenv("WINEPREFIX");
         unsetenv("ZKCC_CACHE");
+        unsetenv("ZKCC_SHOW");
         files::SetDriveRoot("");
     }
 
@@ -94,7 +96,7 @@ TEST_F(Compile, TheUtilityMakesTheProgramWithoutAWarning) {
     const std::string line = morv_test::Generate("C:\\my zentrik");
     EXPECT_EQ(Run(ForShell(line)), 0) << temp_.Content("said");
     const std::string log = temp_.Content("c/my zentrik/boiler/zkcc.log");
-    EXPECT_EQ(log, "zkcc: made Apiboiler.exe\n");
+    EXPECT_EQ(log, "zkcc: made Apiboiler.exe\r\n");
     EXPECT_TRUE(fs::exists(temp_.Path("c/my zentrik/boiler/Apiboiler.exe")));
     EXPECT_FALSE(temp_.Content("c/my zentrik/boiler/boilerR.cpp").empty());
     for (const auto& entry : fs::directory_iterator(temp_.Path("c/my zentrik/boiler")))
@@ -111,7 +113,7 @@ TEST_F(Compile, AWrongPathStandsInTheLogOfTheProject) {
     EXPECT_EQ(Run(ForShell(start + " C:\\nosuch  C:\\zentrik")), 2 << 8);
     EXPECT_EQ(temp_.Content("c/zentrik/boiler/zkcc.log"),
               "the Compiler Include, the Compiler Path or the work folder is not there: "
-              "C:\\nosuch C:\\zentrik\nzkcc: failed\n");
+              "C:\\nosuch C:\\zentrik\r\nzkcc: failed\r\n");
     fs::remove(temp_.Path("c/zentrik/morv/apimorv.cpp"));
     EXPECT_EQ(Run(ForShell(line)), 2 << 8);
     EXPECT_EQ(temp_.Content("c/zentrik/boiler/zkcc.log").find("no apimorv.cpp in the MORV Path"),
@@ -132,7 +134,7 @@ TEST_F(Compile, AnErrorInTheRulesStandsInTheLogWithItsLine) {
     const std::string log = temp_.Content("c/zentrik/boiler/zkcc.log");
     EXPECT_NE(log.find("boilerR.cpp:" + std::to_string(row) + ":"), std::string::npos) << log;
     EXPECT_NE(log.find("NOSUCH"), std::string::npos) << log;
-    EXPECT_TRUE(log.ends_with("zkcc: failed\n")) << log;
+    EXPECT_TRUE(log.ends_with("zkcc: failed\r\n")) << log;
     EXPECT_FALSE(fs::exists(temp_.Path("c/zentrik/boiler/Apiboiler.exe")));
 }
 

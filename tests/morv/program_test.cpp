@@ -130,7 +130,7 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     Close(Start(line));
     const std::string log = std::string(kWork) + "\\boiler\\zkcc.log";
     ASSERT_TRUE(WaitFor(180, [&] { return Content(log).find("zkcc: ") != std::string::npos; }));
-    ASSERT_EQ(Content(log), "zkcc: made Apiboiler.exe\n");
+    ASSERT_EQ(Content(log), "zkcc: made Apiboiler.exe\r\n");
 
     SetEnvironmentVariableA("MORV_PERIOD", "200");
     const Running program('"' + kProgram + ".exe\" /trace");

@@ -1,0 +1,344 @@
+#include "explain.h"
+
+#include "justify.h"
+#include "state.h"
+
+#include <set>
+
+namespace morv {
+
+namespace {
+
+constexpr std::size_t kMostLines = 1000;
+
+bool IsOf(const System& system, const DATAFACT* fact) {
+    return fact->System() == &system;
+}
+
+// The fact that a name means: "A", or "steam.A".
+const DATAFACT* FactOf(const std::string& name) {
+    for (const DATAFACT* fact : Now().facts)
+        if (name == static_cast<const char*>(fact->text))
+            return fact;
+    const std::size_t dot = name.find('.');
+    for (const System* system : Now().systems)
+        if (dot != name.npos && name.compare(0, dot, system->Name()) == 0)
+            for (const DATAFACT* fact : Now().facts)
+                if (IsOf(*system, fact) &&
+                    name.compare(dot + 1, name.npos, static_cast<const char*>(fact->text)) == 0)
+                    return fact;
+    return nullptr;
+}
+
+const DATAFACTRESULT* ResultOf(const std::string& name) {
+    for (const DATAFACTRESULT* result : Now().results)
+        if (name == static_cast<const char*>(result->text))
+            return result;
+    return nullptr;
+}
+
+std::string InWords(const DATAFACT& fact) {
+    return fact.Told(0, fact.Value(), fact.certainty());
+}
+
+// The tree of reasons, line by line.
+class Tree {
+public:
+    std::vector<std::string> Of(const DATAFACT* fact, const DATAFACTRESULT* result) {
+        if (fact != nullptr)
+            Line(0, InWords(*fact));
+        else
+            Line(0, result->Told(0, result->certainty()));
+        Reasons(fact, result, 1);
+        return std::move(lines_);
+    }
+
+private:
+    void Line(std::size_t depth, const std::string& text) {
+        if (lines_.size() < kMostLines)
+            lines_.push_back(std::string(depth * 2, ' ') + text);
+        else if (lines_.size() == kMostLines)
+            lines_.push_back("and so on");
+    }
+
+    void Reasons(const DATAFACT* fact, const DATAFACTRESULT* result, std::size_t depth) {
+        const void* thing = fact != nullptr ? static_cast<const void*>(fact) : result;
+        const Justification* why = fact != nullptr ? fact->Why() : result->Why();
+        if (why == nullptr)
+            return Line(depth,
+                        fact != nullptr ? "it was never given a value" : "it was never concluded");
+        if (!told_.insert(thing).second)
+            return Line(depth, "as told above");
+        if (why->initial != nullptr)
+            return Initial(*why, depth);
+        Line(depth,
+             std::string(why->verb) + When(*why) +
+                 (why->rule != nullptr ? " by " + NameOf(*why->rule) : "") +
+                 (why->opposite != nullptr
+                      ? ", for its opposite " + std::string(why->opposite->text) + " was deduced"
+                      : ""));
+        int read = 0;
+        for (const Step& step : why->steps) {
+            if (step.site != nullptr)
+                Line(depth + 1, KindWord(step.site->kind) + " " + step.site->text + " : " +
+                                    (std::string(step.branch) == "Then" ? "true" : "false") + " (" +
+                                    CertaintyWord(step.certainty) + ")");
+            else if (step.each != nullptr)
+                Line(depth + 1, "ForAll: PF is " + std::string(step.each->text));
+            Reads(*why, read, step.reads_end, depth + 2);
+            read = step.reads_end;
+        }
+        if (read < static_cast<int>(why->reads.size())) {
+            Line(depth + 1, "computed from");
+            Reads(*why, read, static_cast<int>(why->reads.size()), depth + 2);
+        }
+    }
+
+    static std::string KindWord(Kind kind) {
+        static const char* const words[] = {"If", "IfOr", "IfXor", "IfAny"};
+        return words[static_cast<int>(kind)];
+    }
+
+    static std::string When(const Justification& why) {
+        return " in tick " + std::to_string(why.tick) +
+               (why.time[0] != '\0' ? std::string(", ") + why.time : "");
+    }
+
+    // The end of every branch: where a value came in.
+    void Initial(const Justification& why, std::size_t depth) {
+        const std::string text = why.initial, items = "DDEinfo.";
+        if (text.compare(0, items.size(), items) != 0)
+            return Line(depth, "the initial value " + text);
+        Line(depth, "from item " + text.substr(items.size()) + " = " + Number(why.value) +
+                        (why.poked > 0 ? ", poked in tick " + std::to_string(why.poked)
+                                       : ", which was never poked"));
+    }
+
+    void Reads(const Justification& why, int from, int to, std::size_t depth) {
+        std::set<std::string> texts;
+        for (; from < to; ++from) {
+            const ReadRecord& read = why.reads[static_cast<std::size_t>(from)];
+            const std::string text = TextOf(read);
+            if (!texts.insert(text).second)
+                continue;
+            Line(depth, text);
+            const Justification* cause = read.fact != nullptr     ? read.fact->Why()
+                                         : read.result != nullptr ? read.result->Why()
+                                                                  : nullptr;
+            if (read.item != nullptr || read.ticks_ago > 0 || lines_.size() > kMostLines)
+                continue;
+            if (read.result != nullptr && cause == nullptr)
+                continue; // it does not hold because nothing ever concluded it
+            if (cause != nullptr && cause->tick > why.tick)
+                Line(depth + 1, "it has changed since, in tick " + std::to_string(cause->tick));
+            else if (depth > 60)
+                Line(depth + 1, "and so on");
+            else
+                Reasons(read.fact, read.result, depth + 1);
+        }
+    }
+
+    std::vector<std::string> lines_;
+    std::set<const void*> told_;
+};
+
+std::string Unknown(const std::string& name) {
+    return "there is no fact and no result " + name;
+}
+
+// The first condition on the way to a conclusion that was not as it must be; null when all were.
+const Site* Missing(const Rule& rule, int outer, bool otherwise, bool& wrong_branch) {
+    const Site* missing = nullptr;
+    for (int steps = 0; outer >= 0 && outer < rule.site_count && steps <= rule.site_count;
+         ++steps) {
+        const Site& site = rule.sites[outer];
+        if (site.outcome != (otherwise ? Truth::False : Truth::True)) {
+            missing = &site;
+            wrong_branch = site.outcome != Truth::Unknown && site.outcome != Truth::NotSeen;
+        }
+        otherwise = site.otherwise;
+        outer = site.outer;
+    }
+    return missing;
+}
+
+// What the facts and results named in a condition are now.
+std::string NamedIn(const std::string& text) {
+    std::set<std::string> told;
+    std::string all, word;
+    for (std::size_t at = 0; at <= text.size(); ++at) {
+        const char c = at < text.size() ? text[at] : ' ';
+        if (c == '_' || (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') ||
+            (c >= 'A' && c <= 'Z')) {
+            word += c;
+            continue;
+        }
+        const DATAFACT* fact = word.empty() ? nullptr : FactOf(word);
+        const DATAFACTRESULT* result = word.empty() ? nullptr : ResultOf(word);
+        if ((fact != nullptr || result != nullptr) && told.insert(word).second)
+            all += (all.empty() ? "  [" : "; ") +
+                   (fact != nullptr ? InWords(*fact) : result->Told(0, result->certainty()));
+        word.clear();
+    }
+    return all.empty() ? all : all + "]";
+}
+
+std::string WhyNotBy(const Rule& rule, const Conclusion& conclusion, const DATAFACTRESULT* result) {
+    const std::string name = NameOf(rule);
+    if (rule.ran < 0 && *rule.number != '\0')
+        return name + " did not run yet";
+    if (rule.ran != hot.tick && *rule.number != '\0')
+        return name + " did not run in this tick, but last in tick " + std::to_string(rule.ran);
+    bool wrong = false;
+    const Site* site = Missing(rule, conclusion.outer, conclusion.otherwise, wrong);
+    if (site != nullptr) {
+        const char* const was = site->outcome == Truth::Unknown   ? "is unknown"
+                                : site->outcome == Truth::NotSeen ? "was not looked at"
+                                : site->outcome == Truth::True    ? "is true"
+                                                                  : "is false";
+        static const char* const kinds[] = {"If ", "IfOr ", "IfXor ", "IfAny "};
+        return name + ", " + kinds[static_cast<int>(site->kind)] + site->text + " " + was +
+               NamedIn(site->text);
+    }
+    if (result != nullptr && result->certainty() <= 0)
+        for (const DATAFACTRESULT* opposite : result->Opposites())
+            if (opposite->certainty() > 0)
+                return name + " concludes it, but its opposite " + std::string(opposite->text) +
+                       " holds (" + CertaintyWord(opposite->certainty()) + ")";
+    return name + " concludes it";
+}
+
+} // namespace
+
+std::string TextOf(const ReadRecord& read) {
+    if (read.fact != nullptr)
+        return read.fact->Told(read.ticks_ago, read.value, read.certainty);
+    if (read.result != nullptr)
+        return read.result->Told(read.ticks_ago, read.value);
+    return "item " + read.item->name +
+           (read.certainty > 0
+                ? " = " + read.item->text + ", poked in tick " + std::to_string(read.item->tick)
+                : " was never poked");
+}
+
+std::vector<std::string> Why(const std::string& name) {
+    const DATAFACT* fact = FactOf(name);
+    const DATAFACTRESULT* result = fact == nullptr ? ResultOf(name) : nullptr;
+    if (fact == nullptr && result == nullptr)
+        return {Unknown(name)};
+    return Tree().Of(fact, result);
+}
+
+std::vector<std::string> WhyNot(const std::string& name) {
+    const DATAFACT* fact = FactOf(name);
+    const DATAFACTRESULT* result = fact == nullptr ? ResultOf(name) : nullptr;
+    if (fact == nullptr && result == nullptr)
+        return {Unknown(name)};
+    const std::string plain = fact != nullptr ? std::string(fact->text) : name;
+    std::vector<std::string> lines = {fact != nullptr ? InWords(*fact)
+                                                      : result->Told(0, result->certainty())};
+    for (const System* system : Now().systems) {
+        if (fact != nullptr && !IsOf(*system, fact))
+            continue;
+        for (const RuleRun& run : system->Rules())
+            for (const Rule* rule = run.rules; rule != run.rules + run.count; ++rule)
+                for (int i = 0; i < rule->act_count; ++i)
+                    if (plain == rule->acts[i].name ||
+                        (fact != nullptr && std::string("PF") == rule->acts[i].name))
+                        lines.push_back("  " + WhyNotBy(*rule, rule->acts[i], result));
+    }
+    if (lines.size() == 1)
+        lines.push_back(fact != nullptr ? "  no rule assigns it" : "  no rule concludes it");
+    return lines;
+}
+
+std::string StateText(const std::string& name) {
+    if (const DATAFACT* fact = FactOf(name))
+        return Number(fact->Value()) + " " + CertaintyWord(fact->certainty());
+    if (const DATAFACTRESULT* result = ResultOf(name))
+        return (result->certainty() > 0 ? "1 " : "0 ") +
+               std::string(CertaintyWord(result->certainty()));
+    return "";
+}
+
+std::vector<std::string> Names() {
+    std::set<std::string> once, twice;
+    for (const DATAFACT* fact : Now().facts)
+        if (!once.insert(std::string(fact->text)).second)
+            twice.insert(std::string(fact->text));
+    for (const DATAFACTRESULT* result : Now().results)
+        if (once.count(std::string(result->text)) != 0)
+            twice.insert(std::string(result->text));
+    std::vector<std::string> names;
+    for (const DATAFACT* fact : Now().facts) {
+        const std::string name(fact->text);
+        const bool shared = twice.count(name) != 0 && fact->System() != nullptr;
+        names.push_back(shared ? std::string(fact->System()->Name()) + "." + name : name);
+    }
+    for (const DATAFACTRESULT* result : Now().results)
+        names.push_back(std::string(result->text));
+    return names;
+}
+
+std::vector<std::string> Changes() {
+    return Now().told;
+}
+
+void SetClock(std::string (*clock)()) {
+    Now().clock = clock;
+}
+
+void NoteInput(const std::string& name, const std::string& text) {
+    Item& item = Now().items[name];
+    item.name = name;
+    item.text = text;
+    item.tick = hot.tick + (Now().running ? 0 : 1);
+}
+
+namespace {
+
+// What users watch: results that begin or end to hold, and actions.
+std::vector<std::string> ChangesInWords() {
+    std::vector<std::string> lines;
+    for (const Change& change : Now().changes) {
+        if (!change.first_of_tick)
+            continue;
+        if (change.result != nullptr) {
+            const double how = change.result->certainty();
+            if ((how > 0) != (change.certainty > 0))
+                lines.push_back(how > 0 ? change.result->Told(0, how)
+                                        : std::string(change.result->text) + " no longer holds");
+        } else if (change.fact->type == ACTION && (!Same(change.value, change.fact->Value()) ||
+                                                   change.certainty != change.fact->certainty()))
+            lines.push_back(InWords(*change.fact));
+    }
+    return lines;
+}
+
+// One tick at a time, also when the rules throw.
+struct Running {
+    Running() { Now().running = true; }
+    ~Running() { Now().running = Now().refused = false; }
+};
+
+} // namespace
+
+void Tick() {
+    State& now = Now();
+    if (now.running) {
+        if (!now.refused)
+            Output("A tick is running: the next one waits for it");
+        now.refused = true;
+        return;
+    }
+    const Running running;
+    ++hot.tick;
+    now.changes.clear();
+    now.time = now.clock != nullptr ? now.clock() : "";
+    MORVmain();
+    now.told = ChangesInWords();
+    for (const std::string& line : now.told)
+        Output("Tick " + std::to_string(hot.tick) + ": " + line);
+}
+
+} // namespace morv
