@@ -62,8 +62,7 @@ void morv::Output(const std::string& line) {
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR arguments, int show) {
     const char* trace = std::getenv("MORV_TRACE");
     morv::SetTrace((trace != nullptr && std::strcmp(trace, "1") == 0) ||
-                       std::strstr(arguments, "/trace") != nullptr,
-                   {}, {});
+                   std::strstr(arguments, "/trace") != nullptr);
     morv::SetClock([] {
         const std::string now = DayAndTime();
         return now.substr(now.find(' ') + 1);

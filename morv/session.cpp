@@ -69,12 +69,10 @@ void RunTick() {
     Session& session = Current();
     if (session.in_tick)
         return;
-    session.in_tick = true;
     session.boxes_before = std::exchange(session.boxes, {});
+    session.in_tick = true;
     Tick();
     session.in_tick = false;
-    for (const std::string& line : Changes())
-        Output(line);
     for (const ItemValue& value : std::exchange(session.waiting, {}))
         Give(value);
 }

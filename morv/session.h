@@ -7,8 +7,7 @@
 
 namespace morv {
 
-// Runs a tick and tells what it changed. While one runs it does nothing: in a box that user code
-// opens the clock goes on.
+// Runs a tick. While one runs it does nothing: in a box that user code opens the clock goes on.
 void RunTick();
 bool InTick();
 

@@ -47,10 +47,6 @@ void SetTrace(bool on, const std::string& system, const std::string& rule) {
     TheEngine().trace = std::string(on ? "on" : "off") + "," + system + "," + rule;
 }
 
-std::vector<std::string> Changes() {
-    return TheEngine().changes;
-}
-
 void NoteInput(const std::string& name, const std::string& text) {
     TheEngine().inputs.push_back(name + " = " + text);
 }

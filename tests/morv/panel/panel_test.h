@@ -18,7 +18,6 @@ struct Engine {
     std::string trace; // what was asked for last
     int ticks = 0;
     std::map<std::string, std::string> states;     // of facts and results
-    Lines changes;                                 // of the tick
     std::function<void()> rules = [] {};           // what runs in a tick
     std::function<void(const std::string&)> shown; // what else takes the lines
 };

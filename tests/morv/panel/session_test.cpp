@@ -86,13 +86,6 @@ TEST_F(Session, WhatIsRepeatedIsToldOnce) {
     EXPECT_EQ(Told(), Lines{"Poke refused: Count = five: not a number"});
 }
 
-TEST_F(Session, ATickTellsWhatItChanged) {
-    TheEngine().changes = {"HOT holds"};
-    morv::RunTick();
-    EXPECT_EQ(TheEngine().ticks, 1);
-    EXPECT_EQ(Told(), Lines{"HOT holds"});
-}
-
 TEST_F(Session, WhatRulesSayInEveryTickIsToldWhenItBegins) {
     TheEngine().rules = [] {
         put_box("Hot");
