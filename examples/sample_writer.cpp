@@ -257,6 +257,15 @@ std::string WriteRuntime(const std::string& from, const std::string& to) {
     return RuntimeWriter(from, to).Failure();
 }
 
+bool IsWorkFolder(const std::string& work) {
+    return files::Exists(ToolsFileName(WithoutFinalSlash(work)).c_str());
+}
+
+std::string UpdateRuntime(const std::string& folder, const std::string& work) {
+    return WriteRuntime(WithoutFinalSlash(folder) + kRuntimeFolder,
+                        WithoutFinalSlash(work) + "\\morv");
+}
+
 std::string WriteSample(const std::string& folder, const std::string& work,
                         const std::string& compiler) {
     const std::string from = WithoutFinalSlash(folder), to = WithoutFinalSlash(work);

@@ -13,6 +13,13 @@ namespace sample {
 std::string WriteSample(const std::string& folder, const std::string& work,
                         const std::string& compiler);
 
+// Whether `work` is a work folder already, with a tools file.
+bool IsWorkFolder(const std::string& work);
+
+// Writes the runtime that belongs to the source in `folder` to a work folder that is there already,
+// and leaves everything else in it alone. Returns an empty text, or what went wrong.
+std::string UpdateRuntime(const std::string& folder, const std::string& work);
+
 // Writes the starter runtime, which stands in the folder `from`, to the folder `to`, as a site would
 // install it: the templates, the sources that a project is compiled with, and the compiler utility
 // for Windows where `from` has it. Returns an empty text, or what went wrong.

@@ -196,8 +196,8 @@ private:
 
     // What all sources but the first include.
     std::string SharedHeader() const {
-        return "#pragma once\n" + header_.shared + shared_ + extern_.declarations +
-               "#undef NULL\n#define NULL 0\n";
+        return "#ifndef MORV_RULES\n#define MORV_RULES\n" + header_.shared + shared_ +
+               extern_.declarations + "#undef NULL\n#define NULL 0\n#endif\n";
     }
 
     struct System {

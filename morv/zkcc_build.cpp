@@ -230,6 +230,8 @@ private:
             std::string key = ToolPrint(unit.tool) + "\n" + unit.source + "\n" + unit.text;
             for (const std::string& option : unit.options)
                 key += "\n" + option;
+            for (const fs::path& file : unit.from)
+                key += "\n" + file.string();
             unit.key = Fingerprint(key);
             unit.kept = cache_.Find(unit.made, unit.key);
             if (unit.kept.identity.empty())
@@ -412,7 +414,8 @@ private:
         std::error_code error;
         if (WriteFile(log, text))
             fs::rename(log, job_.project / kLog, error);
-        if (error || !fs::exists(job_.project / kLog, error))
+        // The cache may be what cannot be written.
+        if (!fs::exists(job_.project / kLog, error) && !WriteFile(job_.project / kLog, text))
             std::fprintf(stderr, "zkcc: cannot write %s\n%s", kLog, text.c_str());
     }
 

@@ -6,7 +6,7 @@
 ;     REMOVE   a script that removes exactly these, and their folders where they are empty then
 ;
 ; Silent: zentrik-VERSION-setup.exe /S [/WORK=C:\folder] [/D=C:\program folder]
-; Exit code 2: the work folder was refused; 3: the sample could not be written.
+; Exit code 2: the work folder was refused; 3: the sample or the runtime could not be written.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -143,23 +143,20 @@ Section
     SetOutPath "$Work"
     CreateShortcut "$SMPROGRAMS\Zentrik.lnk" "$INSTDIR\zentrik.exe"
 
-    ${If} ${FileExists} "$Work\toolfile.tol"
-        DetailPrint "$Work is a work folder already and stays as it is"
+    ; A work folder that is there keeps its projects and gets the runtime of this version.
+    ; A backslash before the closing quote would take it into the argument.
+    StrCpy $0 "$Work" 1 -1
+    ${If} $0 == "\"
+        StrCpy $1 "$Work" -1
     ${Else}
-        ; A backslash before the closing quote would take it into the argument.
-        StrCpy $0 "$Work" 1 -1
-        ${If} $0 == "\"
-            StrCpy $1 "$Work" -1
-        ${Else}
-            StrCpy $1 "$Work"
-        ${EndIf}
-        nsExec::ExecToLog '"$INSTDIR\make_sample.exe" "$INSTDIR\examples\boiler" "$1"'
-        Pop $0
-        ${If} $0 != 0
-            SetErrorLevel 3
-            MessageBox MB_OK|MB_ICONEXCLAMATION "The sample could not be written to $Work. \
-                Zentrik is installed without it." /SD IDOK
-        ${EndIf}
+        StrCpy $1 "$Work"
+    ${EndIf}
+    nsExec::ExecToLog '"$INSTDIR\make_sample.exe" --replace "$INSTDIR\examples\boiler" "$1"'
+    Pop $0
+    ${If} $0 != 0
+        SetErrorLevel 3
+        MessageBox MB_OK|MB_ICONEXCLAMATION "The sample or the runtime could not be written to $Work. \
+            Zentrik itself is installed." /SD IDOK
     ${EndIf}
 SectionEnd
 
