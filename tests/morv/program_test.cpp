@@ -137,7 +137,7 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     const auto says = [](const std::string& text) {
         return [text] { return Log().find(text) != std::string::npos; };
     };
-    ASSERT_TRUE(WaitFor(60, says("Rule 1 of burner")));
+    ASSERT_TRUE(WaitFor(60, says("Apiboiler starts")));
     EXPECT_FALSE(says("Steam pressure is high")());
 
     zentrik_test::DdeClient client;
