@@ -21,6 +21,7 @@ struct morv::FactPast {
         DATAFACT::Reading reading;
     };
     std::deque<Entry> entries;
+    std::vector<Rule*> readers;
 };
 
 DATAFACT::DATAFACT(const DATAFACT& other)
@@ -43,6 +44,11 @@ void DATAFACT::Register(const char* fact_name, const morv::System* system) {
     system_ = system;
     registered_ = hot.tick;
     past_ = new morv::FactPast;
+}
+
+void DATAFACT::AddReader(morv::Rule& rule) {
+    if (past_ != nullptr)
+        past_->readers.push_back(&rule);
 }
 
 DATAFACT::Reading DATAFACT::At(int ticks_ago) const {
@@ -139,6 +145,8 @@ bool DATAFACT::Set(double value, double certainty, const char* verb) {
     }
     morv::Now().changes.push_back(
         {this, nullptr, now_.value, now_.certainty, morv::RunningRule(), first});
+    for (morv::Rule* rule : past_->readers)
+        rule->clean = false;
     changed_ = hot.tick + 1;
     now_ = {value, certainty};
     morv::Justification& why = morv::Justify(why_, verb);

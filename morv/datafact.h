@@ -13,6 +13,7 @@ struct FactPast;
 class System;
 struct Item;
 struct Justification;
+struct Rule;
 
 } // namespace morv
 
@@ -61,6 +62,7 @@ public:
     void TakeUp(double value, double certainty, const char* source);
     std::string Summary() const;
     std::string Told(int ticks_ago, double value, double certainty) const;
+    void AddReader(morv::Rule& rule); // that has to run when this changes
     morv::Justification* Why() const { return why_; }
     double Value() const { return now_.value; }
     const morv::System* System() const { return system_; }

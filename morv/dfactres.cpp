@@ -16,6 +16,7 @@ struct morv::ResultPast {
         double certainty;
     };
     std::deque<Entry> entries;
+    std::vector<Rule*> readers;
     std::vector<DATAFACTRESULT*> opposites;
 };
 
@@ -28,6 +29,11 @@ void DATAFACTRESULT::Register(const char* result_name) {
 DATAFACTRESULT& DATAFACTRESULT::operator=(const DATAFACTRESULT& other) {
     Set(other.now_, "copied", nullptr);
     return *this;
+}
+
+void DATAFACTRESULT::AddReader(morv::Rule& rule) {
+    if (past_ != nullptr)
+        past_->readers.push_back(&rule);
 }
 
 std::vector<DATAFACTRESULT*> DATAFACTRESULT::Opposites() const {
@@ -76,6 +82,8 @@ void DATAFACTRESULT::Set(double certainty, const char* verb, const DATAFACTRESUL
             past_->entries.pop_back();
     }
     morv::Now().changes.push_back({nullptr, this, 0, now_, morv::RunningRule(), first});
+    for (morv::Rule* rule : past_->readers)
+        rule->clean = false;
     changed_ = hot.tick + 1;
     now_ = certainty;
     morv::Justification& why = morv::Justify(why_, verb);

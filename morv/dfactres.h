@@ -37,6 +37,7 @@ public:
     // For the runtime itself.
     void Register(const char* result_name);
     std::string Told(int ticks_ago, double certainty) const;
+    void AddReader(morv::Rule& rule); // that has to run when this changes
     morv::Justification* Why() const { return why_; }
     std::vector<DATAFACTRESULT*> Opposites() const;
     long counted = 0; // the round that counted its change

@@ -187,7 +187,8 @@ std::string WhyNotBy(const Rule& rule, const Conclusion& conclusion, const DATAF
     const std::string name = NameOf(rule);
     if (rule.ran < 0 && *rule.number != '\0')
         return name + " did not run yet";
-    if (rule.ran != hot.tick && *rule.number != '\0')
+    const bool stands = rule.clean && rule.system->run == hot.tick;
+    if (rule.ran != hot.tick && !stands && *rule.number != '\0')
         return name + " did not run in this tick, but last in tick " + std::to_string(rule.ran);
     bool wrong = false;
     const Site* site = Missing(rule, conclusion.outer, conclusion.otherwise, wrong);

@@ -62,14 +62,6 @@ void Trace(const std::string& line) {
     Output(std::string(depth * 2, ' ') + line);
 }
 
-void TraceBranch(const char* name) {
-    // The line stands with its condition, not within the branch.
-    const Scope* branch = hot.scope;
-    hot.scope = branch->outer;
-    Trace(name);
-    hot.scope = const_cast<Scope*>(branch);
-}
-
 std::string Number(double value) {
     char text[40];
     std::snprintf(text, sizeof text, "%.6g", value);
@@ -100,6 +92,12 @@ void System::Add(Rule* rules, const char* const* numbers, int count) {
     for (int i = 0; i < count; ++i) {
         rules[i].system = this;
         rules[i].number = numbers != nullptr ? numbers[i] : "";
+        for (const Source* source = rules[i].sources;
+             source != nullptr && (source->fact != nullptr || source->result != nullptr); ++source)
+            if (source->fact != nullptr)
+                source->fact->AddReader(rules[i]);
+            else
+                source->result->AddReader(rules[i]);
     }
     rules_.push_back({rules, count});
 }
@@ -176,6 +174,32 @@ bool Any::Next() {
     return true;
 }
 
+// A line that stands with the block around what runs.
+static void TraceBranch(const char* name) {
+    const Scope* branch = hot.scope;
+    hot.scope = branch->outer;
+    Trace(name);
+    hot.scope = const_cast<Scope*>(branch);
+}
+
+Within::Within(Rule* rule, const Condition* condition, const DATAFACT* each, const char* branch)
+    : scope_{hot.scope, hot.path, hot.read_count, rule, condition, each, branch} {
+    hot.scope = &scope_;
+}
+
+Within::~Within() {
+    hot.path = scope_.path;
+    hot.read_count = scope_.reads;
+    hot.scope = scope_.outer;
+}
+
+Branch::Branch(const Condition& condition, const char* name)
+    : Within(nullptr, &condition, nullptr, name) {
+    if (hot.trace)
+        TraceBranch(name);
+    hot.path = std::min(hot.path, condition.Certainty());
+}
+
 Each::Each(const DATAFACT* fact) : Within(nullptr, nullptr, fact, nullptr) {
     if (hot.trace)
         TraceBranch((std::string("ForAll: PF is ") + std::string(fact->text)).c_str());
@@ -210,8 +234,14 @@ Entered::~Entered() {
 }
 
 Left RunRules(Rule* rules, int count) {
+    // Within blocks of another system a rule concludes less certainly.
+    const bool outermost = hot.scope == nullptr;
+    const bool all = !outermost || Now().trace;
     for (int i = 0; i < count; ++i) {
+        if (rules[i].clean && !all)
+            continue;
         const Entered entered(rules[i]);
+        rules[i].clean = outermost && rules[i].sources != nullptr;
         const Left left = rules[i].run(rules[i]);
         if (left.left)
             return left;
@@ -221,6 +251,7 @@ Left RunRules(Rule* rules, int count) {
 
 Run::Run(System& system) : system_(system), from_(Now().changes.size()), trace_(hot.trace) {
     ++Now().rounds;
+    system.run = hot.tick;
     hot.reading = hot.computing = false;
     hot.trace = IsTraced(system, nullptr);
 }

@@ -68,6 +68,12 @@ struct Left {
     Left(int returned) : left(true), value(returned) {}
 };
 
+// A fact or a result that a rule reads.
+struct Source {
+    DATAFACT* fact;
+    DATAFACTRESULT* result;
+};
+
 class System;
 
 struct Rule {
@@ -77,9 +83,11 @@ struct Rule {
     int site_count;
     const Conclusion* acts;
     int act_count;
+    const Source* sources; // all that it reads, when it needs not run until one of them changes
     const char* number = "";
     System* system = nullptr;
-    long ran = -1; // the tick it ran in last
+    long ran = -1;      // the tick it ran in last
+    bool clean = false; // nothing has changed since for which it would have to run
 };
 
 struct RuleRun {
@@ -93,6 +101,7 @@ public:
     explicit System(const char* name) : name_(name) {}
     bool First() const { return rules_.empty(); }
     void Add(Rule* rules, const char* const* numbers, int count);
+    long run = -1; // the tick it ran in last
     const char* Name() const { return name_; }
     const std::vector<RuleRun>& Rules() const { return rules_; }
 
@@ -218,24 +227,15 @@ private:
     DATAFACT* first_ = nullptr;
 };
 
-void TraceBranch(const char* name);
-
 // What runs until the end of a block.
 class Within {
 public:
     Within(const Within&) = delete;
     Within& operator=(const Within&) = delete;
-    ~Within() {
-        hot.path = scope_.path;
-        hot.read_count = scope_.reads;
-        hot.scope = scope_.outer;
-    }
+    ~Within();
 
 protected:
-    Within(Rule* rule, const Condition* condition, const DATAFACT* each, const char* branch)
-        : scope_{hot.scope, hot.path, hot.read_count, rule, condition, each, branch} {
-        hot.scope = &scope_;
-    }
+    Within(Rule* rule, const Condition* condition, const DATAFACT* each, const char* branch);
 
 private:
     Scope scope_;
@@ -244,13 +244,7 @@ private:
 // A branch of a block: what it concludes is no more certain than its condition.
 class Branch : Within {
 public:
-    Branch(const Condition& condition, const char* name)
-        : Within(nullptr, &condition, nullptr, name) {
-        if (hot.trace)
-            TraceBranch(name);
-        if (condition.Certainty() < hot.path)
-            hot.path = condition.Certainty();
-    }
+    Branch(const Condition& condition, const char* name);
 };
 
 // One round of ForAll.

@@ -1,5 +1,6 @@
 #include "translate.h"
 
+#include "language/quiet_rules.h"
 #include "language/rule_blocks.h"
 #include "language/splitting.h"
 #include "language/system_text.h"
@@ -16,7 +17,7 @@ namespace {
 
 // How many rules go into a source: at least, and at most. Between the two a source ends with a rule
 // whose text says so, so that a new rule does not move all rules behind it to other sources.
-constexpr std::size_t kLeastRules = 128, kMostRules = 384;
+constexpr std::size_t kLeastRules = 192, kMostRules = 448;
 
 bool StartsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
@@ -110,7 +111,8 @@ class Translator {
 public:
     Translator(const std::string& source, std::string name, const std::string& header)
         : lines_(LinesOf(source)), name_(std::move(name)), header_(header),
-          results_(header_.results.begin(), header_.results.end()) {}
+          results_(header_.results.begin(), header_.results.end()),
+          quiet_(source, AfterSystems(source), header_.results) {}
 
     Translation All() {
         CheckResults();
@@ -135,6 +137,11 @@ public:
     }
 
 private:
+    static std::string AfterSystems(const std::string& source) {
+        const std::size_t end = source.rfind("\nEndSystem");
+        return end == std::string::npos ? source : source.substr(end);
+    }
+
     void Out(const std::string& line) { text_ += line + "\n"; }
 
     // Says that the next line is number `line` of the file `name`.
@@ -205,6 +212,7 @@ private:
         SystemText text;
         std::vector<Part> parts;
         std::set<std::string> facts, variables;
+        bool changes_settings = false; // of its facts
     };
 
     void OneSystem(const std::string& begin) {
@@ -277,6 +285,8 @@ private:
         system.facts.insert(system.text.facts.begin(), system.text.facts.end());
         for (const Variable& variable : system.text.variables)
             system.variables.insert(variable.name);
+        system.changes_settings =
+            ChangesSettings(system.text.rest.text) || ChangesSettings(extern_.code);
         std::vector<Complaint> complaints;
         system.parts =
             TranslateBlocks(system.text.rest.text, system.text.rest.line, system.name, complaints);
@@ -365,12 +375,13 @@ private:
 
     // A row of the table of rules, without the number, which the first source knows.
     static std::string Row(const std::string& run, const std::string& title, std::size_t conditions,
-                           std::size_t conclusions, const std::string& suffix) {
+                           std::size_t conclusions, const std::string& suffix,
+                           const std::string& sources = "nullptr") {
         return "{" + run + ", " + Quoted(title) + ", " +
                (conditions == 0 ? "nullptr" : "morv_sites" + suffix) + ", " +
                std::to_string(conditions) + ", " +
                (conclusions == 0 ? "nullptr" : "morv_acts" + suffix) + ", " +
-               std::to_string(conclusions) + "},\n";
+               std::to_string(conclusions) + ", " + sources + "},\n";
     }
 
     // Rules whose entries stand in one table.
@@ -419,8 +430,13 @@ private:
                     (rule.conditions.empty() ? "" : kSites) +
                     Mark(RuleLabel(system, rule), rule.line, system.name, &rule) + "{" + rule.code +
                     "}\nreturn {}; }\n";
+            const std::string sources = Sources(system, rule);
+            if (!sources.empty())
+                body += "static const morv::Source morv_from" + suffix + "[] = {" + sources +
+                        "{nullptr, nullptr}};\n";
             rows += Row("morv_run" + suffix, rule.title, rule.conditions.size(),
-                        rule.conclusions.size(), suffix);
+                        rule.conclusions.size(), suffix,
+                        sources.empty() ? "nullptr" : "morv_from" + suffix);
         }
         const std::string name = PieceName(system, *rules[0]);
         std::string text;
@@ -440,6 +456,20 @@ private:
             result_.sources.push_back({name + ".cpp", std::move(text)});
         else
             text_ += text;
+    }
+
+    // What a rule reads that needs not run while nothing of it changes; empty for others.
+    std::string Sources(const System& system, const Part& rule) const {
+        std::set<std::string> facts, results;
+        if (system.changes_settings ||
+            !quiet_.IsQuiet(rule.text, system.facts, extern_, facts, results))
+            return "";
+        std::string text;
+        for (const std::string& fact : facts)
+            text += "{&" + system.space + "::" + fact + ", nullptr}, ";
+        for (const std::string& result : results)
+            text += "{nullptr, &" + result + "}, ";
+        return text;
     }
 
     static std::string RuleLabel(const System& system, const Part& rule) {
@@ -508,9 +538,8 @@ private:
         if (!split)
             for (const Variable& variable : system.text.variables)
                 text_ += variable.type + " " + variable.name + "; ";
-        const bool again = ChangesSettings(system.text.rest.text) || ChangesSettings(extern_.code);
         text_ += "Facts(" + object + ", " + system.space + "::morv_rows, " +
-                 (again ? "true" : "false") + "); if (" + object + ".First()) {";
+                 (system.changes_settings ? "true" : "false") + "); if (" + object + ".First()) {";
         for (const Group& group : groups_)
             text_ += "\n" + object + ".Add(" + group.name + ", " + group.name + "_numbers, " +
                      std::to_string(group.numbers.size()) + ");";
@@ -633,6 +662,7 @@ private:
     const std::string name_;
     const Header header_;
     const std::unordered_set<std::string> results_;
+    const QuietRules quiet_;
     std::map<std::string, std::string> systems_;
     std::size_t at_ = 0; // the next line
     bool included_ = false;

@@ -66,14 +66,15 @@ protected:
     std::string LineOf(const std::string& compiler, const std::string& work,
                        const std::string& name) const {
         const std::string project = Quoted(temp_.Path("c/" + work + "/" + name));
-        const std::string translated = temp_.Path("rules.cpp");
+        const std::string translated = temp_.Path("translated");
+        fs::remove_all(translated);
         EXPECT_EQ(Run(Quoted(TRANSLATE_RULES) + " " + project + "/" + name + "R.cpp " + project +
                       "/" + name + "R.h " + translated),
                   0)
             << temp_.Content("said");
         return compiler + " -std=c++17 -Wall -Werror -I" + project + " -I" +
-               Quoted(temp_.Path("c/" + work + "/morv")) + " " + translated + " " + project +
-               "/ddecom.cpp ";
+               Quoted(temp_.Path("c/" + work + "/morv")) + " -I" + translated + " " + translated +
+               "/rules.cpp " + translated + "/pieces.cpp " + project + "/ddecom.cpp ";
     }
 
     // Puts the golden files of a project where a build leaves them, in the work folder C:\golden.
@@ -150,8 +151,8 @@ TEST_F(Compile, TheHostCompilesItWithoutAWarningAndTheRulesRun) {
     morv_test::GenerateSample("C:\\zentrik", "");
     const std::string morv = temp_.Path("c/zentrik/morv"), program = temp_.Path("program");
     ASSERT_EQ(Run(LineOf(kHostCompiler, "zentrik", "boiler") + morv + "/datafact.cpp " + morv +
-                  "/dfactres.cpp " + morv + "/inf_eng.cpp " + Quoted(kHost + "/host_main.cpp") +
-                  " -o " + program),
+                  "/dfactres.cpp " + morv + "/explain.cpp " + morv + "/inf_eng.cpp " + morv +
+                  "/justify.cpp " + Quoted(kHost + "/host_main.cpp") + " -o " + program),
               0)
         << temp_.Content("said");
     // Item 0 is the pressure, 1 the level of the drum, 2 the steam, 3 the feed, 4 the flame, 5 the

@@ -1,4 +1,5 @@
-// Translates a rules source for the tests: translate_rules <source> <header> <output>
+// Translates a rules source for the tests: translate_rules <source> <header> <folder>. All sources
+// but the first are also in pieces.cpp.
 #include "morv/translate.h"
 
 #include <cstdio>
@@ -20,6 +21,15 @@ int main(int count, char** words) {
         morv::Translate(Content(words[1]), name, Content(words[2]));
     for (const std::string& error : translation.errors)
         std::fprintf(stderr, "%s\n", error.c_str());
-    std::ofstream(words[3], std::ios::binary) << translation.sources.front().text;
+    const std::filesystem::path folder = words[3];
+    std::filesystem::create_directories(folder);
+    for (const auto* pieces : {&translation.headers, &translation.sources})
+        for (const morv::Piece& piece : *pieces)
+            std::ofstream(folder / piece.name, std::ios::binary) << piece.text;
+    std::ofstream all(folder / "pieces.cpp", std::ios::binary);
+    for (std::size_t i = 1; i < translation.sources.size(); ++i)
+        all << translation.sources[i].text;
+    for (const std::string& note : translation.notes)
+        std::printf("%s\n", note.c_str());
     return translation.errors.empty() ? 0 : 1;
 }
