@@ -37,6 +37,9 @@ protected:
 
     void Tick(int count = 1) { commands_ += "tick " + std::to_string(count) + "\n"; }
 
+    // What the rules told the operator by now, all of it.
+    void ExpectTold(const std::vector<std::string>& texts) { told_ = texts; }
+
     // At this time of the day these facts and results are as told, "55 FULL" or only "55".
     void Expect(const std::string& time, const std::map<std::string, std::string>& states) {
         for (const auto& [name, state] : states) {
@@ -52,6 +55,9 @@ protected:
                                     folder_->Path("commands") + "' >'" + folder_->Path("said") +
                                     "' 2>&1";
         EXPECT_EQ(std::system(command.c_str()), 0) << folder_->Content("said");
+        if (!told_.empty()) {
+            EXPECT_EQ(Boxes(folder_->Content("said")), told_);
+        }
         std::istringstream said(folder_->Content("said"));
         for (const Expected& expected : expected_) {
             std::string line;
@@ -71,7 +77,7 @@ protected:
                                           {"SteamFlow", "2"},
                                           {"FeedFlow", "2"}})
             Poke(item, value);
-        Tick();
+        Tick(2); // in the first one the level jumps from nothing
     }
 
     void BurnerOn() {
@@ -86,6 +92,15 @@ protected:
     }
 
 private:
+    static std::vector<std::string> Boxes(const std::string& text) {
+        std::vector<std::string> boxes;
+        std::istringstream said(text);
+        for (std::string line; std::getline(said, line);)
+            if (line.starts_with("> "))
+                boxes.push_back(line.substr(2));
+        return boxes;
+    }
+
     // All of the runtime that needs no Windows, and the project's own files.
     static void Make() {
         const fs::path work = folder_->Path("c/zentrik"), made = folder_->Path("made");
@@ -128,10 +143,12 @@ private:
 
     static inline TempFolder* folder_ = nullptr;
     std::string commands_;
+    std::vector<std::string> told_;
     std::vector<Expected> expected_;
 };
 
 TEST_F(Plant, ThroughADay) {
+    Tick(3);
     BurnerOff();
     Expect("5:00, cold", {{"GasValve", "0"},
                           {"AirDamper", "60"},
@@ -156,6 +173,11 @@ TEST_F(Plant, ThroughADay) {
     Poke("FlameSignal", "0");
     Tick();
     Expect("22:00, off", {{"GasValve", "0"}, {"FLAME_STABLE", "0"}, {"FLAME_LOST", "0"}});
+    Poke("RunSeconds", "360000");
+    Tick();
+    Expect("a hundred hours", {{"SERVICE_DUE", "1 NORMAL"}});
+    ExpectTold(
+        {"Waiting for the first reading of the plant", "Steam pressure is high", "Service is due"});
     Run();
 }
 
