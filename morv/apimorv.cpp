@@ -5,23 +5,21 @@
 //     MORV_TICKS=n               ends after n ticks
 //     MORV_PERIOD=ms             the time from tick to tick
 #include "dde_server.h"
-#include "output_list.h"
+#include "explain.h"
+#include "program_log.h"
+#include "program_window.h"
 #include "shell.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <windows.h>
 
 namespace {
 
-constexpr char kClass[] = "MorvProgram";
-constexpr UINT_PTR kClock = 1;
-
-HWND g_list = nullptr;
-std::FILE* g_log = nullptr;
-long g_ticks_left = 0; // 0: no end
+std::unique_ptr<morv::ProgramLog> g_log;
 
 long NumberOf(const char* variable, long otherwise) {
     const char* text = std::getenv(variable);
@@ -29,100 +27,65 @@ long NumberOf(const char* variable, long otherwise) {
     return number > 0 ? number : otherwise;
 }
 
-std::string ProgramPath() {
-    char path[MAX_PATH] = {};
-    const DWORD length = GetModuleFileNameA(nullptr, path, sizeof path);
-    const std::string whole(path, length < sizeof path ? length : 0);
-    return whole.substr(0, whole.rfind('.'));
+std::wstring ProgramPath() {
+    wchar_t path[MAX_PATH] = {};
+    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring whole(path, length < MAX_PATH ? length : 0);
+    return whole.substr(0, whole.rfind(L'.'));
 }
 
-void OneTick(HWND window) {
-    {
-        const ListUpdate update(g_list);
-        morv::Tick();
-    }
-    if (g_ticks_left > 0 && --g_ticks_left == 0)
-        DestroyWindow(window);
+// The name of the program, as the window's class knows it.
+std::string Title(const std::wstring& program) {
+    char name[MAX_PATH] = {};
+    WideCharToMultiByte(CP_ACP, 0, program.c_str() + program.find_last_of(L"\\/") + 1, -1, name,
+                        sizeof name - 1, nullptr, nullptr);
+    return name;
 }
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_CREATE:
-        g_list = MakeOutputList(window);
-        return g_list != nullptr ? 0 : -1;
-    case WM_SIZE: {
-        const ListUpdate update(g_list);
-        MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), FALSE);
-        return 0;
-    }
-    case WM_TIMER:
-        OneTick(window);
-        return 0;
-    case WM_DESTROY:
-        KillTimer(window, kClock);
-        g_list = nullptr;
-        PostQuitMessage(0);
-        return 0;
-    default:
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-}
-
-HWND MakeWindow(HINSTANCE instance, const std::string& title, int show) {
-    WNDCLASSA window_class{};
-    window_class.lpfnWndProc = Procedure;
-    window_class.hInstance = instance;
-    window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
-    window_class.hIcon = LoadIcon(nullptr, IDI_APPLICATION);
-    window_class.lpszClassName = kClass;
-    RegisterClassA(&window_class);
-    const HWND window = CreateWindowA(kClass, title.c_str(), WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                      CW_USEDEFAULT, 700, 480, nullptr, nullptr, instance, nullptr);
-    if (window != nullptr)
-        ShowWindow(window, show);
-    return window;
+std::string DayAndTime() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    char text[80];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", now.wYear, now.wMonth,
+                  now.wDay, now.wHour, now.wMinute, now.wSecond);
+    return text;
 }
 
 } // namespace
 
 void morv::Output(const std::string& line) {
-    if (g_log != nullptr) {
-        std::fprintf(g_log, "%s\n", line.c_str());
-        std::fflush(g_log);
-    }
-    if (g_list != nullptr)
-        AddOutputLine(g_list, line);
-}
-
-void put_box(const char* text) {
-    morv::Output(std::string("> ") + text);
-}
-
-void put_box(char* text) {
-    put_box(static_cast<const char*>(text));
+    if (g_log != nullptr)
+        g_log->Write(line);
+    ShowLine(line);
 }
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR arguments, int show) {
     const char* trace = std::getenv("MORV_TRACE");
     morv::SetTrace((trace != nullptr && std::strcmp(trace, "1") == 0) ||
                    std::strstr(arguments, "/trace") != nullptr);
-    g_ticks_left = NumberOf("MORV_TICKS", 0);
-    const std::string program = ProgramPath();
-    g_log = std::fopen((program + ".log").c_str(), "w");
-    const HWND window = MakeWindow(instance, program.substr(program.find_last_of("\\/") + 1), show);
-    if (window == nullptr)
+    morv::SetClock([] {
+        const std::string now = DayAndTime();
+        return now.substr(now.find(' ') + 1);
+    });
+    const std::wstring program = ProgramPath();
+    g_log = std::make_unique<morv::ProgramLog>(program + L".log", DayAndTime);
+    morv::Output(Title(program) + " starts");
+    const WindowUse use{Title(program), show, static_cast<UINT>(NumberOf("MORV_PERIOD", 1000)),
+                        NumberOf("MORV_TICKS", 0), [] { g_log->Flush(); }};
+    if (!OpenProgramWindow(instance, use))
         return 1;
+    ShowLine("help, typed below, lists the commands");
+    if (!g_log->IsOpen())
+        ShowLine("the log cannot be written");
     if (!StartDdeServer())
         morv::Output("DDE does not start");
-    SetTimer(window, kClock, static_cast<UINT>(NumberOf("MORV_PERIOD", 1000)), nullptr);
-    OneTick(window);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
     StopDdeServer();
-    if (g_log != nullptr)
-        std::fclose(g_log);
+    morv::Output(Title(program) + " ends");
+    g_log.reset();
     return 0;
 }

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr int kMostRows = 2000; // the log keeps all
-
 int Ask(HWND list, UINT message) {
     return static_cast<int>(SendMessageA(list, message, 0, 0));
 }
@@ -32,8 +30,21 @@ bool ShowsLastRow(HWND list) {
 
 HWND MakeOutputList(HWND parent) {
     return CreateWindowA("LISTBOX", "",
-                         WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGRALHEIGHT, 0,
-                         0, 0, 0, parent, nullptr, nullptr, nullptr);
+                         WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGRALHEIGHT |
+                             LBS_NOTIFY,
+                         0, 0, 0, 0, parent, nullptr, nullptr, nullptr);
+}
+
+std::string SelectedLine(HWND list) {
+    const int row = Ask(list, LB_GETCURSEL);
+    const LRESULT length =
+        row < 0 ? -1 : SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0);
+    if (length <= 0)
+        return {};
+    std::string line(static_cast<std::size_t>(length) + 1, '\0');
+    SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(line.data()));
+    line.pop_back();
+    return line;
 }
 
 void AddOutputLine(HWND list, const std::string& line) {

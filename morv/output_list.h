@@ -5,8 +5,12 @@
 #include <string>
 #include <windows.h>
 
-// The list of a window; null when it cannot be made.
+constexpr int kMostRows = 2000; // the log keeps more
+
+// The list of a window, which is told of double-clicks; null when it cannot be made.
 HWND MakeOutputList(HWND parent);
+
+std::string SelectedLine(HWND list); // empty without one
 
 void AddOutputLine(HWND list, const std::string& line);
 

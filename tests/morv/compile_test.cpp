@@ -139,49 +139,6 @@ TEST_F(Compile, AnErrorInTheRulesStandsInTheLogWithItsLine) {
     EXPECT_FALSE(fs::exists(temp_.Path("c/zentrik/boiler/Apiboiler.exe")));
 }
 
-// What a program says from the tick `number` to the next.
-std::string OfTick(const std::string& said, int number) {
-    const std::size_t end = said.find("Tick " + std::to_string(number) + ": ");
-    const std::size_t next = said.find("\n> ", end);
-    EXPECT_NE(end, std::string::npos) << said;
-    return end == std::string::npos ? "" : said.substr(end, next - end);
-}
-
-TEST_F(Compile, TheHostCompilesItWithoutAWarningAndTheRulesRun) {
-    morv_test::GenerateSample("C:\\zentrik", "");
-    const std::string morv = temp_.Path("c/zentrik/morv"), program = temp_.Path("program");
-    ASSERT_EQ(Run(LineOf(kHostCompiler, "zentrik", "boiler") + morv + "/datafact.cpp " + morv +
-                  "/dfactres.cpp " + morv + "/explain.cpp " + morv + "/inf_eng.cpp " + morv +
-                  "/justify.cpp " + Quoted(kHost + "/host_main.cpp") + " -o " + program),
-              0)
-        << temp_.Content("said");
-    // Item 0 is the pressure, 1 the level of the drum, 2 the steam, 3 the feed, 4 the flame, 5 the
-    // gas, 6 whether the burner burns and 7 for how long. Of two pokes the tick sees the last.
-    ASSERT_EQ(Run(program + " tick 0=1 0=11.5 1=50 2=10 3=16.5 5=100 6=1 tick"
-                            " 4=80 1=10 3=10 7=360000 tick"),
-              0);
-    const std::string said = temp_.Content("said");
-    const std::string first = OfTick(said, 1), second = OfTick(said, 2), third = OfTick(said, 3);
-    const auto has = [](const std::string& text, const char* what) {
-        return text.find(what) != std::string::npos;
-    };
-    EXPECT_TRUE(said.starts_with("> Waiting for the first reading of the plant\nTick 1: nothing"))
-        << said;
-    for (const char* what : {"> Steam pressure is high\n", "> Flame lost, gas is shut\n",
-                             "> Purging the furnace\n", "> Service is due\n"})
-        EXPECT_TRUE(has(said, what)) << what << said;
-    EXPECT_FALSE(has(first, "GAS_FAULT")) << said;
-    EXPECT_TRUE(has(second, "HIGH_PRESSURE (HIGH)")) << said;
-    EXPECT_TRUE(has(second, "FEED_FAULT (NOTVERYHIGH)")) << said;
-    EXPECT_FALSE(has(second, "SERVICE_DUE")) << said;
-    EXPECT_TRUE(has(third, "FEED_NORMAL (HIGH)")) << said;
-    EXPECT_FALSE(has(third, "FEED_FAULT")) << said;
-    EXPECT_TRUE(has(third, "FLAME_STABLE")) << said;
-    EXPECT_FALSE(has(third, "FLAME_LOST")) << said;
-    EXPECT_TRUE(has(third, "LOW_LEVEL (VERYHIGH)")) << said;
-    EXPECT_TRUE(has(third, "SERVICE_DUE (NORMAL)")) << said;
-}
-
 TEST_F(Compile, TheGoldenProjectsCompileWithoutAWarning) {
     int projects = 0;
     for (const fs::directory_entry& golden : fs::directory_iterator(kTop + "/tests/core/golden")) {

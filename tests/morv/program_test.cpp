@@ -77,6 +77,53 @@ void ExpectListStays(HWND list) {
     EXPECT_GT(ask(LB_GETTOPINDEX), ask(LB_GETCOUNT) - 30);
 }
 
+std::string Log() {
+    return Content(kProgram + ".log");
+}
+
+// Facts and results come out by request, and by a hot link when they change.
+void ExpectStatesOut() {
+    const auto request = [](const char* name) {
+        zentrik_test::DdeClient client;
+        EXPECT_TRUE(client.Connect("apiboiler", "boiler"));
+        return client.Request(name);
+    };
+    EXPECT_EQ(request("HIGH_PRESSURE"), "1 HIGH");
+    EXPECT_EQ(request("Pressure"), "11.5 VERYHIGH");
+    EXPECT_EQ(request("FLAME_STABLE"), "0 NULL");
+    zentrik_test::DdeClient client;
+    EXPECT_TRUE(client.Connect("apiboiler", "boiler"));
+    EXPECT_TRUE(client.Advise("HIGH_PRESSURE"));
+    client.Poke("Pressure", "7,5");
+    EXPECT_TRUE(WaitFor(30, [&] { return !client.Advised().empty(); }));
+    EXPECT_EQ(client.Advised(), std::vector<std::string>{"HIGH_PRESSURE = 0 NULL"});
+    client.Poke("Pressure", "11,5");
+    EXPECT_TRUE(WaitFor(30, [&] { return client.Advised().size() > 1; }));
+    EXPECT_EQ(client.Advised().back(), "HIGH_PRESSURE = 1 HIGH");
+}
+
+// What is typed is done, and its answer shown and logged.
+void ExpectCommands(HWND window) {
+    const HWND entry = FindWindowExA(window, nullptr, "EDIT", nullptr);
+    const auto type = [&](const std::string& line) {
+        SendMessageA(entry, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(line.c_str()));
+        PostMessageA(entry, WM_KEYDOWN, VK_RETURN, 0);
+        EXPECT_TRUE(WaitFor(30, [&] { return Log().find(": " + line) != std::string::npos; }));
+    };
+    type("trace off");
+    type("hold");
+    type("poke Pressure 11,25");
+    type("tick");
+    type("why HIGH_PRESSURE");
+    type("show Pressure");
+    EXPECT_TRUE(WaitFor(30, [] {
+        return Log().find("Pressure 11.25 VERYHIGH\r\n") != std::string::npos;
+    }));
+    const std::string log = Log();
+    const std::string why = log.substr(log.find(": why HIGH_PRESSURE"));
+    EXPECT_NE(why.find("11.25"), std::string::npos) << why;
+}
+
 TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     const std::string line =
         morv_test::GenerateSample(kWork, '"' + std::string(SOURCE_FOLDER) + "/morv/zkcc\"");
@@ -88,9 +135,9 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     SetEnvironmentVariableA("MORV_PERIOD", "200");
     const Running program('"' + kProgram + ".exe\" /trace");
     const auto says = [](const std::string& text) {
-        return [text] { return Content(kProgram + ".log").find(text) != std::string::npos; };
+        return [text] { return Log().find(text) != std::string::npos; };
     };
-    ASSERT_TRUE(WaitFor(60, says("Tick 1: ")));
+    ASSERT_TRUE(WaitFor(60, says("Apiboiler starts")));
     EXPECT_FALSE(says("Steam pressure is high")());
 
     zentrik_test::DdeClient client;
@@ -100,40 +147,50 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
     // What was poked last before a tick is what it sees, without the end of its line.
     client.Poke("Pressure", "12", CF_OEMTEXT);
     EXPECT_TRUE(client.Poke("Pressure", "11.5\r\n"));
-    EXPECT_TRUE(client.Poke("DrumLevel", std::string(1000, '9')));
-    EXPECT_TRUE(WaitFor(30, says("> Steam pressure is high"))) << Content(kProgram + ".log");
+    client.Poke("DrumLevel", std::string(1000, '9'));
+    EXPECT_TRUE(client.Poke("DrumLevel", "30,5"));
+    EXPECT_TRUE(WaitFor(30, says("> Steam pressure is high"))) << Log();
     EXPECT_TRUE(says("initial Pressure = 11.5 bar, high (VERYHIGH)")());
     EXPECT_TRUE(says("Poke: Pressure = 11.5\r\n")());
     EXPECT_FALSE(says("Poke: Pressure = 12")());
-    EXPECT_FALSE(says("NoSuchItem")());
+    EXPECT_TRUE(says("Poke refused: there is no item NoSuchItem\r\n")());
+    EXPECT_TRUE(says("Poke: DrumLevel = 30.5\r\n")());
+    EXPECT_TRUE(says("Poke refused: DrumLevel = 9999")());
+    ExpectStatesOut();
 
     const HWND window = FindWindowA("MorvProgram", "Apiboiler");
     ASSERT_NE(window, nullptr);
     ExpectListStays(FindWindowExA(window, nullptr, "LISTBOX", nullptr));
+    ExpectCommands(window);
     PostMessageA(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 20000), WAIT_OBJECT_0);
+    EXPECT_TRUE(Log().ends_with(" Apiboiler ends\r\n")) << Log();
 }
 
-// Runs the program for some ticks. Returns its log.
+// Runs the program for some ticks. Returns what it adds to its log.
 std::string LogOfTicks(const char* ticks) {
     SetEnvironmentVariableA("MORV_PERIOD", "50");
     SetEnvironmentVariableA("MORV_TICKS", ticks);
+    const std::string before = Log();
     const Running program('"' + kProgram + ".exe\"");
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 60000), WAIT_OBJECT_0);
     DWORD code = 1;
     EXPECT_TRUE(GetExitCodeProcess(program.process.hProcess, &code));
     EXPECT_EQ(code, 0u);
-    return Content(kProgram + ".log");
+    const std::string log = Log();
+    EXPECT_EQ(log.substr(0, before.size()), before) << "the log goes on";
+    return log.substr(before.size());
 }
 
 TEST(BuiltProgram, EndsByItselfAfterItsTicksAndTracesWhenToldTo) {
     ASSERT_TRUE(fs::exists(kProgram + ".exe")) << "the test before makes it";
     std::string log = LogOfTicks("3");
-    EXPECT_NE(log.find("Tick 3: "), std::string::npos) << log;
-    EXPECT_EQ(log.find("Tick 4: "), std::string::npos) << log;
+    const std::string waiting = "> Waiting for the first reading of the plant";
+    EXPECT_NE(log.find(waiting), std::string::npos) << log;
+    EXPECT_EQ(log.find(waiting), log.rfind(waiting)) << log;
     EXPECT_EQ(log.find("initial Pressure"), std::string::npos) << log;
     SetEnvironmentVariableA("MORV_TRACE", "1");
-    log = LogOfTicks("1");
+    log = LogOfTicks("2");
     EXPECT_NE(log.find("initial Pressure = 0 bar"), std::string::npos) << log;
 }
 

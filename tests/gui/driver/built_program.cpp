@@ -70,10 +70,21 @@ void BuiltProgram::Poke(const std::string& conversation,
             Fail(std::string("cannot poke ") + item);
 }
 
+void BuiltProgram::Type(HWND window, const std::string& line) const {
+    const HWND entry = FindWindowExA(window, nullptr, "EDIT", nullptr);
+    SendMessageA(entry, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(line.c_str()));
+    PostMessageA(entry, WM_KEYDOWN, VK_RETURN, 0);
+}
+
 std::string BuiltProgram::Close(HWND window) const {
+    const std::string end = "Api" + name_ + " ends\r\n";
     PostMessageA(window, WM_CLOSE, 0, 0);
-    zentrik_.WaitFor("the end of the built program", [&] { return !IsWindow(window); });
-    return FileContent(path_ + ".log");
+    std::string log;
+    zentrik_.WaitFor("the end of the built program", [&] {
+        log = FileContent(path_ + ".log");
+        return !IsWindow(window) && log.ends_with(end);
+    });
+    return log;
 }
 
 } // namespace gui

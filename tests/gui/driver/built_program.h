@@ -24,12 +24,16 @@ public:
     // Waits until the compiler utility is done; fails when it made no program.
     void AwaitMade() const;
 
-    // Waits until the program's window is there and its log holds `text`. Returns the window.
+    // Waits until the program's window is there and its log, which it writes once a second, holds
+    // `text`. Returns the window.
     HWND AwaitLine(const std::string& text) const;
 
     // Pokes items by DDE, each a name and a value.
     void Poke(const std::string& conversation,
               const std::vector<std::pair<const char*, const char*>>& items) const;
+
+    // Types a command into the program's window.
+    void Type(HWND window, const std::string& line) const;
 
     // Closes the program. Returns its whole log.
     std::string Close(HWND window) const;

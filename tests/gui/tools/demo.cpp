@@ -85,7 +85,7 @@ public:
         built_.ForgetCompiler();
         gui::CommandWithCheck(app_, CM_EXECUTE);
         Say("executed: checked, generated and started the program");
-        built_.AwaitLine("Tick 1:");
+        built_.AwaitLine("Apiboiler starts");
         built_.Poke("boiler", {{"Pressure", "11.5"},
                                {"DrumLevel", "55"},
                                {"SteamFlow", "14"},
@@ -93,7 +93,10 @@ public:
                                {"FlameSignal", "80"},
                                {"GasPressure", "120"},
                                {"BurnerState", "1"}});
-        const HWND window = built_.AwaitLine("HIGH_PRESSURE (HIGH), FEED_NORMAL");
+        built_.AwaitLine("FEED_NORMAL holds");
+        const HWND window = built_.AwaitLine("HIGH_PRESSURE holds");
+        built_.Type(window, "why HIGH_PRESSURE");
+        built_.AwaitLine(": why HIGH_PRESSURE");
         SetWindowPos(window, HWND_TOPMOST, 300, 250, 700, 400, SWP_NOACTIVATE);
         Picture(pictures, "4_executed", window);
         Say("the built program says:\n" + built_.Close(window));

@@ -155,9 +155,13 @@ private:
         built.AwaitMade();
         built.ForgetCompiler();
         gui::CommandWithCheck(app_, CM_EXECUTE);
-        built.AwaitLine("Tick 1:");
+        const HWND window = built.AwaitLine("Apiboiler starts");
+        built.Type(window, "hold"); // so that one tick sees all values
+        built.AwaitLine(": hold");
         built.Poke("boiler", {{"Pressure", "11.5"}, {"DrumLevel", "55"}, {"GasPressure", "120"}});
-        const HWND window = built.AwaitLine("HIGH_PRESSURE (HIGH), FEED_NORMAL");
+        built.Type(window, "tick");
+        built.Type(window, "why HIGH_PRESSURE");
+        built.AwaitLine(": why HIGH_PRESSURE");
         SetWindowPos(window, HWND_TOP, 120, 120, 620, 360, 0);
         Picture("executed", window);
         built.Close(window);

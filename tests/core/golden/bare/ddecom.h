@@ -24,4 +24,10 @@ extern int ActivatSB;
 // Takes item number `a`, whose value has arrived as a text.
 void NewData(int a,char Dat[]);
 
+// What NewData made of the text it took last.
+namespace morv {
+enum class ItemKind {Text, Int, Long, Real};
+extern ItemKind item_kind;
+}
+
 #endif

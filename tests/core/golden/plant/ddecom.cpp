@@ -30,6 +30,12 @@ char *Items[]={
 char hora[20];     // when an item was poked last; empty before the first time
 int ActivatSB = 0; // for the main function to tell whether the rules run
 
+// An item has the kind of the conversion that NewData does for it.
+morv::ItemKind morv::item_kind = morv::ItemKind::Text;
+#define atoi(text) (morv::item_kind=morv::ItemKind::Int,atoi(text))
+#define atol(text) (morv::item_kind=morv::ItemKind::Long,atol(text))
+#define atof(text) (morv::item_kind=morv::ItemKind::Real,atof(text))
+
 void NewData(int a,char Dat[])
 {
 switch(a)

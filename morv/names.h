@@ -1,0 +1,19 @@
+// The names of facts and results, as people type them and as lines show them.
+#ifndef MORV_NAMES
+#define MORV_NAMES
+
+#include <string>
+
+namespace morv {
+
+std::string SmallLetters(std::string text); // those of ASCII, as names have them
+
+// The name of a fact or result that is meant by `typed`, in whatever case; `typed` where none is.
+std::string MeantName(const std::string& typed);
+
+// The first name of a fact or result in a line; empty without one.
+std::string NameIn(const std::string& line);
+
+} // namespace morv
+
+#endif
