@@ -49,6 +49,8 @@ public:
     }
 
     int Run(std::vector<std::string> words, const Report& report) {
+        if (!words.empty() && !words[0].starts_with('-') && !app_.get_subcommand_no_throw(words[0]))
+            return report.Stop("", "no such command: " + words[0]);
         std::reverse(words.begin(), words.end()); // as the parser wants them
         try {
             app_.parse(std::move(words));

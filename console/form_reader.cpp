@@ -104,7 +104,6 @@ public:
             Contents();
         if (Ok())
             Systems();
-        line_ = 0;
         if (Ok())
             Project();
         if (Ok())
@@ -536,6 +535,7 @@ void FormReader::ProjectSetting(const FormSettingLine& line, ProjectFile& projec
 }
 
 void FormReader::Project() {
+    line_ = 0;
     const FormSection& section = *by_kind_.at("project " + folder_.project);
     const std::string home = folder_.Home();
     const std::string chosen = CutAtDot(folder_.project) + ".aux";

@@ -27,9 +27,9 @@ public:
         if (code != kNothingFound)
             return code;
         Tools(options_.project.substr(0, options_.project.rfind('\\')));
-        return !refusal_.Is() && written_.Write(report_) ? Told()
-               : refusal_.Is() ? report_.Stop(refusal_.file, refusal_.reason)
-                               : kStopped;
+        if (refusal_.Is())
+            return report_.Stop(refusal_.file, refusal_.reason);
+        return written_.Write(report_) ? Told() : kStopped;
     }
 
 private:
@@ -72,6 +72,8 @@ private:
             Rewrite(path, record.name);
         const std::string written = std::string(BytesOf(head)).append(BytesOf(project.results));
         Change(path, written + bytes.substr(written.size()));
+        if (refusal_.Is())
+            return report_.Stop(refusal_.file, refusal_.reason);
         for (int i = 1; i <= SystemCount(head); ++i)
             if (const int code = System(Text(head.EngineNames[i])); code != kNothingFound)
                 return code;
@@ -139,8 +141,9 @@ private:
 
     int Told() const {
         for (const auto& [path, count] : changes_)
-            report_.out << HostText(path) << ": " << count << (count == 1 ? " path" : " paths")
-                        << '\n';
+            if (count > 0)
+                report_.out << HostText(path) << ": " << count << (count == 1 ? " path" : " paths")
+                            << '\n';
         return kNothingFound;
     }
 
