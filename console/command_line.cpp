@@ -49,7 +49,7 @@ public:
     }
 
     int Run(std::vector<std::string> words, const Report& report) {
-        if (!words.empty() && !words[0].starts_with('-') && !app_.get_subcommand_no_throw(words[0]))
+        if (!words.empty() && !words[0].starts_with('-') && !IsCommand(words[0]))
             return report.Stop("", "no such command: " + words[0]);
         std::reverse(words.begin(), words.end()); // as the parser wants them
         try {
@@ -70,6 +70,11 @@ public:
     }
 
 private:
+    bool IsCommand(const std::string& word) {
+        const auto named = [&](const CLI::App* command) { return command->get_name() == word; };
+        return !app_.get_subcommands(named).empty();
+    }
+
     // A wish for help, or words that are wrong.
     int Answer(const CLI::ParseError& error, const Report& report) {
         if (error.get_exit_code() != 0)

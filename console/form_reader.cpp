@@ -257,6 +257,8 @@ void FormReader::Folder() {
                                                     field->text.find('\\') != field->text.npos)))
                 failure_.Note("no name for a folder: " + std::string(line.value));
         }
+    if (!Ok())
+        return;
     for (const FormSection& section : sections_) {
         const auto [found, is_new] =
             by_kind_.try_emplace(section.kind + " " + OwnOf(section), &section);
