@@ -1,7 +1,13 @@
 #include "console/command_line.h"
 
+#include "console/build.h"
 #include "console/check.h"
+#include "console/code_page.h"
 #include "console/drives.h"
+#include "console/export.h"
+#include "console/import.h"
+#include "console/move.h"
+#include "console/show.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
@@ -35,9 +41,16 @@ public:
         app_.footer("Exit codes: 0 nothing found, 1 findings, 2 wrong use or a file that cannot be "
                     "read or written.");
         AddCheck();
+        AddBuild();
+        AddShow();
+        AddExport();
+        AddImport();
+        AddMove();
     }
 
     int Run(std::vector<std::string> words, const Report& report) {
+        if (!words.empty() && !words[0].starts_with('-') && !IsCommand(words[0]))
+            return report.Stop("", "no such command: " + words[0]);
         std::reverse(words.begin(), words.end()); // as the parser wants them
         try {
             app_.parse(std::move(words));
@@ -57,6 +70,11 @@ public:
     }
 
 private:
+    bool IsCommand(const std::string& word) {
+        const auto named = [&](const CLI::App* command) { return command->get_name() == word; };
+        return !app_.get_subcommands(named).empty();
+    }
+
     // A wish for help, or words that are wrong.
     int Answer(const CLI::ParseError& error, const Report& report) {
         if (error.get_exit_code() != 0)
@@ -98,6 +116,91 @@ private:
         command->add_flag_callback(
             "--no-names", [options] { options->names = false; },
             "Leave out what is wrong with names");
+    }
+
+    void AddBuild() {
+        auto options = std::make_shared<BuildOptions>();
+        auto run = [options](const Report& report) {
+            for (std::string* path : {&options->project, &options->morv, &options->work})
+                if (!path->empty())
+                    *path = ProjectPath(*path);
+            return Build(*options, report);
+        };
+        CLI::App* command = Command("build", "Write the C++ files of a project, as Compile does",
+                                    run, [options] { return std::vector{options->project}; });
+        command->add_option("PROJECT", options->project, "The project file, .mrv")->required();
+        command->add_option("--morv", options->morv, "The runtime's folder, the MORV Path")
+            ->type_name("FOLDER")
+            ->required();
+        command
+            ->add_option("--work", options->work,
+                         "The work folder; the one above the project's when not given")
+            ->type_name("FOLDER");
+    }
+
+    void AddShow() {
+        auto file = std::make_shared<std::string>();
+        auto run = [file](const Report& report) { return Show(ProjectPath(*file), report); };
+        CLI::App* command = Command("show", "Print a file of a project as text, a damaged one too",
+                                    run, [file] { return std::vector{*file}; });
+        command
+            ->add_option("FILE", *file,
+                         "A .mrv .aux .lse .siz .fac .typ .rst .tag .dde .var "
+                         ".ikw or .tol file")
+            ->required();
+    }
+
+    void AddExport() {
+        auto paths = std::make_shared<std::array<std::string, 2>>();
+        auto run = [paths](const Report& report) {
+            return Export(ProjectPath((*paths)[0]), ProjectPath((*paths)[1]), report);
+        };
+        CLI::App* command = Command("export", "Write a project as text", run,
+                                    [paths] { return std::vector{(*paths)[0]}; });
+        command->add_option("PROJECT", (*paths)[0], "The project file, .mrv")->required();
+        command->add_option("FOLDER", (*paths)[1], "Where the text and the sources go")->required();
+    }
+
+    void AddImport() {
+        auto options = std::make_shared<ImportOptions>();
+        auto run = [options](const Report& report) {
+            options->source = ProjectPath(options->source);
+            options->work = InnerPath(options->work);
+            return Import(*options, report);
+        };
+        CLI::App* command = Command("import", "Make the project of a text", run,
+                                    [options] { return std::vector{options->work}; });
+        command->add_option("SOURCE", options->source, "The text, or the folder that it is in")
+            ->required();
+        command->add_option("WORKFOLDER", options->work, "Where the project's folder goes")
+            ->required();
+        command->add_flag("--replace", options->replace, "Write over the files that are there");
+    }
+
+    void AddMove() {
+        auto options = std::make_shared<MoveOptions>();
+        auto run = [options](const Report& report) {
+            options->project = ProjectPath(options->project);
+            options->from = InnerPath(options->from);
+            options->to = InnerPath(options->to);
+            return Move(*options, report);
+        };
+        CLI::App* command = Command("move", "Rewrite the paths in a project whose folder has moved",
+                                    run, [options] { return std::vector{options->project}; });
+        command->add_option("PROJECT", options->project, "The project file where it is now")
+            ->required();
+        command->add_option("FROM", options->from, "The folder that the paths inside still name")
+            ->required();
+        command->add_option("TO", options->to, "The folder that they are to name")->required();
+    }
+
+    // A folder that may be given as projects name it, with its drive, also where there are none.
+    static std::string InnerPath(const std::string& word) {
+        const bool inner = word.size() > 1 && word[1] == ':';
+        std::string path = inner ? FromUtf8(word).value_or(word) : ProjectPath(word);
+        while (path.ends_with('\\'))
+            path.pop_back();
+        return path;
     }
 
     CLI::App app_;

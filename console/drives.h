@@ -31,4 +31,7 @@ std::string HostText(const std::string& path);
 // The same from the root, with '/' throughout.
 std::string FullHostText(const std::string& path);
 
+// The names of what a folder holds, in their order; `folder` is a project path.
+std::vector<std::string> NamesIn(const std::string& folder);
+
 } // namespace console

@@ -142,6 +142,19 @@ std::string ProjectPath(const std::string& host) {
     return best ? std::string{best->letter, ':'} + path : path;
 }
 
+std::vector<std::string> NamesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    DIR* const dir = opendir(LocalName(folder.c_str()).c_str());
+    if (!dir)
+        return names;
+    while (const dirent* entry = readdir(dir))
+        if (const std::optional<std::string> name = FromUtf8(entry->d_name))
+            names.push_back(*name);
+    closedir(dir);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 std::string FullHostText(const std::string& path) {
     return Plain(LocalName(path.c_str()));
 }

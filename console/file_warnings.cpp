@@ -111,13 +111,13 @@ private:
                const RuleSpans& spans) {
         const std::string_view text = system.rules.bytes;
         const RenumberedRules sound = Renumber(text);
+        const bool is_sound = sound.text == text;
         bool fits = index.size() == sound.sizes.size();
         std::size_t begin = 0;
         for (std::size_t i = 0; fits && i < index.size(); ++i) {
             const std::int32_t size = index[i].size;
-            fits = sound.text == text
-                       ? size == sound.sizes[i]
-                       : begin < text.size() && text.substr(begin).starts_with("Rule");
+            fits = is_sound ? size == sound.sizes[i]
+                            : begin < text.size() && text.substr(begin).starts_with("Rule");
             begin = spans.Ends()[i];
         }
         if (!fits || begin > text.size())

@@ -66,7 +66,9 @@ struct Sign {
 std::vector<Sign> SignsOf(const std::string& text) {
     std::vector<Sign> signs;
     std::size_t offset = 0;
-    for (morv::Token& token : morv::Tokens(text)) {
+    std::vector<morv::Token> tokens = morv::Tokens(text);
+    signs.reserve(tokens.size());
+    for (morv::Token& token : tokens) {
         const std::size_t size = token.text.size();
         if (token.kind == morv::Token::Word || token.kind == morv::Token::Other)
             signs.push_back({std::move(token.text), token.kind == morv::Token::Word, offset});
@@ -164,6 +166,7 @@ private:
     std::optional<Lines> lines_;
     std::optional<RuleSpans> spans_;
     std::set<std::string> told_;
+    Names settled_; // words found declared, so that each is looked up once
 };
 
 // Every word of a text of C++, with the results that it concludes.
@@ -251,9 +254,13 @@ void NameCheck::Word(const Signs& signs, std::ptrdiff_t i, SystemNames& names) {
             Undeclared(offset, "undeclared-item", "a DDE item", word);
         return;
     }
-    if (BlockWords().contains(word) || KnownNames().contains(word) || IsCppKeyword(word) ||
-        IsDeclared(word, names) || names.types.contains(word))
+    if (settled_.contains(word))
         return;
+    if (BlockWords().contains(word) || KnownNames().contains(word) || IsCppKeyword(word) ||
+        IsDeclared(word, names) || names.types.contains(word)) {
+        settled_.insert(word);
+        return;
+    }
     const std::string& before = signs.TextAt(i - 1);
     const bool after_type =
         signs.At(i - 1).word && !IsStatementWord(before) && !(before[0] >= '0' && before[0] <= '9');
@@ -280,6 +287,7 @@ void NameCheck::Rules(const LoadedSystem& system, SystemNames& names) {
     lines_.emplace(system.rules.bytes);
     spans_.emplace(RecordsIn<RuleIndexRecord>(system.index.bytes));
     told_.clear();
+    settled_.clear();
     for (std::ptrdiff_t i = 0; i < signs.Count(); ++i) {
         if (!signs.At(i).word)
             continue;

@@ -25,13 +25,8 @@ std::int64_t FactsIn(std::size_t size, const SystemHead& head) {
     return fits && facts / kSize < claimed ? facts / kSize : claimed;
 }
 
-} // namespace
-
-ReadResult ReadSystem(const char* path, SystemFile& system) {
+ReadResult Decode(std::string_view bytes, SystemFile& system) {
     system = {};
-    std::string bytes;
-    if (!files::ReadWhole(path, files::Mode::Update, bytes))
-        return ReadResult::Missing;
     if (bytes.size() < sizeof(SystemHead))
         return ReadResult::Useless;
     SystemHead& head = system.head;
@@ -60,6 +55,22 @@ ReadResult ReadSystem(const char* path, SystemFile& system) {
     head.DatNum = static_cast<std::int32_t>(system.facts.size());
     head.OppNum = static_cast<std::int32_t>(system.opposites.size());
     return facts_whole && opposites_whole ? ReadResult::Ok : ReadResult::Damaged;
+}
+
+} // namespace
+
+ReadResult ReadSystem(const char* path, SystemFile& system) {
+    system = {};
+    std::string bytes;
+    if (!files::ReadWhole(path, files::Mode::Update, bytes))
+        return ReadResult::Missing;
+    return Decode(bytes, system);
+}
+
+SystemFile SystemIn(std::string_view bytes) {
+    SystemFile system;
+    Decode(bytes, system);
+    return system;
 }
 
 std::string SystemBytes(const SystemFile& system) {

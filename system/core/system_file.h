@@ -33,6 +33,10 @@ struct SystemFile {
 // to the whole ones it has; one that only lacks records of facts keeps its opposites.
 ReadResult ReadSystem(const char* path, SystemFile& system);
 
+// The system that these bytes of a file hold, as ReadSystem reads it; an empty one when they are
+// shorter than a head.
+SystemFile SystemIn(std::string_view bytes);
+
 // The bytes of a system file. The counts of the head are written as they are, also when fewer
 // facts stand behind it.
 std::string SystemBytes(const SystemFile& system);

@@ -100,7 +100,7 @@ TEST_F(CheckCommand, SoundRulesHaveNoFindings) {
 
 TEST_F(CheckCommand, NamesTheLineOfTheFaultyWordAndOfTheRuleThatDoesNotBalance) {
     Rules("Rule 1\r\n  If (a())\r\n  EndIf\r\nEndRule\r\nRule 2\r\n Then\r\n ForAll "
-          "(x)\r\nEndRule\r\n");
+          "(ACTION)\r\nEndRule\r\n");
     EXPECT_EQ(Check().code, 1);
     EXPECT_EQ(Findings(),
               (Lines{"s.rul:3:3: rule 1: There are If whithout Then [if-no-then]",

@@ -1,0 +1,111 @@
+#include "console/build.h"
+
+#include "build/core/rules_header.h"
+#include "build/core/rules_source.h"
+#include "build/core/support_files.h"
+#include "console/file_set.h"
+#include "console/loaded_project.h"
+#include "shell/core/messages.h"
+#include "shell/core/paths.h"
+
+#include <utility>
+
+namespace console {
+
+namespace {
+
+// While it lives, what the generators would show in boxes collects in one text.
+class BoxTexts {
+public:
+    BoxTexts()
+        : before_(SetMessageShower([this](const Message& message) {
+              text.append(text.empty() ? "" : "; ").append(message.text);
+              return Answer::Ok;
+          })) {}
+    BoxTexts(const BoxTexts&) = delete;
+    BoxTexts& operator=(const BoxTexts&) = delete;
+    ~BoxTexts() { SetMessageShower(std::move(before_)); }
+
+    std::string text;
+
+private:
+    MessageShower before_;
+};
+
+// The first file that a build needs and that is not there; empty when all are.
+std::string FirstMissing(const LoadedProject& project, const std::string& morv) {
+    std::vector<std::string> needed;
+    for (const char* name : {"ddecom1.dat", "ddecom2.dat", "ddecom3.dat", "ddecom4.dat",
+                             "consts1.dat", "consts2.dat", "consts3.dat"})
+        needed.push_back(morv + "\\" + name);
+    for (const NamedFile* file : {&project.main, &project.dde, &project.chosen})
+        if (!file->found)
+            return file->path.empty() ? project.path : file->path;
+    for (const NamedFile& file : project.externs)
+        if (!file.found)
+            return file.path;
+    for (const LoadedSystem& system : project.systems) {
+        if (!system.rules.found)
+            return system.rules.path.empty() ? system.path : system.rules.path;
+        if (system.header.Missing())
+            return system.header.path;
+    }
+    for (const std::string& path : needed)
+        if (!files::Exists(path.c_str()))
+            return path;
+    return {};
+}
+
+struct Step {
+    std::string file;
+    int code;
+};
+
+// Writes every file, up to the first that fails.
+Step WriteFiles(const ProjectRecord& project, const BuildNames& names,
+                const SupportInput& support) {
+    SystemHead last_read{};
+    if (CrearRulesH(project, names.rules_h.c_str(), nullptr) != 0)
+        return {names.rules_h, -1};
+    if (CrearRulesCpp(project, last_read, names.rules_cpp.c_str(), names.rules_h_name.c_str(),
+                      nullptr) != 0)
+        return {names.rules_cpp, -1};
+    if (WriteDdecom(support) != 0)
+        return {names.ddecom_cpp, -1};
+    if (WriteConsts(support, last_read) != 0)
+        return {names.consts_h, -1};
+    if (WriteMorvApi(support) != 0)
+        return {support.morv_path + "\\MorvApi.h", -1};
+    return {"", 0};
+}
+
+} // namespace
+
+int Build(const BuildOptions& options, const Report& report) {
+    const LoadedProject project = LoadProject(options.project);
+    if (!project.unreadable.empty())
+        return report.Stop(project.unreadable, project.reason);
+    if (!project.damaged.empty())
+        return report.Stop(project.damaged, project.wrong);
+    const std::string missing = FirstMissing(project, options.morv);
+    if (!missing.empty())
+        return report.Stop(missing, files::Exists(missing.c_str())
+                                        ? "it names no main file, rules, results or DDE items"
+                                        : "No such file or directory");
+    const BuildNames names(options.project.c_str());
+    const std::string work = options.work.empty() ? FolderOf(names.folder) : options.work;
+    const SupportInput support{project.file.head, names, options.morv, work, nullptr};
+    Kept kept;
+    for (const std::string& path :
+         {names.rules_h, names.rules_cpp, names.ddecom_h, names.ddecom_cpp, names.consts_h,
+          options.morv + "\\MorvApi.h", work + "\\Ktype.tmp"})
+        kept.Keep(path);
+    const BoxTexts boxes;
+    const Step failed = WriteFiles(project.file.head, names, support);
+    if (failed.code == 0)
+        return kNothingFound;
+    kept.PutBack();
+    return report.Stop(failed.file, boxes.text);
+}
+
+} // namespace console

@@ -1,0 +1,18 @@
+// The command "build": the files that Compile writes.
+#pragma once
+
+#include "console/report.h"
+
+namespace console {
+
+struct BuildOptions {
+    std::string project; // the project file
+    std::string morv;    // the MORV Path
+    std::string work;    // the work folder; empty: the one above the project's
+};
+
+// Writes the generated files; the paths are project paths. On a failure those that were there
+// before are there again.
+int Build(const BuildOptions& options, const Report& report);
+
+} // namespace console

@@ -1,0 +1,24 @@
+#include "console/export.h"
+
+#include "console/code_page.h"
+#include "console/file_set.h"
+#include "console/project_form.h"
+
+namespace console {
+
+int Export(const std::string& project, const std::string& folder, const Report& report) {
+    Refusal refusal;
+    const ProjectFolder files = LoadFolder(project, refusal);
+    if (refusal.Is())
+        return report.Stop(refusal.file, refusal.reason);
+    const ProjectForm form = FormOf(files, refusal);
+    if (refusal.Is())
+        return report.Stop(refusal.file, refusal.reason);
+    FileSet written;
+    written.Add(folder + "\\" + form.name, form.text);
+    for (const auto& [name, bytes] : form.beside)
+        written.Add(folder + "\\" + name, bytes);
+    return written.Write(report) ? kNothingFound : kStopped;
+}
+
+} // namespace console

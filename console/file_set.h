@@ -1,0 +1,35 @@
+// Files that are written together: all of them, or none.
+#pragma once
+
+#include "console/report.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace console {
+
+class FileSet {
+public:
+    void Add(const std::string& path, std::string bytes);
+
+    // Writes the files, with the folders that they need. On a failure those written before it are
+    // as they were, and the failure was said; returns whether all was well.
+    bool Write(const Report& report) const;
+
+private:
+    std::map<std::string, std::string> files_; // by project path
+};
+
+// The files of these paths as they are, to be put back.
+class Kept {
+public:
+    void Keep(const std::string& path);
+    void PutBack() const;
+
+private:
+    std::map<std::string, std::pair<bool, std::string>>
+        files_; // whether it is there, and its bytes
+};
+
+} // namespace console

@@ -1,0 +1,67 @@
+// Whatever the files of a project hold, a command ends with a code, and says in one line why it
+// stopped.
+#include "console_test.h"
+
+#include "examples/sample_writer.h"
+
+namespace {
+
+using zentrik_test::Console;
+using zentrik_test::ExpectStopped;
+using zentrik_test::Ran;
+
+class DamagedProject : public Console {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(
+            sample::WriteSample(std::string(SOURCE_FOLDER) + "/examples/boiler", "C:\\zentrik", ""),
+            "");
+        sound_ = Files("zentrik/boiler");
+    }
+
+    std::vector<Ran> RunAll() {
+        const std::string project = Host("zentrik/boiler/boiler.mrv");
+        std::filesystem::remove_all(temp.Path("text"));
+        return {Run({"check", project}), Run({"export", project, temp.Path("text")}),
+                Run({"build", project, "--morv", Host("zentrik/morv")})};
+    }
+
+    std::map<std::string, std::string> sound_;
+};
+
+TEST_F(DamagedProject, StopsEveryCommandWhenAFileIsCutShort) {
+    for (const auto& [name, bytes] : sound_) {
+        const std::string extension = name.substr(name.find('.'));
+        // Sources are texts of any length, and no project names its tags.
+        if (extension == ".cpp" || extension == ".rul" || extension == ".tag")
+            continue;
+        Put("zentrik/boiler/" + name, bytes.substr(0, bytes.size() - 1));
+        for (const Ran& ran : RunAll())
+            ExpectStopped(ran, "damaged");
+        Put("zentrik/boiler/" + name, bytes);
+    }
+}
+
+TEST_F(DamagedProject, EndsEveryCommandWithACode) {
+    std::mt19937 random(5);
+    for (int run = 0; run < 150; ++run) {
+        for (const auto& [name, bytes] : sound_) {
+            std::string damaged = bytes;
+            for (auto i = random() % 4; random() % 3 == 0 && i > 0 && !damaged.empty(); --i)
+                damaged[random() % damaged.size()] = static_cast<char>(random());
+            if (random() % 20 == 0)
+                damaged.resize(random() % (damaged.size() + 300));
+            Put("zentrik/boiler/" + name, damaged);
+        }
+        for (const Ran& ran : RunAll()) {
+            if (ran.code == 2)
+                ExpectStopped(ran, "zentrikc: ");
+            else
+                EXPECT_EQ(ran.err, "");
+        }
+        if (HasFailure())
+            return;
+    }
+}
+
+} // namespace

@@ -1,0 +1,202 @@
+#include "random_project.h"
+
+#include "examples/sample_writer.h"
+
+namespace {
+
+using zentrik_test::Console;
+using zentrik_test::ExpectStopped;
+using zentrik_test::Ran;
+using zentrik_test::RandomProject;
+
+class TextForm : public Console {
+protected:
+    Ran Export(const std::string& project, const std::string& to) {
+        return Run({"export", Host(project), temp.Path(to)});
+    }
+
+    Ran Import(const std::string& text, const std::vector<std::string>& more = {}) {
+        std::vector<std::string> words = {"import", temp.Path("forms/" + text), "C:\\r"};
+        words.insert(words.end(), more.begin(), more.end());
+        return RunOnDrive(words);
+    }
+
+    // The words name paths as projects do, so the drive goes with them.
+    Ran RunOnDrive(std::vector<std::string> words) {
+        words.push_back("--drive");
+        words.push_back("C=" + Host(""));
+        return Run(words);
+    }
+
+    void PutForm(const std::string& name, const std::string& text) {
+        std::filesystem::create_directories(temp.Path("forms"));
+        temp.Put("forms/" + name, text);
+    }
+
+    std::map<std::string, std::string> FormFiles(const std::string& folder) const {
+        std::map<std::string, std::string> files;
+        const std::string below = temp.Path(folder);
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(below))
+            if (entry.is_regular_file())
+                files[std::filesystem::relative(entry.path(), below).string()] = temp.Content(
+                    folder + "/" + std::filesystem::relative(entry.path(), below).string());
+        return files;
+    }
+
+    void PutProject(const std::map<std::string, std::string>& files) const {
+        std::filesystem::remove_all(Host("r"));
+        for (const auto& [name, content] : files) {
+            std::string host = "r/p/" + name;
+            std::replace(host.begin(), host.end(), '\\', '/');
+            Put(host, content);
+        }
+    }
+};
+
+TEST_F(TextForm, HoldsTheSampleByteForByte) {
+    const std::string source = std::string(SOURCE_FOLDER) + "/examples/boiler";
+    ASSERT_EQ(sample::WriteSample(source, "C:\\zentrik", ""), "");
+    const auto before = Files("zentrik/boiler");
+    EXPECT_EQ(before.size(), 23u);
+    ASSERT_EQ(Export("zentrik/boiler/boiler.mrv", "text").code, 0);
+    std::filesystem::remove_all(Host("zentrik"));
+    const Ran ran = RunOnDrive({"import", temp.Path("text"), "C:\\zentrik"});
+    ASSERT_EQ(ran.code, 0) << ran.err;
+    EXPECT_EQ(Files("zentrik/boiler"), before);
+    // What a person wrote says the same.
+    std::filesystem::remove_all(Host("zentrik"));
+    ASSERT_EQ(RunOnDrive({"import", source, "C:\\zentrik"}).code, 0);
+    EXPECT_EQ(Files("zentrik/boiler"), before);
+}
+
+TEST_F(TextForm, HoldsEveryProject) {
+    for (unsigned seed = 1; seed <= 1000 && !HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        const RandomProject project(seed, false);
+        PutProject(project.dirty);
+        std::filesystem::remove_all(temp.Path("text"));
+        const Ran exported = Export("r/p/p.mrv", "text");
+        ASSERT_EQ(exported.code, 0) << exported.err;
+        const auto text = FormFiles("text");
+        std::filesystem::remove_all(Host("r"));
+        const Ran imported = RunOnDrive({"import", temp.Path("text"), "C:\\r"});
+        ASSERT_EQ(imported.code, 0) << imported.err;
+        auto expected = project.clean;
+        std::map<std::string, std::string> with_slashes;
+        for (auto& [name, content] : expected) {
+            std::string host = name;
+            std::replace(host.begin(), host.end(), '\\', '/');
+            with_slashes[host] = content;
+        }
+        const auto files = Files("r/p");
+        for (const auto& [name, content] : with_slashes) {
+            ASSERT_TRUE(files.contains(name)) << name;
+            ASSERT_EQ(files.at(name), content) << name << "\n" << text.at("p.txt");
+        }
+        ASSERT_EQ(files.size(), with_slashes.size()) << text.at("p.txt");
+        std::filesystem::remove_all(temp.Path("text"));
+        ASSERT_EQ(Export("r/p/p.mrv", "text").code, 0);
+        ASSERT_EQ(FormFiles("text"), text);
+    }
+}
+
+TEST_F(TextForm, RefusesByNameWhatItCannotHold) {
+    std::string head(4096, '\0');
+    const auto refused = [&](const std::string& bytes, const std::string& what) {
+        Put("r/p/p.mrv", bytes);
+        ExpectStopped(Export("r/p/p.mrv", "text"), what);
+        EXPECT_FALSE(std::filesystem::exists(temp.Path("text")));
+    };
+    refused("", "p.mrv: damaged");
+    refused(head + "more", "p.mrv: damaged: bytes stand behind its last record");
+    std::string full = head;
+    full.replace(0, 255, 255, 'x');
+    refused(full, "p.mrv: a text fills its field and has no end");
+    std::string other = head;
+    other.replace(0, 15, "c:\\R\\P\\main.cpp");
+    refused(other, "the path spells the project's folder in another way");
+    std::string twice = head;
+    twice.replace(3570, 10, "C:\\r\\p\\a.b");
+    twice.replace(0, 10, "C:\\r\\p\\a.b");
+    Put("r/p/a.b", std::string(255, '\0'));
+    refused(twice, "the file is named as two kinds of file");
+    std::string text = head;
+    text.replace(0, 12, "C:\\r\\p\\p.txt");
+    Put("r/p/p.txt", "x");
+    refused(text, "p.txt: its name is that of the text form");
+    ExpectStopped(Export("r/p/none.mrv", "text"), "none.mrv: No such file");
+}
+
+TEST_F(TextForm, SaysWhatIsWrongWithATextAndWhere) {
+    const auto wrong = [&](const std::string& text, const std::string& what) {
+        PutForm("p.txt", text);
+        ExpectStopped(Import("p.txt"), what);
+        EXPECT_FALSE(std::filesystem::exists(Host("r")));
+    };
+    wrong("", "no project");
+    wrong("[project p]\nmian = m.cpp\n", "line 2: no such setting: mian");
+    wrong("[project p]\nmain = m.cpp\n", "cannot read m.cpp");
+    wrong("[project p]\nmain = ..\\m.cpp\n", "line 2: not a file below the project's folder");
+    wrong("[project p]\nmain = C:\\m.cpp\n", "line 2: not a file below the project's folder");
+    wrong("[project ..]\n", "line 1: no name for files");
+    wrong("[project p]\nfolder = ..\n", "line 2: no name for a folder");
+    wrong("[project p]\n[facts a]\n", "line 2: nothing in the project is named so: facts a");
+    wrong("[project p]\n[system a]\n[facts a]\nF|T\n", "line 4: a row here has 8 fields");
+    wrong("[project p]\n[system a]\n[facts a]\nF|T|d|u|0 1 x|1 2 3 4 5|1\n",
+          "line 4: not a number: x");
+    wrong("[project p]\n[system a]\n[facts a]\nF||d|u|0 1 1|1 2 3 4 5|1\n",
+          "line 4: an empty field is \"\"");
+    wrong("[project p]\n[system a]\n[initial a]\nF|1|FULL\n", "no such fact: F");
+    wrong("[project p]\n[results r]\n" + std::string(50, 'a') + "\n", "line 3: too long");
+    wrong("[project p]\n[results r]\n\"open\n", "line 3: no name");
+    wrong("[project p]\n[results r]\n\xe2\x82\xad\n", "line 3: no name");
+    wrong("[project p]\n[system a]\n[system a]\n", "line 3: the section is there twice");
+    wrong("[project p]\nresult\n", "line 2: no row belongs here");
+    wrong("[thing p]\n", "line 1: no such kind of section: thing");
+    wrong("row\n", "line 1: no row belongs here");
+    wrong("[project p]\n" + std::string(9, ' ') +
+              "\n[system a]\n[system b]\n[system c]\n"
+              "[system d]\n[system e]\n[system f]\n[system g]\n[system h]\n[system i]\n",
+          "too many systems");
+}
+
+TEST_F(TextForm, IsReadWithUnnumberedRulesOnlyWithTheirIndex) {
+    PutForm("p.txt", "[project p]\n[system a]\nrules = a.rul\n");
+    temp.Put("forms/a.rul", "Rule 2\nEndRule\n");
+    ExpectStopped(Import("p.txt"), "the rules are not numbered and closed");
+    PutForm("p.txt", "[project p]\n[system a]\nrules = a.rul\n[index a]\nRule 2 | 17 | 0 | 0\n");
+    EXPECT_EQ(Import("p.txt").code, 0);
+    EXPECT_EQ(Content("r/p/a.rul"), "Rule 2\r\nEndRule\r\n");
+    EXPECT_EQ(Content("r/p/a.siz").size(), 267u);
+}
+
+TEST_F(TextForm, ReplacesAProjectOnlyWhenTold) {
+    PutForm("p.txt", "[project p]\nhistory = 1\n");
+    EXPECT_EQ(Import("p.txt").code, 0);
+    const auto before = Files("r");
+    PutForm("p.txt", "[project p]\nhistory = 2\n");
+    ExpectStopped(Import("p.txt"), "it is there already");
+    EXPECT_EQ(Files("r"), before);
+    EXPECT_EQ(Import("p.txt", {"--replace"}).code, 0);
+    EXPECT_NE(Files("r"), before);
+}
+
+TEST_F(TextForm, LeavesNothingHalfWritten) {
+    PutForm("p.txt", "[project p]\n[results a]\nA\n[results b]\nB\n");
+    ASSERT_EQ(Import("p.txt").code, 0);
+    const auto before = Files("r");
+    PutForm("p.txt", "[project p]\n[results a]\nC\n[results b]\nD\n");
+    files::FailWritesAfter(160);
+    const Ran ran = Import("p.txt", {"--replace"});
+    files::FailWritesAfter(-1);
+    ExpectStopped(ran, "No space left");
+    EXPECT_EQ(Files("r"), before);
+}
+
+TEST_F(TextForm, NeedsAWorkFolderWithoutADot) {
+    PutForm("p.txt", "[project p]\n");
+    ExpectStopped(RunOnDrive({"import", temp.Path("forms/p.txt"), "C:\\my.work"}),
+                  "a work folder has no '.'");
+}
+
+} // namespace
