@@ -140,9 +140,9 @@ private:
                     const RuleSpans& spans, const Lines& lines) {
         const bool comment = token.kind == morv::Token::Comment;
         const char* const end = token.text.data() + token.text.size();
-        WordScanner::State state = WordScanner::kStart;
+        WordScanner scanner;
         WordCounts counts{};
-        WordScanner::Stop stop = WordScanner::Shared().Run(state, token.text.data(), end);
+        WordScanner::Stop stop = scanner.Next(token.text.data(), end);
         while (stop.at != end) {
             const char* const next = stop.at + 1;
             const int code = ObsInst(stop.words, counts, next != end ? *next : -1);
@@ -157,7 +157,7 @@ private:
                 lines.Locate(offset + at, finding);
                 findings_.push_back(std::move(finding));
             }
-            stop = WordScanner::Shared().Run(state, next, end);
+            stop = scanner.Next(next, end);
         }
     }
 
