@@ -76,7 +76,7 @@ void RemoveCompiler(HWND dialog) {
     const std::string text = ControlText(dialog, TOOL_COMMAND, kNameSize);
     const std::vector<std::string> entries = ListEntries(dialog);
     const auto entry = std::ranges::find(entries, text);
-    if (text.empty() || entry == entries.end())
+    if (entry == entries.end())
         return;
     const auto index = static_cast<WPARAM>(entry - entries.begin());
     if (SendMessageA(Combo(dialog), CB_DELETESTRING, index, 0) != CB_ERR)

@@ -166,9 +166,7 @@ void AddResult(HWND hwnd) {
         return;
     if (chosen) {
         SetText(ResulFile, name);
-        Project.GetResName(WorkPath);
-        AddType = kAddResults;
-        RunDialog(hwnd, "Add_Box", SystemAdd);
+        ChooseResults(hwnd);
         EnableMenu(hwnd, kProjectItems);
     }
     Project.MORVmod = 1; // also when nothing was chosen

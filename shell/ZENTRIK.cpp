@@ -20,6 +20,7 @@
 #include "system/ZENSYS.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -172,13 +173,24 @@ LRESULT CALLBACK WindowFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
     return Guarded([&] { return FrameProc(hwnd, message, wParam, lParam); });
 }
 
+// The folder the program was started in. Its path must fit a name with room for the files in it,
+// and have letters of the system's code page only; the user hears of another one at once, for
+// nothing could be kept there.
 void FindWorkPath() {
-    char folder[MAX_PATH] = "";
-    GetCurrentDirectoryA(sizeof folder, folder);
-    std::string path = folder;
-    if (path.ends_with('\\'))
-        path.pop_back();
-    SetText(WorkPath, path);
+    constexpr std::size_t kLongest = kNameSize - sizeof "\\temp\\a.ikw";
+    wchar_t folder[MAX_PATH * 4] = L"";
+    GetCurrentDirectoryW(static_cast<DWORD>(std::size(folder)), folder);
+    char path[MAX_PATH * 4] = "";
+    BOOL lost = FALSE;
+    WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, folder, -1, path, sizeof path, nullptr,
+                        &lost);
+    std::string name = path;
+    if (name.ends_with('\\'))
+        name.pop_back();
+    if (lost || name.empty() || name.size() > kLongest)
+        ShowMessage(nullptr, "The start folder can not be used", "WARNING", Buttons::Ok,
+                    Icon::Stop);
+    SetText(WorkPath, name);
 }
 
 // Starts the commands' side of the program.

@@ -162,6 +162,15 @@ constexpr DialogTable kTable = {
 
 } // namespace
 
+void ChooseResults(HWND owner) {
+    if (Project.GetResName(WorkPath) != 0) {
+        SaveErr();
+        return;
+    }
+    AddType = kAddResults;
+    RunDialog(owner, "Add_Box", SystemAdd);
+}
+
 INT_PTR CALLBACK SystemAdd(HWND hwnd, UINT message, WPARAM wParam, LPARAM) {
     return RunDialogTable(kTable, hwnd, message, wParam);
 }

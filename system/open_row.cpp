@@ -2,7 +2,6 @@
 
 #include "project/ZENPRO.h"
 #include "resources/dde_items.h"
-#include "resources/local_variables.h"
 #include "shell/core/paths.h"
 #include "shell/services/dialog.h"
 #include "shell/services/editor.h"
@@ -42,9 +41,7 @@ void EditDde(const std::string& name) {
 
 void EditResults(const std::string& name) {
     SetText(ResulFile, name);
-    Project.GetResName(WorkPath);
-    AddType = kAddResults;
-    RunDialog(GetFrame(), "Add_Box", SystemAdd);
+    ChooseResults(GetFrame());
 }
 
 } // namespace
@@ -94,8 +91,6 @@ void EditItem2() {
     }
     if (kind == kHeaderRow)
         OpenEdit(name.c_str());
-    if (kind == kVariablesRow) {
-        System.GetVarName(WorkPath);
-        RunDialog(GetFrame(), "Var_Box", VarNew);
-    }
+    if (kind == kVariablesRow)
+        EditVariables(GetFrame());
 }

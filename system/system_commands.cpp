@@ -3,6 +3,7 @@
 #include "resources/initial_facts.h"
 #include "resources/local_variables.h"
 #include "resources/opposites.h"
+#include "shell/core/file_helpers.h"
 #include "shell/core/messages.h"
 #include "shell/core/paths.h"
 #include "shell/services/dialog.h"
@@ -130,11 +131,20 @@ void Rules(HWND) {
         RunRuleEditor("untitled.rul");
 }
 
+bool EditVariables(HWND owner) {
+    if (System.GetVarName(WorkPath) != 0) {
+        SaveErr();
+        return false;
+    }
+    RunDialog(owner, "Var_Box", VarNew);
+    return true;
+}
+
 void AddLocalVar(HWND hwnd) {
     if (!Opened(kDocument, hwnd, "Add System Local Var"))
         return;
-    System.GetVarName(WorkPath);
-    RunDialog(hwnd, "Var_Box", VarNew);
+    if (!EditVariables(hwnd))
+        return;
     EnableMenu(hwnd, kSystemResources);
 }
 
@@ -180,8 +190,11 @@ void AddKnow(HWND hwnd) {
             name))
         return;
     // Both stay so when the dialog is cancelled.
+    if (!SetMadeName(System.KTypeName, WithExtension(name, ".typ"))) {
+        SaveErr();
+        return;
+    }
     SetText(System.KnowName, name);
-    SetText(System.KTypeName, WithExtension(name, ".typ"));
     AddType = kAddFacts;
     RunDialog(hwnd, "Add_Box", SystemAdd);
     EnableMenu(hwnd, kSystemResources);
@@ -243,8 +256,10 @@ void KnowValue(HWND hwnd) {
     SetText(DDEIKnw, name);
     if (!chosen)
         return;
-    System.GetInitName(WorkPath);
-    RunDialog(hwnd, "Init_Box", InitKnw);
+    if (System.GetInitName(WorkPath) != 0)
+        SaveErr();
+    else
+        RunDialog(hwnd, "Init_Box", InitKnw);
 }
 
 void DestroyMdiS() {

@@ -12,6 +12,9 @@ int CloseEngine(HWND hwnd); // 1 when the user cancelled; the caller destroys th
 bool MayCloseEngine(HWND owner, const char* text, const char* caption);
 void Rules(HWND hwnd);
 void AddLocalVar(HWND hwnd);
+// Runs the dialog of the local variables. False, after a box, when their working copy can have no
+// name: the path is too long.
+bool EditVariables(HWND owner);
 void AddHeader(HWND hwnd);
 void AddOpposite(HWND hwnd);
 void AddKnow(HWND hwnd);

@@ -4,6 +4,7 @@
 #include "shell/core/record_text.h"
 #include "shell/services/VARMORV.h"
 
+#include <cstring>
 #include <utility>
 #include <windows.h>
 
@@ -34,11 +35,13 @@ int RunFileDialog(bool save, const char* Filter, const char* Title, const char* 
     // The dialog moves the current folder, also when cancelled; untitled files have one place.
     if (WorkPath[0] != '\0')
         SetCurrentDirectoryA(WorkPath);
-    if (chosen)
+    // Letters outside the code page come as '?', which no path has.
+    const bool unreadable = chosen && std::strchr(name, '?');
+    if (chosen && !unreadable)
         return 0;
     name[0] = '\0'; // for a path too long the dialog leaves the size it needs here
     DialogError = static_cast<int>(CommDlgExtendedError());
-    if (DialogError != 0)
+    if (DialogError != 0 || unreadable)
         ShowMessage(nullptr, "It can not read the file", "WARNING", Buttons::Ok, Icon::Stop);
     return 1;
 }

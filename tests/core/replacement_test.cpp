@@ -159,7 +159,7 @@ TEST_F(Replacing, LeavesAFileItsOtherNames) {
     fs::create_hard_link(temp_.Path("a.txt"), temp_.Path("other"));
     EXPECT_TRUE(Replace("a.txt", "new"));
     EXPECT_EQ(temp_.Content("other"), "new");
-    EXPECT_EQ(fs::hard_link_count(temp_.Path("a.txt")), 2u);
+    EXPECT_TRUE(files::SameFile(temp_.Path("a.txt").c_str(), temp_.Path("other").c_str()));
     EXPECT_EQ(Names(), (Files{"a.txt", "a.txt.bak", "other"}));
 }
 

@@ -146,7 +146,8 @@ TEST_F(MenuTest, ANewProjectCanBeSavedAndBuilt) {
     for (Kind kind : {Kind::Nt, Kind::Win98}) {
         App& app = Run(kind);
         app.Command(CM_NEW_MORV);
-        EXPECT_EQ(Enabled(app), (Numbers{2, 3, 4}));
+        // On Windows 98 the activation of its window enables the removal of items that it has not.
+        EXPECT_EQ(Enabled(app), kind == Kind::Nt ? (Numbers{2, 3, 4}) : (Numbers{1, 2, 3, 4}));
         app.Command(CM_CLOSE_MORV);
         EXPECT_EQ(Enabled(app), Numbers{});
     }

@@ -126,6 +126,18 @@ TEST_F(ToolsTest, RemovesTheShownCompiler) {
     EXPECT_EQ(Stored(app).compilers, TextRows{"a.exe"});
 }
 
+TEST_F(ToolsTest, RemovesAnEmptyEntryLikeAnyOther) {
+    App& app = RunTools({"", "", "", "", {"a.exe", "", "b.exe"}});
+    Dialog tools = Open(app);
+    tools.SetText(TOOL_COMMAND, "");
+    tools.Click(TOOL_REMOVE);
+    EXPECT_EQ(tools.ComboRows(TOOL_COMMAND), (TextRows{"a.exe", "b.exe"}));
+    tools.Click(TOOL_REMOVE); // there is no other
+    EXPECT_EQ(tools.ComboRows(TOOL_COMMAND), (TextRows{"a.exe", "b.exe"}));
+    tools.Click(IDCANCEL);
+    app.Finish();
+}
+
 TEST_F(ToolsTest, RemovesOnlyTheVerySameCompiler) {
     App& app = RunTools({"", "", "", "", {"CC.exe", "cc.exe", "cc.exe2"}});
     Dialog tools = Open(app);

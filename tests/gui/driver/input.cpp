@@ -38,11 +38,17 @@ void PointerClick(const Program& program, HWND hwnd, POINT place) {
         SetCursorPos(place.x, place.y);
         return GetCursorPos(&now) && now.x == place.x && now.y == place.y;
     });
-    INPUT inputs[2]{};
-    inputs[0].type = inputs[1].type = INPUT_MOUSE;
-    inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-    inputs[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    SendInput(2, inputs, sizeof inputs[0]);
+    // The click says where it is, too: the pointer may be moved back before it arrives.
+    constexpr LONG kWhole = 65536; // the screen's width and height in the units of the pointer
+    const DWORD steps[] = {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
+    INPUT inputs[3]{};
+    for (int i = 0; i < 3; ++i) {
+        inputs[i].type = INPUT_MOUSE;
+        inputs[i].mi.dx = place.x * kWhole / GetSystemMetrics(SM_CXSCREEN) + 1;
+        inputs[i].mi.dy = place.y * kWhole / GetSystemMetrics(SM_CYSCREEN) + 1;
+        inputs[i].mi.dwFlags = steps[i] | MOUSEEVENTF_ABSOLUTE;
+    }
+    SendInput(3, inputs, sizeof inputs[0]);
 }
 
 void Key(WORD code, WORD held) {
