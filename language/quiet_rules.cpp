@@ -12,17 +12,6 @@ bool IsOneOf(const std::string& word, std::initializer_list<const char*> words) 
     return std::any_of(words.begin(), words.end(), [&](const char* each) { return word == each; });
 }
 
-std::vector<Token> SolidTokens(const std::string& text) {
-    std::vector<Token> tokens = Tokens(text);
-    tokens.erase(std::remove_if(tokens.begin(), tokens.end(),
-                                [](const Token& token) {
-                                    return token.kind == Token::Blank ||
-                                           token.kind == Token::Comment;
-                                }),
-                 tokens.end());
-    return tokens;
-}
-
 // The tokens of a rule, read from left to right.
 class Words {
 public:

@@ -16,17 +16,6 @@ bool IsName(const Token& token) {
     return token.kind == Token::Word && (token.text[0] < '0' || token.text[0] > '9');
 }
 
-std::vector<Token> SolidTokens(const std::string& text) {
-    std::vector<Token> tokens = Tokens(text);
-    tokens.erase(std::remove_if(tokens.begin(), tokens.end(),
-                                [](const Token& token) {
-                                    return token.kind == Token::Blank ||
-                                           token.kind == Token::Comment;
-                                }),
-                 tokens.end());
-    return tokens;
-}
-
 bool IsMember(const std::vector<Token>& tokens, std::size_t at) {
     return (at > 0 && tokens[at - 1].text == ".") ||
            (at > 1 && tokens[at - 1].text == ">" && tokens[at - 2].text == "-");

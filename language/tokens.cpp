@@ -70,4 +70,15 @@ std::vector<Token> Tokens(const std::string& text) {
     return tokens;
 }
 
+std::vector<Token> SolidTokens(const std::string& text) {
+    std::vector<Token> tokens = Tokens(text);
+    tokens.erase(std::remove_if(tokens.begin(), tokens.end(),
+                                [](const Token& token) {
+                                    return token.kind == Token::Blank ||
+                                           token.kind == Token::Comment;
+                                }),
+                 tokens.end());
+    return tokens;
+}
+
 } // namespace morv

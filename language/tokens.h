@@ -17,4 +17,7 @@ struct Token {
 // its line (a text) or of everything (a comment).
 std::vector<Token> Tokens(const std::string& text);
 
+// Those of them that mean something: all but blanks and comments.
+std::vector<Token> SolidTokens(const std::string& text);
+
 } // namespace morv

@@ -19,22 +19,10 @@ const Words kMembers = {"value",   "assign", "certainty",  "known", "level",
 const Words kBeforeUse = {"return", "else", "do", "case", "throw", "goto",     "Then",
                           "Else",   "and",  "or", "not",  "xor",   "Otherwise"};
 
-// The tokens that mean something.
-std::vector<Token> Meaning(const std::string& text) {
-    std::vector<Token> tokens = Tokens(text);
-    tokens.erase(std::remove_if(tokens.begin(), tokens.end(),
-                                [](const Token& token) {
-                                    return token.kind == Token::Blank ||
-                                           token.kind == Token::Comment;
-                                }),
-                 tokens.end());
-    return tokens;
-}
-
 class Reader {
 public:
     Reader(const std::string& text, const Words& own, const Words& elsewhere)
-        : tokens_(Meaning(text)), own_(own), elsewhere_(elsewhere) {
+        : tokens_(SolidTokens(text)), own_(own), elsewhere_(elsewhere) {
         for (std::size_t at = 0; at < tokens_.size(); ++at)
             if (IsWord(at) && LooksDeclared(at))
                 declared_.insert(tokens_[at].text);

@@ -281,12 +281,7 @@ TEST_F(FindingTest, TheRuleEditorsTextIsUsed) {
     app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("tank.lse"));
     app.StartDoubleClick(kSystem, 3);
     RuleBox rules(app);
-    app.Start(CM_DEBUG);
-    Dialog dialog = app.WaitDialog("Debug");
-    dialog.Press(DEBUG_START);
-    app.ExpectBox("Debug Finalitzat", "Debug");
-    app.Finish();
-    app.Finish();
+    Debug(app);
     OpenRow(app, 2);
     EXPECT_EQ(app.Children(kEditor).size(), 1u);
     EXPECT_EQ(Selected(app), "Rule 2");
