@@ -7,6 +7,13 @@ bool OneByteCharacters() {
     return GetCPInfo(CP_ACP, &page) && page.MaxCharSize == 1;
 }
 
+std::size_t CharactersIn(std::string_view bytes) {
+    if (bytes.empty() || OneByteCharacters())
+        return bytes.size();
+    const auto size = static_cast<int>(bytes.size());
+    return static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0));
+}
+
 TextMeasure::TextMeasure(HWND hwnd) : hwnd_(hwnd), dc_(GetDC(hwnd)) {
     const auto font = reinterpret_cast<HFONT>(SendMessageA(hwnd, WM_GETFONT, 0, 0));
     before_ = SelectObject(dc_, font ? font : GetStockObject(SYSTEM_FONT));

@@ -7,6 +7,9 @@
 // True when every character of the system's code page is one byte.
 bool OneByteCharacters();
 
+// How many characters these bytes are in the system's code page: edit controls count characters.
+std::size_t CharactersIn(std::string_view bytes);
+
 // Adds up the widths of characters, which it asks for once. Asking the window system for the width
 // of every row would take longer than filling the list.
 class TextMeasure {

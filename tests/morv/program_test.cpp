@@ -58,6 +58,21 @@ struct Running {
     PROCESS_INFORMATION process;
 };
 
+// The rows are as high as the font of dialogs is.
+void ExpectFontOfDialogs(HWND list) {
+    HDC screen = GetDC(nullptr);
+    const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
+    HFONT font = CreateFontA(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                             0, 0, "MS Shell Dlg");
+    HGDIOBJ before = SelectObject(screen, font);
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(screen, &metrics);
+    EXPECT_EQ(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0), metrics.tmHeight);
+    SelectObject(screen, before);
+    DeleteObject(font);
+    ReleaseDC(nullptr, screen);
+}
+
 // New lines come into sight only when the last one was.
 void ExpectListStays(HWND list) {
     const auto ask = [list](UINT message) { return SendMessageA(list, message, 0, 0); };
@@ -109,7 +124,9 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
 
     const HWND window = FindWindowA("MorvProgram", "Apiboiler");
     ASSERT_NE(window, nullptr);
-    ExpectListStays(FindWindowExA(window, nullptr, "LISTBOX", nullptr));
+    const HWND list = FindWindowExA(window, nullptr, "LISTBOX", nullptr);
+    ExpectFontOfDialogs(list);
+    ExpectListStays(list);
     PostMessageA(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 20000), WAIT_OBJECT_0);
 }
