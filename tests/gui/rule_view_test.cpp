@@ -38,8 +38,26 @@ protected:
         return box;
     }
 
+    HWND Focus() {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(Running().Process().ThreadId(), &info);
+        return info.hwndFocus;
+    }
+
     LRESULT Ask(HWND edit, UINT message, WPARAM wParam = 0) {
         return Running().Process().Send(edit, message, wParam);
+    }
+
+    // The dialog's grey is on the screen between its two lists.
+    static bool IsInSight(const RuleBox& box) {
+        RECT left{}, right{};
+        GetWindowRect(GetDlgItem(box.Window(), RULE_RULES), &left);
+        GetWindowRect(GetDlgItem(box.Window(), RULE_TAGS), &right);
+        const auto pixels = ScreenPixels({left.right, left.top, right.left, left.bottom});
+        constexpr char kLightGrey = '\xC0';
+        return IsOneColour(pixels) && pixels[0] == kLightGrey && pixels[1] == kLightGrey &&
+               pixels[2] == kLightGrey;
     }
 
     // The caret is behind the text's last character, and its line is in sight.
@@ -57,34 +75,14 @@ protected:
 
 TEST_P(RuleViewTest, TheDialogStaysInSightWhenTheTextIsClicked) {
     RuleBox box = RunRules();
-    RECT inside{};
-    GetClientRect(box.Window(), &inside);
-    MapWindowPoints(box.Window(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
-    // The pressed button and the text's caret are not in the lower half of the lists.
-    const LONG height = inside.bottom - inside.top;
-    const RECT lists{inside.left, inside.top + height / 3, inside.right, inside.top + height / 2};
-    std::vector<char> seen;
-    Running().Process().WaitFor("the dialog on the screen", [&] {
-        seen = ScreenPixels(lists);
-        return !IsOneColour(seen);
-    });
+    Running().Process().WaitFor("the dialog on the screen", [&] { return IsInSight(box); });
     for (int click = 0; click < 3; ++click) {
-        PointerClick(Running().Process(), box.Edit(), {30, 30 + 40 * click});
-        Running().Process().WaitFor("the focus in the text", [&] {
-            GUITHREADINFO info{};
-            info.cbSize = sizeof info;
-            GetGUIThreadInfo(Running().Process().ThreadId(), &info);
-            return info.hwndFocus == box.Edit();
-        });
-        Running().Process().WaitFor("the dialog above the text",
-                                    [&] { return ScreenPixels(lists) == seen; });
-        PointerClick(Running().Process(), box.Window(), {4, 4});
-        Running().Process().WaitFor("the dialog as the active window", [&] {
-            GUITHREADINFO info{};
-            info.cbSize = sizeof info;
-            GetGUIThreadInfo(Running().Process().ThreadId(), &info);
-            return info.hwndActive == box.Window();
-        });
+        MouseClick(box.Edit(), {30, 30 + 40 * click});
+        Running().Process().WaitFor("the focus in the text", [&] { return Focus() == box.Edit(); });
+        Running().Process().WaitFor("the dialog above the text", [&] { return IsInSight(box); });
+        MouseClick(GetDlgItem(box.Window(), RULE_TAGS), {4, 4});
+        Running().Process().WaitFor("the focus in the dialog",
+                                    [&] { return Focus() == GetDlgItem(box.Window(), RULE_TAGS); });
     }
 }
 
