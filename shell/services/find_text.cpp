@@ -16,15 +16,20 @@ constexpr int kWordSize = 256;
 // What the dialogs have in their fields. They keep it from one opening to the next.
 char what[kWordSize];
 char with[kWordSize];
-FINDREPLACEA asked{.lStructSize = sizeof asked,
-                   .Flags = FR_DOWN,
-                   .lpstrFindWhat = what,
-                   .lpstrReplaceWith = with,
-                   .wFindWhatLen = sizeof what,
-                   .wReplaceWithLen = sizeof with};
-HWND dialog;    // while one is open
-bool replacing; // it is the one for replacing
-HHOOK key_hook; // while one is open
+FINDREPLACEA asked = [] {
+    FINDREPLACEA find{};
+    find.lStructSize = sizeof find;
+    find.lpstrFindWhat = what;
+    find.lpstrReplaceWith = with;
+    find.wFindWhatLen = sizeof what;
+    find.wReplaceWithLen = sizeof with;
+    return find;
+}();
+constexpr DWORD kChoices = FR_DOWN | FR_MATCHCASE | FR_WHOLEWORD;
+DWORD chosen = FR_DOWN; // of kChoices, with the last press of a button; Wine takes its own back
+HWND dialog;            // while one is open
+bool replacing;         // it is the one for replacing
+HHOOK key_hook;         // while one is open
 
 // The message loop knows no dialog. So the keys of this one, Tab, Enter, Esc and its letters, are
 // taken out of the messages before the loop sees them.
@@ -74,13 +79,13 @@ void Select(HWND edit, const std::string& text, std::size_t begin, std::size_t s
 
 // A text as it is compared.
 std::string Compared(std::string text) {
-    if (!(asked.Flags & FR_MATCHCASE))
+    if (!(chosen & FR_MATCHCASE))
         CharLowerBuffA(text.data(), static_cast<DWORD>(text.size()));
     return text;
 }
 
 Wanted WhatIsWanted() {
-    return {Compared(what), (asked.Flags & FR_WHOLEWORD) != 0};
+    return {Compared(what), (chosen & FR_WHOLEWORD) != 0};
 }
 
 void TellNotFound() {
@@ -140,8 +145,7 @@ void Open(HWND edit, bool replace) {
         DestroyWindow(dialog);
     ProposeSelection(edit);
     asked.hwndOwner = edit;
-    asked.Flags &= FR_DOWN | FR_MATCHCASE | FR_WHOLEWORD;
-    asked.Flags |= FR_ENABLEHOOK;
+    asked.Flags = chosen | FR_ENABLEHOOK;
     asked.lpfnHook = FollowDialog;
     replacing = replace;
     dialog = replace ? ReplaceTextA(&asked) : FindTextA(&asked);
@@ -163,7 +167,7 @@ void FindAgain(HWND edit, bool other_way) {
     if (what[0] == '\0')
         AskWhatToFind(edit);
     else
-        FindNext(edit, ((asked.Flags & FR_DOWN) != 0) != other_way);
+        FindNext(edit, ((chosen & FR_DOWN) != 0) != other_way);
 }
 
 bool TakeFindMessage(HWND edit, UINT message) {
@@ -173,6 +177,8 @@ bool TakeFindMessage(HWND edit, UINT message) {
     // While a box waits for its answer the texts stay as they are.
     if ((asked.Flags & FR_DIALOGTERM) || !IsWindowEnabled(GetFrame()))
         return true;
+    // The dialog for replacing has no direction.
+    chosen = (asked.Flags & kChoices) | (replacing ? FR_DOWN : 0);
     const HWND child = GetMdi();
     const HWND text = IsEditor(child) && TopChild(child) ? TopChild(child) : edit;
     if (asked.Flags & FR_REPLACEALL)
@@ -180,7 +186,7 @@ bool TakeFindMessage(HWND edit, UINT message) {
     else if (asked.Flags & FR_REPLACE)
         ReplaceNext(text);
     else if (asked.Flags & FR_FINDNEXT)
-        FindNext(text, (asked.Flags & FR_DOWN) != 0);
+        FindNext(text, (chosen & FR_DOWN) != 0);
     return true;
 }
 

@@ -6,8 +6,7 @@
 // Shows the wait cursor as long as it lives, and after that the one before.
 class WaitCursor {
 public:
-    WaitCursor()
-        : before_(SetCursor(LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT)))) {}
+    WaitCursor() : before_(SetCursor(LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT)))) {}
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
     ~WaitCursor() { SetCursor(before_); }
