@@ -41,14 +41,17 @@ int TextMeasure::Width(std::string_view text) const {
     return size.cx;
 }
 
-int TextMeasure::TabbedWidth(std::string_view text) const {
+int TextMeasure::TabbedWidth(std::string_view text, std::span<const int> stops) const {
+    // A single tab stop is repeated.
+    const int every = stops.size() == 1 ? std::max(1, stops[0]) : tab_width_;
     int left = 0;
     for (;;) {
         const std::size_t tab = std::min(text.find('\t'), text.size());
         left += Width(text.substr(0, tab));
         if (tab == text.size())
             return left;
-        left = (left / tab_width_ + 1) * tab_width_;
+        const auto stop = std::ranges::upper_bound(stops, left);
+        left = stop != stops.end() ? *stop : (left / every + 1) * every;
         text.remove_prefix(tab + 1);
     }
 }

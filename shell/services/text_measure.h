@@ -1,6 +1,7 @@
 // How wide texts are in the font of a window.
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <windows.h>
 
@@ -19,8 +20,10 @@ public:
     TextMeasure& operator=(const TextMeasure&) = delete;
     ~TextMeasure();
 
-    int Width(std::string_view text) const;       // of one without TABs
-    int TabbedWidth(std::string_view text) const; // with the window system's own tab stops
+    int Width(std::string_view text) const; // of one without TABs
+
+    // Of one with TABs. Behind `stops`, in pixels, are the window system's own tab stops.
+    int TabbedWidth(std::string_view text, std::span<const int> stops = {}) const;
 
     // The average width of a character; a quarter of it is the unit of tab stops.
     int AverageWidth() const;

@@ -125,7 +125,7 @@ TEST_F(EditorTest, AFileWithLfAloneShowsItsLinesAndIsSavedAsItWas) {
     app.Start(CM_CLOSE_FILE);
     Ask(app, Answer::Yes);
     app.Finish();
-    EXPECT_EQ(FileContent(app.Path("b.cpp")), "zx\nyone\n\ntwo\n");
+    EXPECT_EQ(FileContent(app.Path("b.cpp")), "x\nyzone\n\ntwo\n");
     EXPECT_EQ(FileContent(app.Path("a.cpp")), "one\n\ntwo\n");
 }
 
