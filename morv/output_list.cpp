@@ -8,11 +8,25 @@ int Ask(HWND list, UINT message) {
     return static_cast<int>(SendMessageA(list, message, 0, 0));
 }
 
+// The font of dialogs; made once, it lasts as long as the program.
+HFONT DialogFont() {
+    static const HFONT font = [] {
+        HDC screen = GetDC(nullptr);
+        const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
+        ReleaseDC(nullptr, screen);
+        return CreateFontA(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                           0, 0, "MS Shell Dlg");
+    }();
+    return font;
+}
+
 // Makes the list as wide as its longest line.
 void Widen(HWND list, const std::string& line) {
     HDC dc = GetDC(list);
+    HGDIOBJ before = SelectObject(dc, DialogFont());
     SIZE size{};
     GetTextExtentPoint32A(dc, line.c_str(), static_cast<int>(line.size()), &size);
+    SelectObject(dc, before);
     ReleaseDC(list, dc);
     const int width = size.cx + 2 * GetSystemMetrics(SM_CXEDGE) + 4;
     if (width > Ask(list, LB_GETHORIZONTALEXTENT))
@@ -29,10 +43,12 @@ bool ShowsLastRow(HWND list) {
 } // namespace
 
 HWND MakeOutputList(HWND parent) {
-    return CreateWindowA("LISTBOX", "",
-                         WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGRALHEIGHT |
-                             LBS_NOTIFY,
-                         0, 0, 0, 0, parent, nullptr, nullptr, nullptr);
+    HWND list = CreateWindowA("LISTBOX", "",
+                              WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL |
+                                  LBS_NOINTEGRALHEIGHT | LBS_NOTIFY,
+                              0, 0, 0, 0, parent, nullptr, nullptr, nullptr);
+    SendMessageA(list, WM_SETFONT, reinterpret_cast<WPARAM>(DialogFont()), FALSE);
+    return list;
 }
 
 std::string SelectedLine(HWND list) {

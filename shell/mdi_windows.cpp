@@ -4,10 +4,12 @@
 #include "project/project_commands.h"
 #include "shell/core/messages.h"
 #include "shell/services/editor.h"
+#include "shell/services/fonts.h"
 #include "shell/services/guarded.h"
 #include "shell/services/handles.h"
 #include "shell/services/mdi.h"
 #include "shell/services/menu.h"
+#include "shell/services/text_keys.h"
 #include "system/open_row.h"
 #include "system/system_commands.h"
 
@@ -15,8 +17,9 @@
 
 namespace {
 
+// What is selected is seen while the dialog that found it has the focus.
 constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
-                             ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN;
+                             ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN | ES_NOHIDESEL;
 // Not sorted: a list keeps the order in which its document puts the rows.
 constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY |
                              LBS_HASSTRINGS | LBS_USETABSTOPS | LBS_NOINTEGRALHEIGHT;
@@ -75,7 +78,7 @@ void CreateList(HWND hwnd, UINT order) {
     GetWindowRect(GetDesktopWindow(), &desktop);
     SetWindowPos(hwnd, HWND_TOP, desktop.left, desktop.bottom - 230, desktop.right - desktop.left,
                  156, SWP_SHOWWINDOW | order);
-    CreateControl(hwnd, "LISTBOX", kListStyle, 0);
+    UseDialogFont(CreateControl(hwnd, "LISTBOX", kListStyle, 0));
 }
 
 // The messages of every list window; all others go to the default.
@@ -157,7 +160,9 @@ LRESULT MessagesProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
 
 void CreateEdit(HWND hwnd) {
     EnableMenu(GetFrame(), kTextOnTop);
-    CreateControl(hwnd, "EDIT", kEditStyle, EDC_ID);
+    const HWND edit = CreateControl(hwnd, "EDIT", kEditStyle, EDC_ID);
+    UseTextFont(edit);
+    UseTextKeys(edit);
     EDC_ID += 1;
 }
 

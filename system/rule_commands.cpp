@@ -58,6 +58,7 @@ void AppendText(const std::string& string) {
     InsText(text, string, text.size(), 0);
     PutRuleText(text);
     SetChanged();
+    ShowRuleTextEnd();
 }
 
 // The path of the index file; empty when the rules file stands under it, for then there is no place
@@ -224,6 +225,12 @@ void InsertTag(HWND dialog) {
     const ListRows tags(GetDlgItem(dialog, RULE_TAGS));
     if (RuleEdit() && tags.Selected() >= 0)
         AppendText(tags.RowText(tags.Selected()));
+}
+
+void ShowSelectedRule(HWND dialog) {
+    const std::string text = EditText(RuleEdit());
+    if (const std::optional<RuleSpan> rule = FindRule(text, RulesList(dialog).Selected()))
+        ShowRuleTextLine(text, rule->begin);
 }
 
 void CloseRules(HWND dialog) {

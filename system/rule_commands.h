@@ -21,9 +21,11 @@ bool SaveRules(HWND dialog);
 // The rules in the text window, as something that can be saved.
 Savable RulesOf(HWND dialog);
 
-void AddRule(HWND dialog);    // button "Rule"
-void EndRule(HWND dialog);    // button "EndRule"
-void InsertTag(HWND dialog);  // the selected tag goes to the end of the text
+void AddRule(HWND dialog);   // button "Rule"
+void EndRule(HWND dialog);   // button "EndRule"
+void InsertTag(HWND dialog); // the selected tag goes to the end of the text
+// Scrolls the text to the rule that is selected in the list.
+void ShowSelectedRule(HWND dialog);
 void CloseRules(HWND dialog); // ends the dialog unless cancelled
 void NewRules(HWND dialog);
 void OpenRules(HWND dialog);

@@ -21,6 +21,15 @@ void StayAbove(HWND dialog, bool active) {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
+// Wine shows the frame above the dialog once the frame was clicked, although the dialog still
+// counts as topmost. It comes into sight when it becomes topmost anew.
+void ComeIntoSight(HWND dialog) {
+    if (busy || !GetActiveWindow())
+        return;
+    StayAbove(dialog, false);
+    StayAbove(dialog, true);
+}
+
 // Runs a command. Its boxes and file dialogs have no owner, so the dialog must not stay above them.
 template <void (*command)(HWND)> void Run(HWND dialog) {
     if (busy) {
@@ -69,6 +78,7 @@ constexpr DialogAction kActions[] = {
     {RULE_RULE, BN_CLICKED, Run<AddRule>},
     {RULE_END_RULE, BN_CLICKED, Run<EndRule>},
     {RULE_TAGS, LBN_DBLCLK, Run<InsertTag>},
+    {RULE_RULES, LBN_SELCHANGE, ShowSelectedRule},
     {IDOK, BN_CLICKED, TakeEnter},
     // Menu commands come as clicks do.
     {RM_OPEN_RULES, BN_CLICKED, Run<OpenRules>},
@@ -85,7 +95,8 @@ constexpr DialogAction kActions[] = {
 constexpr DialogTable kTable = {.open = Start,
                                 .actions = kActions,
                                 .close_box = Run<CloseRules>,
-                                .program_activated = StayAbove};
+                                .program_activated = StayAbove,
+                                .left = ComeIntoSight};
 
 std::optional<Savable> RulesAtExit(HWND child) {
     if (!EditRule || child != RuleChild())

@@ -1,5 +1,6 @@
 #include "system/rule_window.h"
 
+#include "shell/core/line_ends.h"
 #include "shell/services/editor.h"
 #include "shell/services/mdi.h"
 #include "shell/services/text_measure.h"
@@ -39,11 +40,16 @@ void ReplaceDifference(HWND edit, const std::string& before, const std::string& 
     SendMessageA(edit, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(part.c_str()));
 }
 
+// Puts the caret there and scrolls it into sight.
+void PutCaret(HWND edit, std::size_t character) {
+    SendMessageA(edit, EM_SETSEL, character, static_cast<LPARAM>(character));
+    SendMessageA(edit, EM_SCROLLCARET, 0, 0);
+}
+
 // As in a text that was set anew: caret and view at its start, nothing to undo.
 void ShowStart(HWND edit) {
     SendMessageA(edit, EM_EMPTYUNDOBUFFER, 0, 0);
-    SendMessageA(edit, EM_SETSEL, 0, 0);
-    SendMessageA(edit, EM_SCROLLCARET, 0, 0);
+    PutCaret(edit, 0);
 }
 
 void SetModified(HWND edit, bool modified) {
@@ -79,7 +85,8 @@ void PutRuleText(const std::string& text) {
 }
 
 void LoadRuleText(const std::string& text) {
-    SetWindowTextA(RuleEdit(), text.c_str());
+    // Rules are saved with CR LF, so the lines of any other file are shown as they will be.
+    SetWindowTextA(RuleEdit(), (EndsLinesInLf(text) ? WithCrLf(text) : text).c_str());
     SetModified(RuleEdit(), false);
 }
 
@@ -100,6 +107,18 @@ void ScrollToRuleTextEnd() {
     const LRESULT line = SendMessageA(edit, EM_LINEFROMCHAR, end, 0);
     // The count has 16 bits: in the first three lines it wraps and goes as far as it can.
     SendMessageA(edit, EM_LINESCROLL, 0, static_cast<WORD>(line - 3));
+}
+
+void ShowRuleTextEnd() {
+    PutCaret(RuleEdit(), static_cast<std::size_t>(GetWindowTextLengthA(RuleEdit())));
+}
+
+void ShowRuleTextLine(const std::string& text, std::size_t at) {
+    const HWND edit = RuleEdit();
+    PutCaret(edit, CharactersIn(std::string_view(text).substr(0, at)));
+    const LRESULT line = SendMessageA(edit, EM_LINEFROMCHAR, static_cast<WPARAM>(-1), 0);
+    const LRESULT top = SendMessageA(edit, EM_GETFIRSTVISIBLELINE, 0, 0);
+    SendMessageA(edit, EM_LINESCROLL, 0, line - top);
 }
 
 void DestroyRuleWindow() {

@@ -30,4 +30,10 @@ void SetRuleTextChanged();
 // Scrolls to the end of the text, with three lines above it.
 void ScrollToRuleTextEnd();
 
+// Puts the caret behind the end of the text, in sight.
+void ShowRuleTextEnd();
+
+// Puts the caret to the byte `at` of the window's `text`, and its line to the top of the window.
+void ShowRuleTextLine(const std::string& text, std::size_t at);
+
 void DestroyRuleWindow();

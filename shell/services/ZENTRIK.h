@@ -102,6 +102,9 @@
 #define HELP_TOPIC_TOOLS 93
 #define HELP_TOPIC_INDEX 110
 
+/* "Goto_Box": the line of a text. */
+#define GOTO_LINE 354
+
 /* "HL_Box": value history length. */
 #define HL_LENGTH 313
 

@@ -12,6 +12,7 @@ INT_PTR RunDialog(HWND owner, const char* name, DLGPROC procedure) {
 namespace {
 
 constexpr char kEnded[] = "ZentrikEnded"; // a property of dialogs
+constexpr UINT kLeft = WM_APP;            // a message to dialogs
 
 struct OpenDialog {
     HWND window;
@@ -58,6 +59,15 @@ INT_PTR Answer(const DialogTable& table, HWND dialog, UINT message, WPARAM wPara
         if (!table.program_activated)
             return FALSE;
         table.program_activated(dialog, wParam != 0);
+        return TRUE;
+    case WM_ACTIVATE:
+        // The other window takes its place only after this.
+        if (LOWORD(wParam) == WA_INACTIVE && table.left)
+            PostMessageA(dialog, kLeft, 0, 0);
+        return FALSE;
+    case kLeft:
+        if (table.left)
+            table.left(dialog);
         return TRUE;
     case WM_DESTROY:
         return Destroyed(table, dialog);

@@ -23,6 +23,7 @@ struct DialogTable {
     void (*close_box)(HWND dialog) = nullptr; // null: as IDCANCEL
     void (*destroyed)(HWND dialog) = nullptr;
     void (*program_activated)(HWND dialog, bool active) = nullptr;
+    void (*left)(HWND dialog) = nullptr;    // after another window has become the active one
     bool (*changed)(HWND dialog) = nullptr; // it has what would be lost if the program ended now
 };
 

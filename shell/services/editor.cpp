@@ -2,10 +2,12 @@
 
 #include "shell/core/file_helpers.h"
 #include "shell/core/files.h"
+#include "shell/core/line_ends.h"
 #include "shell/core/messages.h"
 #include "shell/core/record_text.h"
 #include "shell/services/asking.h"
 #include "shell/services/mdi.h"
+#include "shell/services/wait_cursor.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -25,6 +27,10 @@ constexpr char kNameTitle[] = "Save File As ...";
 // A property of editors that do not show all of their file.
 constexpr char kPartial[] = "ZentrikPartial";
 
+// A property of editors whose file has LF alone at the end of every line. An edit control shows
+// lines only when they end in CR LF.
+constexpr char kLfAlone[] = "ZentrikLfAlone";
+
 bool IsModified(HWND edit) {
     return SendMessageA(edit, EM_GETMODIFY, 0, 0) != 0;
 }
@@ -34,8 +40,23 @@ Answer AskToSave(HWND edit) {
                        Buttons::YesNoCancel);
 }
 
-bool Write(HWND child, HWND edit, const std::string& path) {
-    if (!WriteEdit(edit, path.c_str())) {
+bool WriteText(HWND edit, const char* path, const std::string& text) {
+    if (!files::ReplaceKeeping(path, text))
+        return false;
+    SendMessageA(edit, EM_SETMODIFY, FALSE, 0);
+    return true;
+}
+
+// Writes the text of the editor `child` with the line ends of the file it came from. On failure
+// returns false and shows nothing.
+bool WriteAsRead(HWND child, const std::string& path) {
+    const HWND edit = TopChild(child);
+    const std::string text = EditText(edit);
+    return WriteText(edit, path.c_str(), GetPropA(child, kLfAlone) ? WithLf(text) : text);
+}
+
+bool Write(HWND child, const std::string& path) {
+    if (!WriteAsRead(child, path)) {
         SaveErr();
         return false;
     }
@@ -47,9 +68,9 @@ bool Write(HWND child, HWND edit, const std::string& path) {
 // the text.
 Savable TextOf(HWND child) {
     const HWND edit = TopChild(child);
-    const auto save_as = [child, edit](const std::string& path) {
+    const auto save_as = [child](const std::string& path) {
         SetWindowTextA(child, path.c_str());
-        return Write(child, edit, path);
+        return Write(child, path);
     };
     return {
         .subject = child,
@@ -58,7 +79,7 @@ Savable TextOf(HWND child) {
         .has_file =
             [child] { return ChildTitle(child) != kUntitled && !GetPropA(child, kPartial); },
         .save_as = save_as,
-        .save = [child, edit] { return Write(child, edit, ChildTitle(child)); },
+        .save = [child] { return Write(child, ChildTitle(child)); },
     };
 }
 
@@ -99,8 +120,13 @@ bool MaySave(HWND hwnd) {
 // Loads a file's text. A file that cannot be read, or has a NUL where the control's text ends,
 // shows what it can without a word; but what is shown must not replace it unasked.
 void Load(HWND child, const char* path) {
+    const WaitCursor wait;
     std::string text;
     const bool read = files::ReadWhole(path, files::Mode::Read, text);
+    if (EndsLinesInLf(text)) {
+        SetPropA(child, kLfAlone, child);
+        text = WithCrLf(text);
+    }
     if (read)
         SetWindowTextA(TopChild(child), text.c_str());
     const bool whole = read ? text.find('\0') == text.npos : files::LastError() == ENOENT;
@@ -154,7 +180,7 @@ void SaveFile(HWND hwnd) {
         return;
     Savable text = TextOf(hwnd);
     text.save = [hwnd] {
-        if (WriteEdit(TopChild(hwnd), ChildTitle(hwnd).c_str()))
+        if (WriteAsRead(hwnd, ChildTitle(hwnd)))
             return true;
         ShowMessage(nullptr, "No Va be", "");
         SaveErr();
@@ -237,10 +263,7 @@ void DestroyEditors() {
 }
 
 bool WriteEdit(HWND edit, const char* path) {
-    if (!files::ReplaceKeeping(path, EditText(edit)))
-        return false;
-    SendMessageA(edit, EM_SETMODIFY, FALSE, 0);
-    return true;
+    return WriteText(edit, path, EditText(edit));
 }
 
 std::string EditText(HWND edit) {

@@ -7,6 +7,13 @@ bool OneByteCharacters() {
     return GetCPInfo(CP_ACP, &page) && page.MaxCharSize == 1;
 }
 
+std::size_t CharactersIn(std::string_view bytes) {
+    if (bytes.empty() || OneByteCharacters())
+        return bytes.size();
+    const auto size = static_cast<int>(bytes.size());
+    return static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0));
+}
+
 TextMeasure::TextMeasure(HWND hwnd) : hwnd_(hwnd), dc_(GetDC(hwnd)) {
     const auto font = reinterpret_cast<HFONT>(SendMessageA(hwnd, WM_GETFONT, 0, 0));
     before_ = SelectObject(dc_, font ? font : GetStockObject(SYSTEM_FONT));
@@ -34,14 +41,17 @@ int TextMeasure::Width(std::string_view text) const {
     return size.cx;
 }
 
-int TextMeasure::TabbedWidth(std::string_view text) const {
+int TextMeasure::TabbedWidth(std::string_view text, std::span<const int> stops) const {
+    // A single tab stop is repeated.
+    const int every = stops.size() == 1 ? std::max(1, stops[0]) : tab_width_;
     int left = 0;
     for (;;) {
         const std::size_t tab = std::min(text.find('\t'), text.size());
         left += Width(text.substr(0, tab));
         if (tab == text.size())
             return left;
-        left = (left / tab_width_ + 1) * tab_width_;
+        const auto stop = std::ranges::upper_bound(stops, left);
+        left = stop != stops.end() ? *stop : (left / every + 1) * every;
         text.remove_prefix(tab + 1);
     }
 }

@@ -110,6 +110,34 @@ TEST_F(EditorTest, AZeroLengthFileIsAnEmptyEditor) {
     EXPECT_EQ(app.EditorText(), "");
 }
 
+TEST_F(EditorTest, AFileWithLfAloneShowsItsLinesAndIsSavedAsItWas) {
+    App& app = RunWith("a.cpp", "one\n\ntwo\n");
+    EXPECT_EQ(app.EditorText(), "one\r\n\r\ntwo\r\n");
+    EXPECT_FALSE(Modified(app));
+    app.Command(CM_SAVE_FILE);
+    EXPECT_EQ(FileContent(app.Path("a.cpp")), "one\n\ntwo\n");
+    app.Type("x\ry"); // the Enter key
+    EXPECT_EQ(app.EditorText(), "x\r\nyone\r\n\r\ntwo\r\n");
+    app.CommandWithFile(CM_SAVE_FILE_AS, kSaveAs, app.Path("b.cpp"));
+    EXPECT_EQ(FileContent(app.Path("b.cpp")), "x\nyone\n\ntwo\n");
+    EXPECT_FALSE(Modified(app));
+    app.Type("z");
+    app.Start(CM_CLOSE_FILE);
+    Ask(app, Answer::Yes);
+    app.Finish();
+    EXPECT_EQ(FileContent(app.Path("b.cpp")), "x\nyzone\n\ntwo\n");
+    EXPECT_EQ(FileContent(app.Path("a.cpp")), "one\n\ntwo\n");
+}
+
+TEST_F(EditorTest, AFileWithDifferentLineEndsKeepsThem) {
+    const std::string mixed = "one\ntwo\r\nthree\rfour\r\r\n";
+    App& app = RunWith("a.cpp", mixed);
+    EXPECT_EQ(app.EditorText(), mixed);
+    app.Type("x");
+    app.Command(CM_SAVE_FILE);
+    EXPECT_EQ(FileContent(app.Path("a.cpp")), "x" + mixed);
+}
+
 TEST_F(EditorTest, OpensAndSavesAMegabyte) {
     std::string text;
     while (text.size() < 1'000'000)

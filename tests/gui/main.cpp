@@ -4,6 +4,7 @@
 #include "tests/gui/driver/places.h"
 #include "tests/gui/driver/screenshot.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -24,7 +25,9 @@ public:
         taken_ = true;
         const std::string folder = gui::OutFolder() + "\\screenshots";
         gui::MakeFolders(folder);
-        gui::SaveScreenshot(folder + "\\" + test->test_suite_name() + "_" + test->name() + ".bmp");
+        std::string name = std::string(test->test_suite_name()) + "_" + test->name();
+        std::ranges::replace(name, '/', '_'); // of tests with parameters
+        gui::SaveScreenshot(folder + "\\" + name + ".bmp");
     }
 
 private:

@@ -250,6 +250,16 @@ TEST_F(GuiRuleEditorTest, OpenRulesListsEveryRecord) {
     EXPECT_FALSE(FileExists(app_->Path("b.siz")));
 }
 
+TEST_F(GuiRuleEditorTest, RulesWithLfAloneShowTheirLinesAndAreSavedWithCrLf) {
+    RuleBox& box = RunOn("Rule 1\na\nEndRule\n");
+    EXPECT_EQ(box.Content(), kOne);
+    EXPECT_FALSE(box.Modified());
+    box.Command(RM_SAVE_FILE);
+    EXPECT_EQ(File("a.rul"), kOne);
+    EXPECT_EQ(File("a.siz"), IndexFile({Size(kOne) - 2}));
+    box.Close();
+}
+
 TEST_F(GuiRuleEditorTest, NewFileStartsAgain) {
     RuleBox& box = RunOn(kOne, IndexFile({Size(kOne)}));
     const HWND old = box.Edit();

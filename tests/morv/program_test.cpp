@@ -58,6 +58,21 @@ struct Running {
     PROCESS_INFORMATION process;
 };
 
+// The rows are as high as the font of dialogs is.
+void ExpectFontOfDialogs(HWND list) {
+    HDC screen = GetDC(nullptr);
+    const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
+    HFONT font = CreateFontA(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                             0, 0, "MS Shell Dlg");
+    HGDIOBJ before = SelectObject(screen, font);
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(screen, &metrics);
+    EXPECT_EQ(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0), metrics.tmHeight);
+    SelectObject(screen, before);
+    DeleteObject(font);
+    ReleaseDC(nullptr, screen);
+}
+
 // New lines come into sight only when the last one was.
 void ExpectListStays(HWND list) {
     const auto ask = [list](UINT message) { return SendMessageA(list, message, 0, 0); };
@@ -116,9 +131,8 @@ void ExpectCommands(HWND window) {
     type("tick");
     type("why HIGH_PRESSURE");
     type("show Pressure");
-    EXPECT_TRUE(WaitFor(30, [] {
-        return Log().find("Pressure 11.25 VERYHIGH\r\n") != std::string::npos;
-    }));
+    EXPECT_TRUE(
+        WaitFor(30, [] { return Log().find("Pressure 11.25 VERYHIGH\r\n") != std::string::npos; }));
     const std::string log = Log();
     const std::string why = log.substr(log.find(": why HIGH_PRESSURE"));
     EXPECT_NE(why.find("11.25"), std::string::npos) << why;
@@ -160,7 +174,9 @@ TEST(BuiltProgram, IsMadeByTheUtilityAndServesDde) {
 
     const HWND window = FindWindowA("MorvProgram", "Apiboiler");
     ASSERT_NE(window, nullptr);
-    ExpectListStays(FindWindowExA(window, nullptr, "LISTBOX", nullptr));
+    const HWND list = FindWindowExA(window, nullptr, "LISTBOX", nullptr);
+    ExpectFontOfDialogs(list);
+    ExpectListStays(list);
     ExpectCommands(window);
     PostMessageA(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(WaitForSingleObject(program.process.hProcess, 20000), WAIT_OBJECT_0);

@@ -157,6 +157,11 @@ TEST(ControlIds, OfTheFrame) {
     CheckDialog("About", "About Zentrik", {Default(1, "OK")});
 }
 
+TEST(ControlIds, OfTheTextEditor) {
+    CheckDialog("Goto_Box", "Go to Line",
+                {Edit(354, "Line :"), Default(1, "OK"), Button(2, "Cancel")});
+}
+
 TEST(ControlIds, OfTheProject) {
     CheckDialog("HL_Box", "History Length",
                 {Edit(313, "Len :"), Default(1, "OK"), Button(2, "Cancel")});

@@ -161,6 +161,65 @@ TEST_F(ListRowsTest, AColumnFillWidensTheListAtItsEnd) {
     EXPECT_LT(Extent(), 200);
 }
 
+class ColumnsTest : public ListRowsTest {
+protected:
+    ColumnsTest() : ListRowsTest(LBS_USETABSTOPS) {
+        SetWindowPos(list_, nullptr, 0, 0, 300, 200, SWP_NOMOVE | SWP_NOZORDER);
+    }
+
+    // Where a row's text first has ink right of `from`; -1 when it has none.
+    int InkFrom(int row, int from) const {
+        ShowWindow(list_, SW_SHOWNA);
+        UpdateWindow(list_);
+        RECT place{}, inside{};
+        SendMessageA(list_, LB_GETITEMRECT, static_cast<WPARAM>(row),
+                     reinterpret_cast<LPARAM>(&place));
+        GetClientRect(list_, &inside);
+        const HDC dc = GetDC(list_);
+        const COLORREF paper = GetSysColor(COLOR_WINDOW);
+        int found = -1;
+        for (int x = from; x < inside.right && found < 0; ++x)
+            for (int y = place.top; y < place.bottom; ++y)
+                if (GetPixel(dc, x, y) != paper)
+                    found = x;
+        ReleaseDC(list_, dc);
+        return found;
+    }
+};
+
+TEST_F(ColumnsTest, ALongTextPushesOnlyWhatFollowsInItsRow) {
+    const std::string name(200, 'W');
+    {
+        const ColumnFill fill(list_);
+        rows_.Add("caret"); // the row that shows the focus
+        rows_.Add("a\tlong\t1");
+        rows_.Add(name + "\tlong\t1");
+        rows_.Add("b\tlong\t1");
+    }
+    const int type = InkFrom(1, WidthOf("a") + 4);
+    ASSERT_GT(type, 0);
+    EXPECT_LE(type, 300 / 3 + 4);
+    const int value = InkFrom(1, type + WidthOf("long") + 4);
+    EXPECT_GT(value, 0);
+    EXPECT_EQ(InkFrom(3, WidthOf("b") + 4), type);
+    EXPECT_EQ(InkFrom(3, type + WidthOf("long") + 4), value);
+    // The long row can be scrolled to its end.
+    EXPECT_GE(Extent(), WidthOf(name + "long1"));
+}
+
+TEST_F(ColumnsTest, TextsThatFitAlign) {
+    const std::string name(12, 'W');
+    {
+        const ColumnFill fill(list_);
+        rows_.Add("caret");
+        rows_.Add("a\tx\t1");
+        rows_.Add(name + "\tx\t1");
+    }
+    const int type = InkFrom(1, WidthOf("a") + 4);
+    EXPECT_GT(type, WidthOf(name));
+    EXPECT_EQ(InkFrom(2, WidthOf(name) + 4), type);
+}
+
 TEST_F(ListRowsTest, AFillKeepsEveryRow) {
     {
         ListFill fill(list_, 1000, 4000);

@@ -1,0 +1,14 @@
+// The line ends of texts: edit controls break lines at CR LF alone.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// True when a text has lines and every one ends in LF alone.
+bool EndsLinesInLf(std::string_view text);
+
+// Puts a CR in front of every LF. For a text that has no CR.
+std::string WithCrLf(std::string_view text);
+
+// Takes away the CR of every CR LF.
+std::string WithLf(std::string_view text);
