@@ -6,24 +6,23 @@ namespace gui {
 
 namespace {
 
-// Makes a program the one that opens pages, for this user.
+// Makes a program the one that opens pages.
 class Browser {
 public:
     explicit Browser(const std::string& program) {
-        SetKey("Software\\Classes\\.html", "zentrik-test-page");
-        SetKey("Software\\Classes\\zentrik-test-page\\shell\\open\\command",
-               "\"" + program + "\" \"%1\"");
+        SetKey(".html", "zentrik-test-page");
+        SetKey("zentrik-test-page\\shell\\open\\command", "\"" + program + "\" \"%1\"");
     }
     Browser(const Browser&) = delete;
     Browser& operator=(const Browser&) = delete;
     ~Browser() {
-        RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Classes\\.html");
-        RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Classes\\zentrik-test-page");
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, ".html");
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, "zentrik-test-page");
     }
 
 private:
     static void SetKey(const std::string& key, const std::string& value) {
-        ASSERT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), nullptr, REG_SZ, value.c_str(),
+        ASSERT_EQ(RegSetKeyValueA(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
                                   static_cast<DWORD>(value.size() + 1)),
                   ERROR_SUCCESS);
     }
@@ -68,6 +67,13 @@ TEST_F(HelpTest, TheGuideOpensInTheBrowser) {
     Dialog tools = app.WaitDialog("Compile Tools");
     tools.Click(TOOL_HELP);
     ExpectPage(app, "the-runtime-and-the-compiler");
+    SetForegroundWindow(tools.Window());
+    program.WaitFor("the focus in the dialog", [&] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        return GetGUIThreadInfo(program.ThreadId(), &info) &&
+               IsChild(tools.Window(), info.hwndFocus);
+    });
     Key(VK_F1);
     ExpectPage(app, "the-runtime-and-the-compiler");
     tools.Click(IDCANCEL);
