@@ -139,9 +139,13 @@ Section
     SectionGetSize 0 $0
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" $0
 
+    ; The versions before had one shortcut, outside of a folder.
+    Delete "$SMPROGRAMS\Zentrik.lnk"
     ; A shortcut starts in the folder that is current when it is made.
     SetOutPath "$Work"
-    CreateShortcut "$SMPROGRAMS\Zentrik.lnk" "$INSTDIR\zentrik.exe"
+    CreateDirectory "$SMPROGRAMS\Zentrik"
+    CreateShortcut "$SMPROGRAMS\Zentrik\Zentrik.lnk" "$INSTDIR\zentrik.exe"
+    CreateShortcut "$SMPROGRAMS\Zentrik\Zentrik guide.lnk" "$INSTDIR\help\index.html"
 
     ; A work folder that is there keeps its projects and gets the runtime of this version.
     ; A backslash before the closing quote would take it into the argument.
@@ -175,7 +179,9 @@ Section "Uninstall"
 
     ReadRegStr $Work HKCU "${UNINSTALL_KEY}" "WorkFolder"
     DetailPrint "The work folder stays: $Work"
-    Delete "$SMPROGRAMS\Zentrik.lnk"
+    Delete "$SMPROGRAMS\Zentrik\Zentrik.lnk"
+    Delete "$SMPROGRAMS\Zentrik\Zentrik guide.lnk"
+    RMDir "$SMPROGRAMS\Zentrik"
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
     Delete "$INSTDIR\uninstall.exe"
     SetOutPath "$TEMP" ; the current folder cannot be removed

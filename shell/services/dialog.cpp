@@ -1,27 +1,29 @@
 #include "shell/services/dialog.h"
+#include "shell/core/guide_pages.h"
 #include "shell/services/guarded.h"
+#include "shell/services/guide.h"
 #include "shell/services/handles.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
-INT_PTR RunDialog(HWND owner, const char* name, DLGPROC procedure) {
-    return DialogBoxParamA(hInst, name, owner, procedure, 0);
-}
-
 namespace {
+
+const char* opening = ""; // the name of the dialog that RunDialog is about to make
 
 constexpr char kEnded[] = "ZentrikEnded"; // a property of dialogs
 constexpr UINT kLeft = WM_APP;            // a message to dialogs
 
 struct OpenDialog {
     HWND window;
+    std::string_view name;
     const DialogTable* table;
 };
 std::vector<OpenDialog> open_dialogs;
 
 void Opened(const DialogTable& table, HWND dialog) {
-    open_dialogs.push_back({dialog, &table});
+    open_dialogs.push_back({dialog, std::exchange(opening, ""), &table});
     table.open(dialog);
 }
 
@@ -31,6 +33,15 @@ bool Destroyed(const DialogTable& table, HWND dialog) {
     if (table.destroyed)
         table.destroyed(dialog);
     return table.destroyed != nullptr;
+}
+
+// Opens the page of the guide about this dialog, when there is one.
+bool ShowPage(HWND dialog) {
+    const auto open = std::ranges::find(open_dialogs, dialog, &OpenDialog::window);
+    if (open == open_dialogs.end())
+        return false;
+    const std::string_view page = GuidePageOf(open->name);
+    return !page.empty() && OpenGuide(dialog, page);
 }
 
 bool RunAction(std::span<const DialogAction> actions, HWND dialog, WPARAM wParam) {
@@ -69,6 +80,8 @@ INT_PTR Answer(const DialogTable& table, HWND dialog, UINT message, WPARAM wPara
         if (table.left)
             table.left(dialog);
         return TRUE;
+    case WM_HELP:
+        return ShowPage(dialog);
     case WM_DESTROY:
         return Destroyed(table, dialog);
     default:
@@ -77,6 +90,11 @@ INT_PTR Answer(const DialogTable& table, HWND dialog, UINT message, WPARAM wPara
 }
 
 } // namespace
+
+INT_PTR RunDialog(HWND owner, const char* name, DLGPROC procedure) {
+    opening = name;
+    return DialogBoxParamA(hInst, name, owner, procedure, 0);
+}
 
 INT_PTR RunDialogTable(const DialogTable& table, HWND dialog, UINT message, WPARAM wParam) {
     return Guarded([&] { return Answer(table, dialog, message, wParam); });

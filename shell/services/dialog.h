@@ -27,7 +27,8 @@ struct DialogTable {
     bool (*changed)(HWND dialog) = nullptr; // it has what would be lost if the program ended now
 };
 
-// A dialog procedure that does what `table` says, in the colours of the dialogs.
+// A dialog procedure that does what `table` says, in the colours of the dialogs. The key F1 opens
+// the page of the guide about the dialog.
 INT_PTR RunDialogTable(const DialogTable& table, HWND dialog, UINT message, WPARAM wParam);
 
 // Ends the dialog. Its window lasts until dialogs and boxes that were opened later are answered.

@@ -1,4 +1,5 @@
-// Help and About.
+// Help and About. Help is the help file of the work folder; without one it is the guide beside the
+// program, and without that the viewer is asked for the help file all the same.
 #pragma once
 
 #include <windows.h>

@@ -1,0 +1,86 @@
+// The guide beside the program in the browser, for which a program stands in that notes its start.
+#include "tests/gui/driver/input.h"
+#include "tests/gui/gui_test.h"
+
+namespace gui {
+
+namespace {
+
+// Makes a program the one that opens pages.
+class Browser {
+public:
+    explicit Browser(const std::string& program) {
+        SetKey(".html", "zentrik-test-page");
+        SetKey("zentrik-test-page\\shell\\open\\command", "\"" + program + "\" \"%1\"");
+    }
+    Browser(const Browser&) = delete;
+    Browser& operator=(const Browser&) = delete;
+    ~Browser() {
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, ".html");
+        RegDeleteTreeA(HKEY_CLASSES_ROOT, "zentrik-test-page");
+    }
+
+private:
+    static void SetKey(const std::string& key, const std::string& value) {
+        ASSERT_EQ(RegSetKeyValueA(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
+                                  static_cast<DWORD>(value.size() + 1)),
+                  ERROR_SUCCESS);
+    }
+};
+
+class HelpTest : public testing::Test {
+protected:
+    HelpTest() {
+        MakeFolders(work_.Path("bin\\help"));
+        CopyTo(BinFolder() + "\\zentrik.exe", Exe());
+        CopyTo(OwnFolder() + "\\record_args.exe", work_.Path("browser.exe"));
+        for (const char* page : {"index", "words", "the-runtime-and-the-compiler"})
+            PutFile(Page(page), "");
+    }
+
+    std::string Exe() const { return work_.Path("bin\\zentrik.exe"); }
+    std::string Page(const std::string& name) const {
+        return work_.Path("bin\\help\\" + name + ".html");
+    }
+
+    // Waits until the browser was started, with this page.
+    void ExpectPage(App& app, const std::string& name) const {
+        const std::string started = work_.Path("browser.args");
+        app.Process().WaitFor("the browser", [&] { return FileExists(started); });
+        EXPECT_NE(FileContent(started).find("\"" + Page(name) + "\""), std::string::npos)
+            << FileContent(started);
+        ASSERT_TRUE(DeleteFileA(started.c_str()));
+    }
+
+    const WorkFolder work_;
+    const Browser browser_{work_.Path("browser.exe")};
+};
+
+TEST_F(HelpTest, TheGuideOpensInTheBrowser) {
+    Program program(Exe(), work_.Folder());
+    App app(program);
+    app.Command(CM_HELP_CONTENTS);
+    ExpectPage(app, "index");
+    app.Command(CM_HELP_INDEX);
+    ExpectPage(app, "words");
+    app.Start(CM_TOOLS);
+    Dialog tools = app.WaitDialog("Compile Tools");
+    tools.Click(TOOL_HELP);
+    ExpectPage(app, "the-runtime-and-the-compiler");
+    SetForegroundWindow(tools.Window());
+    program.WaitFor("the focus in the dialog", [&] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        return GetGUIThreadInfo(program.ThreadId(), &info) &&
+               IsChild(tools.Window(), info.hwndFocus);
+    });
+    Key(VK_F1);
+    ExpectPage(app, "the-runtime-and-the-compiler");
+    tools.Click(IDCANCEL);
+    app.Finish();
+    app.Exit();
+}
+
+} // namespace
+
+} // namespace gui
