@@ -2,6 +2,7 @@
 #include "core_test.h"
 #include "shell/core/guide_pages.h"
 
+#include <cctype>
 #include <regex>
 #include <set>
 

@@ -29,6 +29,14 @@ std::string ManyRules(int count, const std::string& line_end, int first = 1) {
     return text;
 }
 
+TEST(Renumber, TheWordRuleInACommentBeginsARule) {
+    const RenumberedRules rules = Renumber("Rule 1\r\n// This Rule opens the valve\r\nEndRule\r\n");
+    EXPECT_EQ(rules.text, "Rule 1\r\n// This EndRule\r\nRule 2opens the valve\r\nEndRule\r\n");
+    EXPECT_EQ(rules.sizes.size(), 2u);
+    const std::string small = "Rule 1\r\n// This rule opens the valve\r\nEndRule\r\n";
+    EXPECT_EQ(Renumber(small).text, small);
+}
+
 TEST(Renumber, LeavesWellNumberedRulesAlone) {
     const std::string text = ManyRules(12, "\r\n");
     const RenumberedRules rules = Renumber(text);

@@ -28,7 +28,8 @@ private:
     }
 };
 
-class HelpTest : public testing::Test {
+// With the name that the program has: zentrik98.exe sees Windows 98.
+class HelpTest : public testing::TestWithParam<const char*> {
 protected:
     HelpTest() {
         MakeFolders(work_.Path("bin\\help"));
@@ -38,7 +39,7 @@ protected:
             PutFile(Page(page), "");
     }
 
-    std::string Exe() const { return work_.Path("bin\\zentrik.exe"); }
+    std::string Exe() const { return work_.Path(std::string("bin\\") + GetParam()); }
     std::string Page(const std::string& name) const {
         return work_.Path("bin\\help\\" + name + ".html");
     }
@@ -56,7 +57,7 @@ protected:
     const Browser browser_{work_.Path("browser.exe")};
 };
 
-TEST_F(HelpTest, TheGuideOpensInTheBrowser) {
+TEST_P(HelpTest, TheGuideOpensInTheBrowser) {
     Program program(Exe(), work_.Folder());
     App app(program);
     app.Command(CM_HELP_CONTENTS);
@@ -80,6 +81,8 @@ TEST_F(HelpTest, TheGuideOpensInTheBrowser) {
     app.Finish();
     app.Exit();
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, HelpTest, testing::Values("zentrik.exe", "zentrik98.exe"));
 
 } // namespace
 

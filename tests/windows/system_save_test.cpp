@@ -158,6 +158,19 @@ TEST_F(SystemSave, AFactGoneFromTheBaseIsCountedButNotWritten) {
     EXPECT_EQ(Rows(), (RowTexts{"System Name", ItemRow(Path("a.lse")), "Facts Base", "\tfever"}));
 }
 
+TEST_F(SystemSave, CopiesTheFactsAnewFromTheirBase) {
+    temp_.Put("a.fac", FactBytes({Fact("fever", 1)}));
+    AddFacts({"fever"});
+    EXPECT_EQ(System.SaveSys(), 0);
+    const std::string before = temp_.Content("a.lse");
+    EXPECT_TRUE(before.ends_with(FactBytes({Fact("fever", 1)})));
+    temp_.Put("a.fac", FactBytes({Fact("fever", 9)}));
+    EXPECT_EQ(Reopen("a.lse"), 0);
+    EXPECT_EQ(temp_.Content("a.lse"), before);
+    EXPECT_EQ(System.SaveSys(), 0);
+    EXPECT_TRUE(temp_.Content("a.lse").ends_with(FactBytes({Fact("fever", 9)})));
+}
+
 TEST_F(SystemSave, AFactGoneFromTheBaseTakesNoOppositeAlong) {
     temp_.Put("a.fac", FactBytes({Fact("fever")}));
     AddFacts({"fever", "gone"});
