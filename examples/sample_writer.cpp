@@ -6,6 +6,7 @@
 #include "project/core/project_file.h"
 #include "resources/core/dde_item.h"
 #include "resources/core/variable.h"
+#include "shell/core/line_ends.h"
 #include "system/core/rule_text.h"
 #include "system/core/system_file.h"
 
@@ -18,19 +19,6 @@ const std::string kRuntimeFolder = "/../../morv";
 
 // The compiler utility for Windows: there in what is handed out, not in the sources.
 const std::string kUtility = "zkcc.exe";
-
-// A text with CR LF line ends, whatever it had.
-std::string WithCrLf(std::string_view text) {
-    std::string result;
-    char before = 0;
-    for (const char c : text) {
-        if (c == '\n' && before != '\r')
-            result += '\r';
-        result += c;
-        before = c;
-    }
-    return result;
-}
 
 std::string Names(const std::vector<std::string>& names) {
     std::vector<TagRecord> records(names.size());

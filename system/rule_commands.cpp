@@ -1,6 +1,7 @@
 #include "system/rule_commands.h"
 
 #include "shell/core/file_helpers.h"
+#include "shell/core/line_ends.h"
 #include "shell/core/messages.h"
 #include "shell/core/paths.h"
 #include "shell/services/dialog.h"

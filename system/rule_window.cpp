@@ -85,8 +85,7 @@ void PutRuleText(const std::string& text) {
 }
 
 void LoadRuleText(const std::string& text) {
-    // Rules are saved with CR LF, so the lines of any other file are shown as they will be.
-    SetWindowTextA(RuleEdit(), (EndsLinesInLf(text) ? WithCrLf(text) : text).c_str());
+    SetWindowTextA(RuleEdit(), text.c_str());
     SetModified(RuleEdit(), false);
 }
 

@@ -9,10 +9,12 @@ bool EndsLinesInLf(std::string_view text) {
 std::string WithCrLf(std::string_view text) {
     std::string with;
     with.reserve(text.size() + static_cast<std::size_t>(std::ranges::count(text, '\n')));
+    char before = '\0';
     for (const char c : text) {
-        if (c == '\n')
+        if (c == '\n' && before != '\r')
             with += '\r';
         with += c;
+        before = c;
     }
     return with;
 }

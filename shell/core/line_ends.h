@@ -7,7 +7,7 @@
 // True when a text has lines and every one ends in LF alone.
 bool EndsLinesInLf(std::string_view text);
 
-// Puts a CR in front of every LF. For a text that has no CR.
+// Puts a CR in front of every LF that has none.
 std::string WithCrLf(std::string_view text);
 
 // Takes away the CR of every CR LF.

@@ -3,19 +3,6 @@
 #include "shell/core/record_text.h"
 #include "shell/core/replacement.h"
 
-std::string WithCrLf(std::string_view text) {
-    std::string lines;
-    lines.reserve(text.size());
-    char before = '\0';
-    for (const char c : text) {
-        if (c == '\n' && before != '\r')
-            lines += '\r';
-        lines += c;
-        before = c;
-    }
-    return lines;
-}
-
 bool StoreIndex(const std::string& path, std::string_view index) {
     return path.size() < kNameSize ? files::ReplaceKeeping(path.c_str(), index)
                                    : files::NameTooLong();

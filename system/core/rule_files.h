@@ -4,9 +4,6 @@
 #include <string>
 #include <string_view>
 
-// The text with CR LF at the end of each line; a file from elsewhere may have LF alone.
-std::string WithCrLf(std::string_view text);
-
 // What came of saving rules.
 enum class StoredRules {
     Yes,

@@ -3,6 +3,7 @@
 #include "resources/core/record_files.h"
 #include "rule_editor_fixture.h"
 
+#include "shell/core/line_ends.h"
 namespace {
 
 using namespace zentrik_test;
