@@ -10,6 +10,7 @@
 #include "shell/services/menu.h"
 #include "shell/services/process.h"
 #include "shell/services/VARMORV.h"
+#include "shell/services/wait_cursor.h"
 #include "system/ZENSYS.h"
 
 namespace {
@@ -34,6 +35,7 @@ int WriteRulesSource(HWND hwnd, const ProjectRecord& project, const BuildNames& 
 }
 
 int WriteFiles(HWND hwnd, const BuildNames& names) {
+    const WaitCursor wait;
     const ProjectRecord project = Project.Record();
     if (CrearRulesH(project, names.rules_h.c_str(), hwnd) != 0)
         return Refuse(hwnd, "Rules.h creation error");

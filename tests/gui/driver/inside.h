@@ -28,7 +28,8 @@ public:
     ~Inside();
 
     std::vector<MenuItem> Menu(HWND frame);
-    char StockIcon(HWND control); // as spy::StockIcon says
+    char StockIcon(HWND control);    // as spy::StockIcon says
+    bool WaitCursorSeen(HWND frame); // as spy::WaitCursorSeen says
 
 private:
     std::string Ask(HWND hwnd, WPARAM question);
