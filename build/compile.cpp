@@ -13,6 +13,7 @@
 #include "shell/services/menu.h"
 #include "shell/services/process.h"
 #include "shell/services/VARMORV.h"
+#include "shell/services/wait_cursor.h"
 #include "system/ZENSYS.h"
 
 #include <cerrno>
@@ -54,6 +55,7 @@ int RefuseToOverwrite(HWND hwnd, const BuildNames& names, Overwritten what) {
 }
 
 int WriteFiles(HWND hwnd, const BuildNames& names) {
+    const WaitCursor wait;
     const ProjectRecord project = Project.Record();
     if (CrearRulesH(project, names.rules_h.c_str(), hwnd) != 0)
         return Refuse(hwnd, "Rules.h creation error");

@@ -8,6 +8,7 @@
 #include "shell/services/list_rows.h"
 #include "shell/services/mdi.h"
 #include "shell/services/VARMORV.h"
+#include "shell/services/wait_cursor.h"
 #include "shell/services/ZENTRIK.h"
 #include "system/open_row.h"
 
@@ -117,11 +118,17 @@ private:
     ULONGLONG painted_ = 0;
 };
 
-void RunCheck(HWND hwnd) {
-    SetDlgItemTextA(hwnd, DEBUG_PROJECT, Project.MORVName);
+bool Check(HWND hwnd) {
+    const WaitCursor wait;
     DebugView view(hwnd, TopChild(hwndMes));
     const bool done = CheckProject(Project.Record(), Anul, view, hwnd);
     view.Finish();
+    return done;
+}
+
+void RunCheck(HWND hwnd) {
+    SetDlgItemTextA(hwnd, DEBUG_PROJECT, Project.MORVName);
+    const bool done = Check(hwnd);
     if (!done)
         return; // the dialog stays open
     ShowMessage(hwnd, "Debug Finalitzat", "Debug");

@@ -1,5 +1,7 @@
 #include "entry_line.h"
 
+#include "output_list.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -60,6 +62,7 @@ HWND MakeEntryLine(HWND parent) {
     const HWND entry = CreateWindowExA(WS_EX_CLIENTEDGE, "EDIT", "",
                                        WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, 0, 0, 0,
                                        0, parent, nullptr, nullptr, nullptr);
+    SendMessageA(entry, WM_SETFONT, reinterpret_cast<WPARAM>(DialogFont()), FALSE);
     if (entry != nullptr)
         g_edit = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrA(entry, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));

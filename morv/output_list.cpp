@@ -8,18 +8,6 @@ int Ask(HWND list, UINT message) {
     return static_cast<int>(SendMessageA(list, message, 0, 0));
 }
 
-// The font of dialogs; made once, it lasts as long as the program.
-HFONT DialogFont() {
-    static const HFONT font = [] {
-        HDC screen = GetDC(nullptr);
-        const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
-        ReleaseDC(nullptr, screen);
-        return CreateFontA(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
-                           0, 0, "MS Shell Dlg");
-    }();
-    return font;
-}
-
 // Makes the list as wide as its longest line.
 void Widen(HWND list, const std::string& line) {
     HDC dc = GetDC(list);
@@ -41,6 +29,17 @@ bool ShowsLastRow(HWND list) {
 }
 
 } // namespace
+
+HFONT DialogFont() {
+    static const HFONT font = [] {
+        HDC screen = GetDC(nullptr);
+        const int height = -MulDiv(8, GetDeviceCaps(screen, LOGPIXELSY), 72);
+        ReleaseDC(nullptr, screen);
+        return CreateFontA(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
+                           0, 0, "MS Shell Dlg");
+    }();
+    return font;
+}
 
 HWND MakeOutputList(HWND parent) {
     HWND list = CreateWindowA("LISTBOX", "",

@@ -7,6 +7,8 @@
 
 constexpr int kMostRows = 2000; // the log keeps more
 
+HFONT DialogFont(); // the font of dialogs; it lasts as long as the program
+
 // The list of a window, which is told of double-clicks; null when it cannot be made.
 HWND MakeOutputList(HWND parent);
 

@@ -6,6 +6,7 @@
 #include "shell/services/mdi.h"
 #include "shell/services/text_measure.h"
 
+#include <algorithm>
 #include <commdlg.h>
 #include <string>
 

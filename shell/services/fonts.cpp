@@ -1,5 +1,7 @@
 #include "shell/services/fonts.h"
 
+#include <initializer_list>
+
 namespace {
 
 int CALLBACK Found(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM found) {

@@ -162,6 +162,20 @@ TEST_F(CompileTest, ASystemMarkedReadOnlyCannotBeOpened) {
     app.Finish();
 }
 
+TEST_F(CompileTest, WritesWithTheWaitCursor) {
+    App& app = RunSample(Missing("plant.aux").make);
+    app.Inner().WaitCursorSeen(app.Frame());
+    app.Start(CM_COMPILE);
+    // The boxes are made while the files are written.
+    Expect(app, {{"Results File Error", kRule},
+                 {kMissing, kGetErr},
+                 {"Rules.h creation error", kCompile},
+                 {"Error de Compilacio", "Zentrik 2.0a"}});
+    app.Finish();
+    EXPECT_TRUE(app.Inner().WaitCursorSeen(app.Frame()));
+    EXPECT_FALSE(app.Inner().WaitCursorSeen(app.Frame()));
+}
+
 TEST_F(CompileTest, ShowsHowFarTheSourceGot) {
     App& app = RunSample(Missing("main.cpp").make);
     app.Start(CM_COMPILE);

@@ -110,6 +110,19 @@ TEST_F(EditorTest, AZeroLengthFileIsAnEmptyEditor) {
     EXPECT_EQ(app.EditorText(), "");
 }
 
+TEST_F(EditorTest, OpensATextWithTheWaitCursor) {
+    for (const Kind kind : {Kind::Nt, Kind::Win98}) {
+        App& app = Run(kind, [](const WorkFolder& work) { PutFile(work.Path("a.cpp"), "text"); });
+        app.Inner().WaitCursorSeen(app.Frame());
+        app.Start(CM_OPEN_FILE);
+        app.ChooseFile(kOpen, app.Path("a.cpp"));
+        app.Finish();
+        EXPECT_TRUE(app.Inner().WaitCursorSeen(app.Frame()));
+        app.Command(CM_TILE_VERTICAL);
+        EXPECT_FALSE(app.Inner().WaitCursorSeen(app.Frame()));
+    }
+}
+
 TEST_F(EditorTest, AFileWithLfAloneShowsItsLinesAndIsSavedAsItWas) {
     App& app = RunWith("a.cpp", "one\n\ntwo\n");
     EXPECT_EQ(app.EditorText(), "one\r\n\r\ntwo\r\n");

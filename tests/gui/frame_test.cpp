@@ -45,6 +45,22 @@ std::vector<std::string> StaticTexts(HWND dialog) {
     return texts;
 }
 
+// Windows stretches the windows of a program that does not say that it knows the screen's
+// resolution, and takes one that does not say so for an installer that needs more rights.
+TEST_F(FrameTest, TheManifestAsksForNoMoreThanItNeeds) {
+    const HMODULE program =
+        LoadLibraryExA((BinFolder() + "\\zentrik.exe").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    ASSERT_NE(program, nullptr);
+    const HRSRC found = FindResourceA(program, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(24));
+    ASSERT_NE(found, nullptr);
+    const std::string manifest(static_cast<const char*>(LockResource(LoadResource(program, found))),
+                               SizeofResource(program, found));
+    FreeLibrary(program);
+    EXPECT_NE(manifest.find("level=\"asInvoker\""), manifest.npos);
+    EXPECT_NE(manifest.find("WindowsSettings\">true</dpiAware>"), manifest.npos);
+    EXPECT_EQ(manifest.find("Common-Controls"), manifest.npos); // no visual styles
+}
+
 TEST_F(FrameTest, ShowsTheAboutBoxBeforeItCanBeUsed) {
     WorkFolder work;
     CopyTo(BinFolder() + "\\zentrik.exe", work.Path("zentrik.exe"));

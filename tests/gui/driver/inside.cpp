@@ -94,6 +94,10 @@ std::vector<MenuItem> Inside::Menu(HWND frame) {
     return ParseItems(lines, 0);
 }
 
+bool Inside::WaitCursorSeen(HWND frame) {
+    return Ask(frame, spy::WaitCursorSeen) == "1";
+}
+
 char Inside::StockIcon(HWND control) {
     const std::string answer = Ask(control, spy::StockIcon);
     return answer.empty() ? '-' : answer[0];

@@ -29,7 +29,8 @@ public:
     ~Inside();
 
     std::vector<MenuItem> Menu(HWND frame);
-    char StockIcon(HWND control); // as spy::StockIcon says
+    char StockIcon(HWND control);    // as spy::StockIcon says
+    bool WaitCursorSeen(HWND frame); // as spy::WaitCursorSeen says
 
     // Posts a mark to a window of the program. Passed: the program has taken it from its queue, and
     // with it all that was posted before.

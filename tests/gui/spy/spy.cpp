@@ -51,6 +51,8 @@ char StockIconOf(HWND control) {
     return icon == LoadIconA(nullptr, IDI_QUESTION) ? '?' : 'o';
 }
 
+bool wait_cursor_seen = false;
+
 void AnswerQuestion(const CWPSTRUCT& message) {
     char name[60];
     std::snprintf(name, sizeof name, "%s%lu", spy::kAnswerPrefix, GetCurrentProcessId());
@@ -65,6 +67,10 @@ void AnswerQuestion(const CWPSTRUCT& message) {
         } else if (message.wParam == spy::StockIcon) {
             text[0] = StockIconOf(message.hwnd);
             text[1] = '\0';
+        } else if (message.wParam == spy::WaitCursorSeen) {
+            text[0] = wait_cursor_seen ? '1' : '0';
+            text[1] = '\0';
+            wait_cursor_seen = false;
         }
         UnmapViewOfFile(text);
     }
@@ -76,6 +82,8 @@ void AnswerQuestion(const CWPSTRUCT& message) {
 extern "C" __declspec(dllexport) LRESULT CALLBACK SpyHook(int code, WPARAM wParam, LPARAM lParam) {
     static const UINT question = RegisterWindowMessageA(spy::kMessageName);
     const auto* message = reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && GetCursor() == LoadCursorA(nullptr, IDC_WAIT))
+        wait_cursor_seen = true;
     if (code == HC_ACTION && message->message == question)
         AnswerQuestion(*message);
     return CallNextHookEx(nullptr, code, wParam, lParam);

@@ -24,6 +24,8 @@ enum Question : WPARAM {
     // The stock icon in a static control: its first byte is 's' (stop), '!' (exclamation),
     // 'i', '?', 'o' (another one) or '-' (none).
     StockIcon = 2,
+    // "1" when the wait cursor was shown while a message was sent since this was asked last.
+    WaitCursorSeen = 3,
 };
 
 // The answer, in a named file mapping: the text and its NUL.

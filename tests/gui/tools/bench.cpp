@@ -35,7 +35,7 @@ void Report(const std::string& what, int size, double seconds, double limit = kA
     all_in_time = all_in_time && !late;
     std::printf("%-42s %7d %9.3f s", what.c_str(), size, seconds);
     if (limit != kAnyTime)
-        std::printf("   limit %.0f s%s", limit, late ? "  TOO SLOW" : "");
+        std::printf("   limit %.1f s%s", limit, late ? "  TOO SLOW" : "");
     std::printf("\n");
     std::fflush(stdout);
 }
@@ -227,6 +227,36 @@ void BenchRenumber(int rules, double limit = kAnyTime) {
     }
 }
 
+// An edit control of ours as large as the program's, on the screen with this text.
+double BareEditSeconds(const gui::App& app, const std::string& text) {
+    RECT place{};
+    GetClientRect(app.Inner(gui::kEditor), &place);
+    const LONG style = GetWindowLongA(app.Inner(gui::kEditor), GWL_STYLE);
+    const HWND edit =
+        CreateWindowExA(0, "EDIT", "", (static_cast<DWORD>(style) & ~WS_CHILD) | WS_POPUP, 0, 0,
+                        place.right, place.bottom, nullptr, nullptr, nullptr, nullptr);
+    SendMessageA(edit, EM_LIMITTEXT, 0, 0);
+    const double seconds = Seconds([&] { SetWindowTextA(edit, text.c_str()); });
+    DestroyWindow(edit);
+    return seconds;
+}
+
+// At most twice the time that an edit control takes for the text alone.
+void BenchOpenText(int megabytes) {
+    std::string text;
+    while (text.size() < static_cast<std::size_t>(megabytes) * 1'000'000)
+        text += "    deduce(&Overflow); // a line of text that is nothing special\r\n";
+    gui::App app(gui::Kind::Nt,
+                 [&](const gui::WorkFolder& work) { gui::PutFile(work.Path("big.cpp"), text); });
+    app.Command(CM_NEW_FILE);
+    const double bare = BareEditSeconds(app, text);
+    Report("An edit control alone, MB of text", megabytes, bare);
+    Report("Open a text, MB", megabytes, OpenSeconds(app, CM_OPEN_FILE, "Open File", "big.cpp"),
+           2 * bare);
+    if (app.EditorText() != text)
+        gui::Fail("the editor shows another text");
+}
+
 void BenchStart() {
     const double seconds = Seconds([] { gui::App app; });
     Report("Start to the end of the About box", 1, seconds);
@@ -237,6 +267,7 @@ void BenchStart() {
 int main() {
     try {
         BenchStart();
+        BenchOpenText(5);
         for (int rules : {1000, 2000, 4000, 8000})
             BenchDebug(rules);
         BenchDebug(10000, 3);
