@@ -21,8 +21,8 @@ using SourceReader = std::function<std::optional<std::string>(const std::string&
 
 // The folder, below `work`, of the project that a text describes. What is wrong with the text is
 // noted with its line.
-ProjectFolder FolderOfForm(std::string_view text, const SourceReader& source, const std::string& work,
-                       Failure& failure);
+ProjectFolder FolderOfForm(std::string_view text, const SourceReader& source,
+                           const std::string& work, Failure& failure);
 
 // What the reader and the writer of a text agree on.
 namespace form {
