@@ -95,7 +95,8 @@ private:
         CLI::App* command = app_.add_subcommand(name, about);
         command->add_option("--drive", drives_, "The folder that stands for a drive")
             ->type_name("C=FOLDER")
-            ->take_all();
+            ->take_all()
+            ->allow_extra_args(false); // the words behind it are of the command
         command->callback([this, run, hosts] {
             command_ = run;
             hosts_ = hosts;

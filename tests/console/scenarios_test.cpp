@@ -106,9 +106,20 @@ TEST_F(Samples, TheBoilerDoesWhatItsScenariosSay) {
     EXPECT_TRUE(ran.out.starts_with("TAP version 13\n1..6\nok 1 - Nothing is done")) << ran.out;
 }
 
+TEST_F(Samples, TheDistillationDoesWhatItsScenariosSay) {
+    ASSERT_EQ(Import("distillation").code, 0);
+    const Ran checked =
+        Run({"check", Host("distillation/distillation.mrv"), "--drive", Drive()});
+    EXPECT_EQ(checked.code, 0) << checked.out << checked.err;
+    const Ran ran = Test("distillation/distillation.mrv",
+                         {Source("examples/distillation/distillation.scenario")});
+    EXPECT_EQ(ran.code, 0) << ran.out << ran.err;
+    EXPECT_NE(ran.out.find("\nok 8 - "), std::string::npos) << ran.out;
+}
+
 TEST_F(Samples, AFailureTellsWhatWasInsteadAndWhy) {
     ASSERT_EQ(Import("boiler").code, 0);
-    Put("boiler/a.scenario", "scenario Wrong <one>\npoke Pressure 11.5\ntick\n"
+    Put("boiler/a.scenario", "scenario Wrong <one>\npoke DrumLevel 50\npoke Pressure 11.5\ntick\n"
                              "expect HIGH_PRESSURE holds FULL\nexpect LOW_PRESSURE holds\n"
                              "expect ReliefValve = 26 +- 0.5\nexpect not fired steam 1\n"
                              "expect fired steam 4\n");
@@ -119,14 +130,14 @@ TEST_F(Samples, AFailureTellsWhatWasInsteadAndWhy) {
     EXPECT_EQ(Files("boiler"), before);
     for (const char* text :
          {"1..2\nnot ok 1 - Wrong <one>\n",
-          "a.scenario:4: expect HIGH_PRESSURE holds FULL: HIGH_PRESSURE 1 HIGH\n"
+          "a.scenario:5: expect HIGH_PRESSURE holds FULL: HIGH_PRESSURE 1 HIGH\n"
           "#     deduced in tick 1 by rule 1 of steam: Pressure of the drum\n",
           "Pressure.value() > Pressure.fact_value.high : true (VERYHIGH)\n",
-          "a.scenario:5: expect LOW_PRESSURE holds: LOW_PRESSURE 0 NULL\n"
+          "a.scenario:6: expect LOW_PRESSURE holds: LOW_PRESSURE 0 NULL\n"
           "#     rule 1 of steam: Pressure of the drum, If ",
-          "a.scenario:6: expect ReliefValve = 26 +- 0.5: ReliefValve 25 HIGH\n",
-          "a.scenario:7: expect not fired steam 1: rule 1 of steam: Pressure of the drum fired\n",
-          "a.scenario:8: expect fired steam 4: rule 4 of steam: Foam did not fire\n#     If ",
+          "a.scenario:7: expect ReliefValve = 26 +- 0.5: ReliefValve 25 HIGH\n",
+          "a.scenario:8: expect not fired steam 1: rule 1 of steam: Pressure of the drum fired\n",
+          "a.scenario:9: expect fired steam 4: rule 4 of steam: Foam did not fire\n#     If ",
           "\nok 2 - Right\n"})
         EXPECT_NE(ran.out.find(text), std::string::npos) << text << "\nin\n" << ran.out;
     const std::string report = Content("report.xml");
