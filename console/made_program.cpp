@@ -18,21 +18,11 @@ namespace {
 // What makes a folder a starter runtime with a program for the console.
 constexpr char kMark[] = "console_main.cpp";
 
-fs::path OwnFile() {
-    std::error_code error;
-#ifdef _WIN32
-    return fs::absolute(_wpgmptr != nullptr ? _wpgmptr : L"", error);
-#else
-    return fs::read_symlink("/proc/self/exe", error);
-#endif
-}
-
 // The runtime beside this program, in the source tree that it was built in, or where it was
 // installed; empty when there is none.
 fs::path OwnRuntime() {
     std::error_code error;
-    const fs::path own = OwnFile();
-    for (fs::path folder = own.parent_path();; folder = folder.parent_path()) {
+    for (fs::path folder = morv::OwnProgram().parent_path();; folder = folder.parent_path()) {
         for (const char* below : {"morv", "share/zentrik/morv"})
             if (fs::exists(folder / below / kMark, error))
                 return folder / below;

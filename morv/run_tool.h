@@ -16,6 +16,9 @@ std::vector<std::string> CommandWords(int count, char** words);
 // A number that no other running program has.
 int ProcessNumber();
 
+// Where this program is; empty when that cannot be told.
+std::filesystem::path OwnProgram();
+
 // Programs in this folder go before all others, also for the programs that are started.
 void LookFirstIn(const std::filesystem::path& folder);
 

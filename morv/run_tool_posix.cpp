@@ -58,6 +58,11 @@ int ProcessNumber() {
     return getpid();
 }
 
+fs::path OwnProgram() {
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error);
+}
+
 void LookFirstIn(const fs::path& folder) {
     const char* path = std::getenv("PATH");
     setenv("PATH", (folder.string() + ":" + (path != nullptr ? path : "")).c_str(), 1);

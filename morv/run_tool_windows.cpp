@@ -95,6 +95,10 @@ int ProcessNumber() {
     return static_cast<int>(GetCurrentProcessId());
 }
 
+fs::path OwnProgram() {
+    return OwnPath();
+}
+
 void LookFirstIn(const fs::path& folder) {
     std::wstring path(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
     path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));

@@ -108,8 +108,7 @@ TEST_F(Samples, TheBoilerDoesWhatItsScenariosSay) {
 
 TEST_F(Samples, TheDistillationDoesWhatItsScenariosSay) {
     ASSERT_EQ(Import("distillation").code, 0);
-    const Ran checked =
-        Run({"check", Host("distillation/distillation.mrv"), "--drive", Drive()});
+    const Ran checked = Run({"check", Host("distillation/distillation.mrv"), "--drive", Drive()});
     EXPECT_EQ(checked.code, 0) << checked.out << checked.err;
     const Ran ran = Test("distillation/distillation.mrv",
                          {Source("examples/distillation/distillation.scenario")});
@@ -175,6 +174,28 @@ TEST_F(Samples, ARuleThatIsNoCppIsAFindingAtItsPlace) {
     const Ran ran = Test("boiler/boiler.mrv", {});
     EXPECT_EQ(ran.code, 1) << ran.err;
     EXPECT_NE(ran.out.find("steam, rule 1, line 5: HIHG_PRESSURE"), std::string::npos) << ran.out;
+}
+
+// With tools that only make what they are told to.
+TEST_F(Samples, BuildMakesTheProgramToo) {
+    namespace fs = std::filesystem;
+    ASSERT_EQ(Import("boiler").code, 0);
+    fs::copy(Source("morv"), Host("morv"));
+    for (const char* tool : {"g++", "windres"}) {
+        Put(std::string("bin/") + tool, "#!/bin/sh\nfor last; do :; done\necho made >\"$last\"\n");
+        fs::permissions(Host(std::string("bin/") + tool), fs::perms::all);
+    }
+    const auto build = [this](const std::string& compiler) {
+        return Run({"build", Host("boiler/boiler.mrv"), "--morv", Host("morv"), "--drive", Drive(),
+                    "--program", "--compiler", Host(compiler)});
+    };
+    const Ran made = build("bin");
+    EXPECT_EQ(made.code, 0) << made.out << made.err;
+    EXPECT_EQ(Content("boiler/Apiboiler.exe"), "made\n");
+    Put("boiler/burner.rul", "Rule 1\r\n  deduce(&NOTHING, FULL);\r\nEndRule\r\n");
+    const Ran failed = build("bin");
+    EXPECT_EQ(failed.code, 1) << failed.err;
+    EXPECT_NE(failed.out.find("burner, rule 1, line 2: NOTHING"), std::string::npos) << failed.out;
 }
 
 TEST_F(Samples, RunAnswersItsInput) {

@@ -116,9 +116,8 @@ void ExpectCommands(HWND window) {
     type("tick");
     type("why HIGH_PRESSURE");
     type("show Pressure");
-    EXPECT_TRUE(WaitFor(30, [] {
-        return Log().find("Pressure 11.25 VERYHIGH\r\n") != std::string::npos;
-    }));
+    EXPECT_TRUE(
+        WaitFor(30, [] { return Log().find("Pressure 11.25 VERYHIGH\r\n") != std::string::npos; }));
     const std::string log = Log();
     const std::string why = log.substr(log.find(": why HIGH_PRESSURE"));
     EXPECT_NE(why.find("11.25"), std::string::npos) << why;
