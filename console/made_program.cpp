@@ -71,11 +71,13 @@ int MakeConsoleProgram(const std::string& project, const std::string& morv, cons
     if (runtime.empty())
         return report.Stop("", "no runtime found: name its folder with --morv");
     if (!fs::exists(runtime / kMark, error))
-        return report.Stop(morv, std::string("it has no ") + kMark +
-                                     ": programs for the console need the starter runtime");
+        return report.Stop(morv, "it has no console_main.cpp: programs for the console need the "
+                                 "starter runtime");
     const BuildNames names(project.c_str());
-    program.folder =
-        CacheFolder() / (names.base + "-" + morv::Fingerprint(project + "\n" + runtime.string()));
+    // Each project has its own for each runtime.
+    std::string folder = names.base;
+    folder.append("-").append(morv::Fingerprint(project + '\n' + runtime.string()));
+    program.folder = CacheFolder() / folder;
     const std::string into = ProjectPath(program.folder.string());
     fs::create_directories(program.folder, error);
     if (error)

@@ -65,17 +65,23 @@ TEST(Scenarios, SayWhichLineIsWrong) {
         EXPECT_TRUE(BadLineIn(begin + line).starts_with("2: expect takes: ")) << line;
 }
 
-// A folder with the samples' projects. Their programs are made once, for all tests.
+// A folder with the samples' projects. All tests have the same one, for what was made of a project
+// at a place is used again.
 class Samples : public Console {
 protected:
+    Samples() : Console(disk_) {
+        for (const auto& entry : std::filesystem::directory_iterator(Host("")))
+            std::filesystem::remove_all(entry);
+    }
+
     static void SetUpTestSuite() {
-        cache_ = new zentrik_test::TempFolder;
-        setenv("XDG_CACHE_HOME", cache_->Path("").c_str(), 1);
+        disk_ = new zentrik_test::TempFolder;
+        setenv("XDG_CACHE_HOME", disk_->Path("cache").c_str(), 1);
     }
     static void TearDownTestSuite() {
         unsetenv("XDG_CACHE_HOME");
-        delete cache_;
-        cache_ = nullptr;
+        delete disk_;
+        disk_ = nullptr;
     }
 
     static std::string Source(const std::string& path) {
@@ -96,7 +102,7 @@ protected:
         return Run(words);
     }
 
-    static inline zentrik_test::TempFolder* cache_ = nullptr;
+    static inline zentrik_test::TempFolder* disk_ = nullptr;
 };
 
 TEST_F(Samples, TheBoilerDoesWhatItsScenariosSay) {
@@ -134,7 +140,7 @@ TEST_F(Samples, AFailureTellsWhatWasInsteadAndWhy) {
           "Pressure.value() > Pressure.fact_value.high : true (VERYHIGH)\n",
           "a.scenario:6: expect LOW_PRESSURE holds: LOW_PRESSURE 0 NULL\n"
           "#     rule 1 of steam: Pressure of the drum, If ",
-          "a.scenario:7: expect ReliefValve = 26 +- 0.5: ReliefValve 25 HIGH\n",
+          "a.scenario:7: expect ReliefValve = 26 +- 0.5: ReliefValve 25 VERYHIGH\n",
           "a.scenario:8: expect not fired steam 1: rule 1 of steam: Pressure of the drum fired\n",
           "a.scenario:9: expect fired steam 4: rule 4 of steam: Foam did not fire\n#     If ",
           "\nok 2 - Right\n"})
