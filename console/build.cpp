@@ -5,6 +5,7 @@
 #include "build/core/support_files.h"
 #include "console/file_set.h"
 #include "console/loaded_project.h"
+#include "console/made_program.h"
 #include "shell/core/messages.h"
 #include "shell/core/paths.h"
 
@@ -62,8 +63,8 @@ struct Step {
 };
 
 // Writes every file, up to the first that fails.
-Step WriteFiles(const ProjectRecord& project, const BuildNames& names,
-                const SupportInput& support) {
+Step WriteFiles(const ProjectRecord& project, const BuildNames& names, const SupportInput& support,
+                bool api) {
     SystemHead last_read{};
     if (CrearRulesH(project, names.rules_h.c_str(), nullptr) != 0)
         return {names.rules_h, -1};
@@ -74,14 +75,27 @@ Step WriteFiles(const ProjectRecord& project, const BuildNames& names,
         return {names.ddecom_cpp, -1};
     if (WriteConsts(support, last_read) != 0)
         return {names.consts_h, -1};
-    if (WriteMorvApi(support) != 0)
+    if (api && WriteMorvApi(support) != 0)
         return {support.morv_path + "\\MorvApi.h", -1};
     return {"", 0};
 }
 
+// The names of the generated files, in the folder that was asked for.
+BuildNames NamesOf(const BuildOptions& options) {
+    BuildNames names(options.project.c_str());
+    if (options.into.empty())
+        return names;
+    names.rules_h = options.into + "\\" + names.rules_h_name;
+    names.rules_cpp = options.into + "\\" + names.rules_cpp_name;
+    names.ddecom_h = options.into + "\\ddecom.h";
+    names.ddecom_cpp = options.into + "\\ddecom.cpp";
+    names.consts_h = options.into + "\\consts.h";
+    return names;
+}
+
 } // namespace
 
-int Build(const BuildOptions& options, const Report& report) {
+int Generate(const BuildOptions& options, const Report& report) {
     const LoadedProject project = LoadProject(options.project);
     if (!project.unreadable.empty())
         return report.Stop(project.unreadable, project.reason);
@@ -92,20 +106,44 @@ int Build(const BuildOptions& options, const Report& report) {
         return report.Stop(missing, files::Exists(missing.c_str())
                                         ? "it names no main file, rules, results or DDE items"
                                         : "No such file or directory");
-    const BuildNames names(options.project.c_str());
+    const BuildNames names = NamesOf(options);
     const std::string work = options.work.empty() ? FolderOf(names.folder) : options.work;
     const SupportInput support{project.file.head, names, options.morv, work, nullptr};
+    const bool api = options.into.empty();
     Kept kept;
-    for (const std::string& path :
-         {names.rules_h, names.rules_cpp, names.ddecom_h, names.ddecom_cpp, names.consts_h,
-          options.morv + "\\MorvApi.h", work + "\\Ktype.tmp"})
+    for (const std::string& path : {names.rules_h, names.rules_cpp, names.ddecom_h,
+                                    names.ddecom_cpp, names.consts_h, work + "\\Ktype.tmp"})
         kept.Keep(path);
+    if (api)
+        kept.Keep(options.morv + "\\MorvApi.h");
     const BoxTexts boxes;
-    const Step failed = WriteFiles(project.file.head, names, support);
+    const Step failed = WriteFiles(project.file.head, names, support, api);
     if (failed.code == 0)
         return kNothingFound;
     kept.PutBack();
     return report.Stop(failed.file, boxes.text);
+}
+
+int Build(const BuildOptions& options, const Report& report) {
+    const int code = Generate(options, report);
+    if (code != kNothingFound || !options.program)
+        return code;
+    const BuildNames names(options.project.c_str());
+    const auto host = [](const std::string& path) {
+        return path.empty() ? std::filesystem::path() : HostFile(path);
+    };
+    morv::Job job;
+    job.api = "apimorv";
+    job.resource = "apimorv.rc";
+    job.rules = names.rules_cpp_name;
+    job.dde = "ddecom.cpp";
+    job.runtime = host(options.morv);
+    job.project = host(names.folder);
+    job.include = host(options.include);
+    job.compiler = host(options.compiler);
+    job.work = host(options.work.empty() ? FolderOf(names.folder) : options.work);
+    job.program = "Api" + names.base;
+    return MakeProgram(job, report);
 }
 
 } // namespace console

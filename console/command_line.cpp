@@ -7,7 +7,9 @@
 #include "console/export.h"
 #include "console/import.h"
 #include "console/move.h"
+#include "console/run.h"
 #include "console/show.h"
+#include "console/test.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
@@ -34,11 +36,13 @@ template <class Value> CLI::Validator OneOf(const std::map<std::string, Value>& 
 class CommandLine {
 public:
     CommandLine()
-        : app_("Checks, builds and converts Zentrik projects without a window.", "zentrikc") {
+        : app_("Checks, builds, tries and converts Zentrik projects without a window.",
+               "zentrikc") {
         app_.require_subcommand(1);
         app_.set_version_flag("--version", ZENTRIK_VERSION);
         app_.set_help_flag("-h,--help", "Print this help and exit");
-        app_.footer("Exit codes: 0 nothing found, 1 findings, 2 wrong use or a file that cannot be "
+        app_.footer("Exit codes: 0 nothing found, 1 findings or failures, 2 wrong use or a file "
+                    "that cannot be "
                     "read or written.");
         AddCheck();
         AddBuild();
@@ -46,6 +50,8 @@ public:
         AddExport();
         AddImport();
         AddMove();
+        AddRun();
+        AddTest();
     }
 
     int Run(std::vector<std::string> words, const Report& report) {
@@ -89,7 +95,8 @@ private:
         CLI::App* command = app_.add_subcommand(name, about);
         command->add_option("--drive", drives_, "The folder that stands for a drive")
             ->type_name("C=FOLDER")
-            ->take_all();
+            ->take_all()
+            ->allow_extra_args(false); // the words behind it are of the command
         command->callback([this, run, hosts] {
             command_ = run;
             hosts_ = hosts;
@@ -121,7 +128,8 @@ private:
     void AddBuild() {
         auto options = std::make_shared<BuildOptions>();
         auto run = [options](const Report& report) {
-            for (std::string* path : {&options->project, &options->morv, &options->work})
+            for (std::string* path : {&options->project, &options->morv, &options->work,
+                                      &options->include, &options->compiler})
                 if (!path->empty())
                     *path = ProjectPath(*path);
             return Build(*options, report);
@@ -135,6 +143,54 @@ private:
         command
             ->add_option("--work", options->work,
                          "The work folder; the one above the project's when not given")
+            ->type_name("FOLDER");
+        command->add_flag("--program", options->program, "Make the program as well");
+        command->add_option("--include", options->include, "More headers for the program")
+            ->type_name("FOLDER");
+        command->add_option("--compiler", options->compiler, "Where the program's compiler is")
+            ->type_name("FOLDER");
+    }
+
+    void AddRun() {
+        auto options = std::make_shared<RunOptions>();
+        auto run = [options](const Report& report) {
+            options->project = ProjectPath(options->project);
+            if (!options->morv.empty())
+                options->morv = ProjectPath(options->morv);
+            return RunProject(*options, report);
+        };
+        CLI::App* command = Command("run", "Make a project's program and run it over the input",
+                                    run, [options] { return std::vector{options->project}; });
+        command->add_option("PROJECT", options->project, "The project file, .mrv")->required();
+        AddRuntime(command, options->morv);
+        command->add_flag("--trace", options->trace, "Each rule tells what it does");
+    }
+
+    void AddTest() {
+        auto options = std::make_shared<TestOptions>();
+        auto run = [options](const Report& report) {
+            options->project = ProjectPath(options->project);
+            for (std::string* path : {&options->morv, &options->junit})
+                if (!path->empty())
+                    *path = ProjectPath(*path);
+            for (std::string& path : options->scenarios)
+                path = ProjectPath(path);
+            return Test(*options, report);
+        };
+        CLI::App* command = Command("test", "Run a project's scenarios", run,
+                                    [options] { return std::vector{options->project}; });
+        command->add_option("PROJECT", options->project, "The project file, .mrv")->required();
+        command->add_option("SCENARIO", options->scenarios,
+                            "The scenario files; all beside the project when none is given");
+        AddRuntime(command, options->morv);
+        command->add_option("--junit", options->junit, "Where the same goes as JUnit's XML")
+            ->type_name("FILE");
+    }
+
+    static void AddRuntime(CLI::App* command, std::string& morv) {
+        command
+            ->add_option("--morv", morv,
+                         "The starter runtime's folder; the one around this program when not given")
             ->type_name("FOLDER");
     }
 

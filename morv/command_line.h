@@ -18,6 +18,7 @@ struct Job {                        // texts are UTF-8 on Windows
     std::filesystem::path compiler; // where the compiler is; may be empty
     std::filesystem::path work;     // Zentrik's work folder
     std::string program;            // what to make in `project`, without an extension
+    bool console = false;           // make one for this system's console, of the runtime alone
 };
 
 // Reads the words of the command line: the names of the API main, its resource script, the rules

@@ -94,6 +94,12 @@ bool DoTrace(Words& words, const Front&) {
     return true;
 }
 
+bool DoFired(Words& words, const Front&) {
+    const std::string system = words.Next(), rule = words.Next();
+    const std::vector<std::string> lines = Fired(system, rule);
+    return lines.empty() ? Refuse("there is no rule " + rule + " of " + system) : Tell(lines);
+}
+
 bool DoHold(Words&, const Front& front) {
     front.hold(true);
     return true;
@@ -145,6 +151,7 @@ constexpr Entry kCommands[] = {
     {"hold", DoHold, "hold: stops the clock"},
     {"go", DoGo, "go: lets the clock go on"},
     {"show", DoShow, "show [NAME]: all that holds or is known, or one fact or result"},
+    {"fired", DoFired, "fired SYSTEM RULE: whether a rule did something in the last tick"},
     {"help", DoHelp, "help: these lines"}};
 
 bool DoHelp(Words&, const Front&) {

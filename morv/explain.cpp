@@ -183,24 +183,45 @@ std::string NamedIn(const std::string& text) {
     return all.empty() ? all : all + "]";
 }
 
+// What a condition was when it was looked at last.
+std::string SiteText(const Site& site) {
+    static const char* const kinds[] = {"If ", "IfOr ", "IfXor ", "IfAny "};
+    const char* const was = site.outcome == Truth::Unknown   ? " is unknown"
+                            : site.outcome == Truth::NotSeen ? " was not looked at"
+                            : site.outcome == Truth::True    ? " is true"
+                                                             : " is false";
+    return kinds[static_cast<int>(site.kind)] + std::string(site.text) + was + NamedIn(site.text);
+}
+
+// A rule was left out of a tick when nothing that it reads had changed; what it did then stands.
+bool Stands(const Rule& rule) {
+    return rule.clean && rule.system->run == hot.tick;
+}
+
+std::vector<std::string> FiredBy(const Rule& rule) {
+    const std::string name = NameOf(rule);
+    if (rule.ran < 0)
+        return {name + " did not run yet"};
+    if (rule.ran != hot.tick && !Stands(rule))
+        return {name + " did not run in this tick, but last in tick " + std::to_string(rule.ran)};
+    if (rule.fired == rule.ran)
+        return {name + " fired"};
+    std::vector<std::string> lines = {name + " did not fire"};
+    for (int i = 0; i < rule.site_count; ++i)
+        lines.push_back("  " + SiteText(rule.sites[i]));
+    return lines;
+}
+
 std::string WhyNotBy(const Rule& rule, const Conclusion& conclusion, const DATAFACTRESULT* result) {
     const std::string name = NameOf(rule);
     if (rule.ran < 0 && *rule.number != '\0')
         return name + " did not run yet";
-    const bool stands = rule.clean && rule.system->run == hot.tick;
-    if (rule.ran != hot.tick && !stands && *rule.number != '\0')
+    if (rule.ran != hot.tick && !Stands(rule) && *rule.number != '\0')
         return name + " did not run in this tick, but last in tick " + std::to_string(rule.ran);
     bool wrong = false;
     const Site* site = Missing(rule, conclusion.outer, conclusion.otherwise, wrong);
-    if (site != nullptr) {
-        const char* const was = site->outcome == Truth::Unknown   ? "is unknown"
-                                : site->outcome == Truth::NotSeen ? "was not looked at"
-                                : site->outcome == Truth::True    ? "is true"
-                                                                  : "is false";
-        static const char* const kinds[] = {"If ", "IfOr ", "IfXor ", "IfAny "};
-        return name + ", " + kinds[static_cast<int>(site->kind)] + site->text + " " + was +
-               NamedIn(site->text);
-    }
+    if (site != nullptr)
+        return name + ", " + SiteText(*site);
     if (result != nullptr && result->certainty() <= 0)
         for (const DATAFACTRESULT* opposite : result->Opposites())
             if (opposite->certainty() > 0)
@@ -251,6 +272,15 @@ std::vector<std::string> WhyNot(const std::string& name) {
     if (lines.size() == 1)
         lines.push_back(fact != nullptr ? "  no rule assigns it" : "  no rule concludes it");
     return lines;
+}
+
+std::vector<std::string> Fired(const std::string& system, const std::string& number) {
+    for (const System* each : Now().systems)
+        for (const RuleRun& run : each->Rules())
+            for (const Rule* rule = run.rules; rule != run.rules + run.count; ++rule)
+                if (system == each->Name() && number == rule->number)
+                    return FiredBy(*rule);
+    return {};
 }
 
 std::string StateText(const std::string& name) {

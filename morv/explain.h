@@ -17,6 +17,10 @@ std::vector<std::string> Why(const std::string& name);
 // that was false or unknown when it ran last.
 std::vector<std::string> WhyNot(const std::string& name);
 
+// Whether a rule concluded, assigned or took back something in the last tick; when it did not, also
+// what each of its conditions was. Empty when there is no such rule.
+std::vector<std::string> Fired(const std::string& system, const std::string& rule);
+
 // "1 FULL" or "0 NULL" of a result, "12.5 HIGH" of a fact; empty when there is no such name.
 std::string StateText(const std::string& name);
 

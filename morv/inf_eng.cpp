@@ -227,7 +227,9 @@ Entered::Entered(Rule& rule)
 }
 
 Entered::~Entered() {
-    if (hot.acts == 0 && hot.trace)
+    if (hot.acts > 0)
+        hot.scope->rule->fired = hot.tick;
+    else if (hot.trace)
         Trace("nothing concluded");
     hot.acts += acts_;
     hot.trace = trace_;

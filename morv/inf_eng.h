@@ -87,6 +87,7 @@ struct Rule {
     const char* number = "";
     System* system = nullptr;
     long ran = -1;      // the tick it ran in last
+    long fired = -1;    // the one in which it concluded, assigned or took back something last
     bool clean = false; // nothing has changed since for which it would have to run
 };
 

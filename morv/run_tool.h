@@ -16,6 +16,9 @@ std::vector<std::string> CommandWords(int count, char** words);
 // A number that no other running program has.
 int ProcessNumber();
 
+// Where this program is; empty when that cannot be told.
+std::filesystem::path OwnProgram();
+
 // Programs in this folder go before all others, also for the programs that are started.
 void LookFirstIn(const std::filesystem::path& folder);
 
@@ -29,8 +32,10 @@ struct Command {
     std::filesystem::path tool;
     std::vector<std::string> arguments;
     std::filesystem::path folder; // where it runs
-    std::filesystem::path says;   // the file that takes what it says
+    std::filesystem::path says;   // the file that takes what it says; none: it has this program's
+                                  // own input and output
     int after = -1;               // the command that has to go well before this one begins
+    std::filesystem::path reads = {}; // the file that it reads; none: it finds nothing to read
 };
 
 constexpr int kNotRun = -1;  // what it waited for failed, or it was not to begin any more

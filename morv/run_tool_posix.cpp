@@ -58,6 +58,11 @@ int ProcessNumber() {
     return getpid();
 }
 
+fs::path OwnProgram() {
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error);
+}
+
 void LookFirstIn(const fs::path& folder) {
     const char* path = std::getenv("PATH");
     setenv("PATH", (folder.string() + ":" + (path != nullptr ? path : "")).c_str(), 1);
@@ -81,9 +86,12 @@ fs::path PathFromTool(const std::string& text) {
 
 Process StartTool(const Command& command) {
     Actions actions;
-    actions.Open(STDIN_FILENO, "/dev/null", O_RDONLY);
-    actions.Open(STDOUT_FILENO, command.says.c_str(), O_WRONLY | O_CREAT | O_TRUNC);
-    actions.Copy(STDOUT_FILENO, STDERR_FILENO);
+    if (!command.says.empty()) {
+        actions.Open(STDIN_FILENO, command.reads.empty() ? "/dev/null" : command.reads.c_str(),
+                     O_RDONLY);
+        actions.Open(STDOUT_FILENO, command.says.c_str(), O_WRONLY | O_CREAT | O_TRUNC);
+        actions.Copy(STDOUT_FILENO, STDERR_FILENO);
+    }
     actions.Enter(command.folder.c_str());
     return actions.Start(command.tool.string(), command.arguments);
 }

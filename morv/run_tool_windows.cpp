@@ -43,12 +43,16 @@ std::wstring Quoted(const std::wstring& text) {
     return quoted + L'"';
 }
 
-// A file that a started program can go on writing.
-HANDLE OpenForTool(const fs::path& path) {
+// A file that a started program can go on using.
+HANDLE OpenForTool(const fs::path& path, DWORD access, DWORD disposition) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return CreateFileW(path.c_str(), GENERIC_WRITE,
-                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, &inherited,
-                       CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                       &inherited, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+void CloseFile(HANDLE file) {
+    if (file != INVALID_HANDLE_VALUE && file != nullptr)
+        CloseHandle(file);
 }
 
 // A start with these standard files. Compilers are console programs, which show no window of their
@@ -91,6 +95,10 @@ int ProcessNumber() {
     return static_cast<int>(GetCurrentProcessId());
 }
 
+fs::path OwnProgram() {
+    return OwnPath();
+}
+
 void LookFirstIn(const fs::path& folder) {
     std::wstring path(GetEnvironmentVariableW(L"PATH", nullptr, 0), L'\0');
     path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));
@@ -113,11 +121,16 @@ Process StartTool(const Command& command) {
     std::wstring line = Quoted(command.tool.wstring());
     for (const std::string& argument : command.arguments)
         line += L" " + Quoted(Wide(argument));
-    const HANDLE says = OpenForTool(command.says);
+    if (command.says.empty())
+        return Start(command.tool.wstring(), line, command.folder.c_str(),
+                     GetStdHandle(STD_INPUT_HANDLE), GetStdHandle(STD_OUTPUT_HANDLE));
+    const HANDLE reads =
+        command.reads.empty() ? nullptr : OpenForTool(command.reads, GENERIC_READ, OPEN_EXISTING);
+    const HANDLE says = OpenForTool(command.says, GENERIC_WRITE, CREATE_ALWAYS);
     const Process process =
-        Start(command.tool.wstring(), line, command.folder.c_str(), nullptr, says);
-    if (says != INVALID_HANDLE_VALUE)
-        CloseHandle(says);
+        Start(command.tool.wstring(), line, command.folder.c_str(), reads, says);
+    CloseFile(reads);
+    CloseFile(says);
     return process;
 }
 

@@ -9,6 +9,11 @@ constexpr const char* kRuntimeSources[] = {
     "explain.cpp",     "inf_eng.cpp",     "items.cpp",          "justify.cpp",  "names.cpp",
     "output_list.cpp", "program_log.cpp", "program_window.cpp", "session.cpp"};
 
+// The sources of a program for the console.
+constexpr const char* kConsoleSources[] = {
+    "commands.cpp", "console_main.cpp", "datafact.cpp", "dfactres.cpp", "explain.cpp",
+    "inf_eng.cpp",  "items.cpp",        "justify.cpp",  "names.cpp",    "session.cpp"};
+
 // All else: the API main and its resources, the one for a console, headers, templates.
 constexpr const char* kRuntimeOthers[] = {
     "apimorv.cpp",   "apimorv.rc",    "commands.h",       "console_main.cpp", "consts1.dat",

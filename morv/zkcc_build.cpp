@@ -9,6 +9,8 @@
 #include "zkcc_includes.h"
 #include "zkcc_messages.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace morv {
@@ -24,6 +26,8 @@ constexpr char kResourceCompiler[] = "windres";
 constexpr char kCompiler[] = "x86_64-w64-mingw32-g++";
 constexpr char kResourceCompiler[] = "x86_64-w64-mingw32-windres";
 #endif
+
+constexpr char kHostCompiler[] = "g++";
 
 constexpr char kCache[] = "zkcc.cache";
 constexpr char kLock[] = "lock";
@@ -57,11 +61,13 @@ public:
         : job_(job), screen_(screen), cache_(job.project / kCache),
           header_name_(job.rules.substr(0, job.rules.size() - 3) + "h") {}
 
-    bool All() {
+    bool All(Faults* faults) {
         std::error_code error;
         fs::remove(job_.project / kLog, error); // of the run before
         const bool done = Begin() && ReadFiles() && Check() && FindTools() && PutPieces() &&
                           Compile() && Link() && PutInPlace();
+        if (faults != nullptr)
+            *faults = {messages_ ? messages_->Errors() : std::vector<std::string>(), early_};
         return End(done);
     }
 
@@ -124,6 +130,10 @@ private:
     }
 
     bool FindTools() {
+        if (job_.console) {
+            compiler_ = Tool(kHostCompiler);
+            return !compiler_.empty() || Fail("no g++ found in the PATH");
+        }
         for (const auto& [name, tool] :
              {std::pair{kResourceCompiler, &resource_compiler_}, {kCompiler, &compiler_}}) {
             *tool = Tool(name);
@@ -135,7 +145,12 @@ private:
         return true;
     }
 
+    const char* CompilerName() const { return job_.console ? kHostCompiler : kCompiler; }
+
     bool PutPieces() {
+        // The generated files include it and use nothing of it; only Windows' compilers have it.
+        if (job_.console)
+            translation_.headers.push_back({"dos.h", ""});
         for (const std::vector<Piece>* pieces : {&translation_.headers, &translation_.sources})
             for (const Piece& piece : *pieces) {
                 cache_.Use(piece.name);
@@ -148,7 +163,8 @@ private:
     std::vector<std::string> CompilerOptions() const {
         std::vector<std::string> options = {"-std=c++17", "-O1", "-Wall",
                                             "-fno-diagnostics-show-caret", "-fmax-errors=20"};
-        for (const fs::path& folder : {job_.project, job_.runtime, job_.include})
+        for (const fs::path& folder : {job_.console ? cache_.File("") : fs::path(), job_.project,
+                                       job_.runtime, job_.include})
             if (!folder.empty()) {
                 options.emplace_back("-I");
                 options.push_back(folder.string());
@@ -184,9 +200,15 @@ private:
             AddSource(WithoutExtension(piece.name) + ".o", piece.name, piece.text,
                       !translation_.headers.empty());
         AddSource("runtime-ddecom.o", job_.project / job_.dde, "", false);
-        AddSource("runtime-api.o", job_.runtime / HostPath(job_.api + ".cpp"), "", false);
-        for (const char* name : kRuntimeSources)
+        const auto add_of_runtime = [this](const char* name) {
             AddSource("runtime-" + WithoutExtension(name) + ".o", job_.runtime / name, "", false);
+        };
+        if (job_.console) {
+            std::for_each(std::begin(kConsoleSources), std::end(kConsoleSources), add_of_runtime);
+            return;
+        }
+        AddSource("runtime-api.o", job_.runtime / HostPath(job_.api + ".cpp"), "", false);
+        std::for_each(std::begin(kRuntimeSources), std::end(kRuntimeSources), add_of_runtime);
         // The script is named without its folder: the resource compiler does not take folders with
         // blanks everywhere.
         units_.push_back({"runtime-resources.o",
@@ -314,7 +336,7 @@ private:
     }
 
     void TellOf(std::size_t unit, int code) {
-        const std::string tool = units_[unit].IsResource() ? kResourceCompiler : kCompiler;
+        const std::string tool = units_[unit].IsResource() ? kResourceCompiler : CompilerName();
         messages_->Add(Said(unit));
         if (code == kStopped)
             Fail(tool + " did not start or was ended: " + units_[unit].source);
@@ -341,24 +363,36 @@ private:
         if (!WriteFile(Passing(number, ".list"), objects))
             return Fail("cannot write the list of objects: is the disk full?");
         made_ = Passing(number, ".exe");
-        const Command command{compiler_,
-                              {"-O1", "-mwindows", "-static",
-                               "@" + Passing(number, ".list").filename().string(), "-o",
-                               made_.string()},
-                              cache_.File(""),
-                              Passing(number, ".said"),
-                              -1};
+        Command command{compiler_,
+                        {"@" + Passing(number, ".list").filename().string(), "-o", made_.string()},
+                        cache_.File(""),
+                        Passing(number, ".said"),
+                        -1};
+        for (const char* option : LinkOptions())
+            command.arguments.insert(command.arguments.begin(), option);
         const int code = RunTools({command}, 1, [](std::size_t, int) { return true; }).front();
         messages_->Add(Said(number));
         std::error_code error;
         if (code == 0 && fs::file_size(made_, error) > 0 && !error)
             return true;
         return Fail(code == kStopped
-                        ? std::string(kCompiler) + " did not start or was ended"
-                        : std::string(kCompiler) + " ended with " + std::to_string(code));
+                        ? std::string(CompilerName()) + " did not start or was ended"
+                        : std::string(CompilerName()) + " ended with " + std::to_string(code));
     }
 
-    fs::path Target() const { return job_.project / HostPath(job_.program + ".exe"); }
+    std::vector<const char*> LinkOptions() const {
+        if (!job_.console)
+            return {"-static", "-mwindows", "-O1"};
+#ifdef _WIN32
+        return {"-static"};
+#else
+        return {};
+#endif
+    }
+
+    fs::path Target() const {
+        return ProgramOf(job_);
+    }
 
     // The program that is there was made from these objects and is as it was made.
     bool IsMade() {
@@ -400,7 +434,7 @@ private:
             messages_ ? messages_->Errors() : std::vector<std::string>();
         lines.insert(lines.end(), early_.begin(), early_.end());
         errors.insert(errors.end(), early_.begin(), early_.end());
-        WriteLog(lines, done ? "zkcc: made " + job_.program + ".exe" : "zkcc: failed");
+        WriteLog(lines, done ? "zkcc: made " + Target().filename().string() : "zkcc: failed");
         Show(done, errors);
         return done;
     }
@@ -446,8 +480,16 @@ private:
 
 } // namespace
 
-bool BuildProgram(const Job& job, Screen& screen) {
-    return Build(job, screen).All();
+bool BuildProgram(const Job& job, Screen& screen, Faults* faults) {
+    return Build(job, screen).All(faults);
+}
+
+fs::path ProgramOf(const Job& job) {
+#ifndef _WIN32
+    if (job.console)
+        return job.project / HostPath(job.program);
+#endif
+    return job.project / HostPath(job.program + ".exe");
 }
 
 void TellFailure(const fs::path& project, const std::string& wrong, Screen& screen) {

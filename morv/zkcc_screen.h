@@ -13,7 +13,8 @@ namespace morv {
 
 class Screen {
 public:
-    Screen() = default;
+    // A quiet one never has a window.
+    explicit Screen(bool quiet = false) : tried_(quiet) {}
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
     ~Screen();
@@ -25,7 +26,7 @@ public:
 
 private:
     std::FILE* window_ = nullptr;
-    bool tried_ = false;
+    bool tried_;
 };
 
 } // namespace morv

@@ -21,7 +21,10 @@ struct Ran {
 // A folder that is drive C: of the commands.
 class Console : public testing::Test {
 protected:
-    Console() {
+    // With a folder that tests share, or one of its own.
+    explicit Console(const TempFolder* shared = nullptr)
+        : own_(shared != nullptr ? nullptr : std::make_unique<TempFolder>()),
+          temp(shared != nullptr ? *shared : *own_) {
         std::filesystem::create_directory(temp.Path("drive_c"));
         console::UseDrives({{'C', Host("")}}, {});
     }
@@ -56,7 +59,11 @@ protected:
         return files;
     }
 
-    TempFolder temp;
+private:
+    const std::unique_ptr<TempFolder> own_;
+
+protected:
+    const TempFolder& temp;
 };
 
 // Stopped: exit code 2, and one line that names `what`.

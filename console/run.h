@@ -1,0 +1,18 @@
+// The command "run": a project's program over the input.
+#pragma once
+
+#include "console/report.h"
+
+namespace console {
+
+struct RunOptions {
+    std::string project; // the project file
+    std::string morv;    // the runtime's folder; empty: the one around this program
+    bool trace = false;  // each rule tells what it does
+};
+
+// Makes the program and runs it with this program's own input and output. Returns what it does, and
+// kFound when a command could not be done.
+int RunProject(const RunOptions& options, const Report& report);
+
+} // namespace console
