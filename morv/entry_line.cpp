@@ -37,7 +37,7 @@ void Keep(const std::string& line) {
     g_at = g_lines.size();
 }
 
-LRESULT CALLBACK Procedure(HWND entry, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK EntryProcedure(HWND entry, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_KEYDOWN) {
         switch (wParam) {
         case VK_RETURN:
@@ -65,7 +65,7 @@ HWND MakeEntryLine(HWND parent) {
     SendMessageA(entry, WM_SETFONT, reinterpret_cast<WPARAM>(DialogFont()), FALSE);
     if (entry != nullptr)
         g_edit = reinterpret_cast<WNDPROC>(
-            SetWindowLongPtrA(entry, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
+            SetWindowLongPtrA(entry, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EntryProcedure)));
     return entry;
 }
 

@@ -123,7 +123,7 @@ void Close() {
     PostQuitMessage(0);
 }
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE:
         return Create(window) ? 0 : -1;
@@ -163,7 +163,7 @@ bool OpenProgramWindow(HINSTANCE instance, const WindowUse& use) {
     Own() = {};
     Own().use = use;
     WNDCLASSA window_class{};
-    window_class.lpfnWndProc = Procedure;
+    window_class.lpfnWndProc = WindowProcedure;
     window_class.hInstance = instance;
     window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
     window_class.hIcon = LoadIcon(nullptr, IDI_APPLICATION);

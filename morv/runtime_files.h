@@ -3,24 +3,22 @@
 
 namespace morv {
 
-// The sources beside the API main.
-constexpr const char* kRuntimeSources[] = {
-    "commands.cpp",    "datafact.cpp",    "dde_server.cpp",     "dfactres.cpp", "entry_line.cpp",
-    "explain.cpp",     "inf_eng.cpp",     "items.cpp",          "justify.cpp",  "names.cpp",
-    "output_list.cpp", "program_log.cpp", "program_window.cpp", "session.cpp"};
+// What is compiled beside the API main.
+constexpr const char* kRuntimeSources[] = {"runtime_engine.cpp", "runtime_window.cpp"};
 
-// The sources of a program for the console.
-constexpr const char* kConsoleSources[] = {
-    "commands.cpp", "console_main.cpp", "datafact.cpp", "dfactres.cpp", "explain.cpp",
-    "inf_eng.cpp",  "items.cpp",        "justify.cpp",  "names.cpp",    "session.cpp"};
+// What is compiled into a program for the console.
+constexpr const char* kConsoleSources[] = {"runtime_engine.cpp", "console_main.cpp"};
 
-// All else: the API main and its resources, the one for a console, headers, templates.
+// All else: what these hold, the API main and its resources, the one for a console, headers,
+// templates.
 constexpr const char* kRuntimeOthers[] = {
-    "apimorv.cpp",   "apimorv.rc",    "commands.h",       "console_main.cpp", "consts1.dat",
-    "consts2.dat",   "consts3.dat",   "datafact.h",       "dde_server.h",     "ddecom1.dat",
-    "ddecom2.dat",   "ddecom3.dat",   "ddecom4.dat",      "dfactres.h",       "entry_line.h",
-    "explain.h",     "inf_eng.h",     "items.h",          "justify.h",        "names.h",
-    "output_list.h", "program_log.h", "program_window.h", "session.h",        "shell.h",
-    "state.h"};
+    "apimorv.cpp",      "apimorv.rc",    "commands.cpp",    "commands.h",     "console_main.cpp",
+    "consts1.dat",      "consts2.dat",   "consts3.dat",     "datafact.cpp",   "datafact.h",
+    "dde_server.cpp",   "dde_server.h",  "ddecom1.dat",     "ddecom2.dat",    "ddecom3.dat",
+    "ddecom4.dat",      "dfactres.cpp",  "dfactres.h",      "entry_line.cpp", "entry_line.h",
+    "explain.cpp",      "explain.h",     "inf_eng.cpp",     "inf_eng.h",      "items.cpp",
+    "items.h",          "justify.cpp",   "justify.h",       "names.cpp",      "names.h",
+    "output_list.cpp",  "output_list.h", "program_log.cpp", "program_log.h",  "program_window.cpp",
+    "program_window.h", "session.cpp",   "session.h",       "shell.h",        "state.h"};
 
 } // namespace morv

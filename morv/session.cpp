@@ -44,7 +44,7 @@ void Give(const ItemValue& value) {
 }
 
 // A client may send the same wrong text every second.
-bool Refuse(const std::string& why) {
+bool RefusePoke(const std::string& why) {
     if (std::exchange(Current().refused, why) != why)
         Output("Poke refused: " + why);
     return false;
@@ -81,7 +81,7 @@ bool PokeItem(const std::string& item, const std::string& text) {
     Session& session = Current();
     const ItemValue value = LookAtValue(item, text);
     if (!value.wrong.empty())
-        return Refuse(value.wrong);
+        return RefusePoke(value.wrong);
     session.refused.clear();
     if (session.in_tick)
         session.waiting.push_back(value);

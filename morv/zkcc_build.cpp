@@ -34,6 +34,8 @@ constexpr char kLock[] = "lock";
 constexpr char kProgram[] =
     "program"; // in the cache: the record of the program that stands outside
 constexpr std::size_t kAtOnce = 2;
+// Rules are calls of the runtime: optimising makes them hardly faster, but takes twice as long.
+constexpr char kQuick[] = "-O0", kOptimised[] = "-O1";
 constexpr int kMostFailed = 3; // after so many files no others begin
 
 std::string WithoutExtension(const std::string& name) {
@@ -160,8 +162,8 @@ private:
         return true;
     }
 
-    std::vector<std::string> CompilerOptions() const {
-        std::vector<std::string> options = {"-std=c++17", "-O1", "-Wall",
+    std::vector<std::string> CompilerOptions(const char* level) const {
+        std::vector<std::string> options = {"-std=c++17", level, "-Wall",
                                             "-fno-diagnostics-show-caret", "-fmax-errors=20"};
         for (const fs::path& folder : {job_.console ? cache_.File("") : fs::path(), job_.project,
                                        job_.runtime, job_.include})
@@ -173,12 +175,12 @@ private:
     }
 
     void AddSource(const std::string& made, const fs::path& source, const std::string& text,
-                   bool precompiled) {
+                   const char* level = kOptimised, bool precompiled = false) {
         Unit unit{made,
                   source.string(),
                   compiler_,
                   cache_.File(""),
-                  CompilerOptions(),
+                  CompilerOptions(level),
                   text,
                   {},
                   precompiled,
@@ -188,26 +190,30 @@ private:
         units_.push_back(std::move(unit));
     }
 
-    // The precompiled header comes first, and what is linked in its order.
+    // The precompiled header comes first, and what is linked in its order. The first source, the
+    // largest, does not wait for it.
     void ListUnits() {
-        if (!translation_.headers.empty()) {
-            const Piece& header = translation_.headers.front();
-            AddSource(header.name + ".gch", header.name, header.text, false);
+        const bool header = !translation_.headers.empty();
+        if (header) {
+            const Piece& piece = translation_.headers.front();
+            AddSource(piece.name + ".gch", piece.name, piece.text, kQuick);
             units_.back().options.pop_back();
             units_.back().options.insert(units_.back().options.end(), {"-x", "c++-header"});
         }
-        for (const Piece& piece : translation_.sources)
+        for (const Piece& piece : translation_.sources) {
+            const bool first = &piece == &translation_.sources.front();
             AddSource(WithoutExtension(piece.name) + ".o", piece.name, piece.text,
-                      !translation_.headers.empty());
-        AddSource("runtime-ddecom.o", job_.project / job_.dde, "", false);
+                      first ? kOptimised : kQuick, header && !first);
+        }
+        AddSource("runtime-ddecom.o", job_.project / job_.dde, "", kQuick);
         const auto add_of_runtime = [this](const char* name) {
-            AddSource("runtime-" + WithoutExtension(name) + ".o", job_.runtime / name, "", false);
+            AddSource(WithoutExtension(name) + ".o", job_.runtime / name, "");
         };
         if (job_.console) {
             std::for_each(std::begin(kConsoleSources), std::end(kConsoleSources), add_of_runtime);
             return;
         }
-        AddSource("runtime-api.o", job_.runtime / HostPath(job_.api + ".cpp"), "", false);
+        AddSource("runtime-api.o", job_.runtime / HostPath(job_.api + ".cpp"), "");
         std::for_each(std::begin(kRuntimeSources), std::end(kRuntimeSources), add_of_runtime);
         // The script is named without its folder: the resource compiler does not take folders with
         // blanks everywhere.
@@ -269,7 +275,8 @@ private:
     // Without a piece to compile nobody reads the precompiled header.
     std::vector<std::size_t> WithoutNeedlessHeader(std::vector<std::size_t> due) const {
         const bool header = !translation_.headers.empty() && due.front() == 0;
-        if (header && (due.size() == 1 || !units_[due[1]].precompiled))
+        if (header && std::none_of(due.begin(), due.end(),
+                                   [&](std::size_t unit) { return units_[unit].precompiled; }))
             due.erase(due.begin());
         return due;
     }

@@ -141,16 +141,16 @@ TEST_F(Build, MakesTheProgramAndNothingTwice) {
 
 TEST_F(Build, CompilesOnlyWhatChanged) {
     Run();
-    temp_.Put("my morv/inf_eng.cpp", "other\n");
+    temp_.Put("my morv/runtime_engine.cpp", "other\n");
     EXPECT_EQ(Run(), kMade);
-    EXPECT_EQ(calls_.find("g++ inf_eng.cpp\ng++ "), 0u) << calls_;
+    EXPECT_EQ(calls_.find("g++ runtime_engine.cpp\ng++ "), 0u) << calls_;
     EXPECT_EQ(std::count(calls_.begin(), calls_.end(), '\n'), 2) << calls_; // and the link
     EXPECT_NE(Program().find("other\n"), std::string::npos);
-    temp_.Put("my morv/inf_eng.cpp", "#include \"consts.h\"\n");
+    temp_.Put("my morv/runtime_engine.cpp", "#include \"consts.h\"\n");
     Run();
     temp_.Put("my plant/consts.h", "others\n");
     Run();
-    EXPECT_NE(calls_.find("g++ datafact.cpp\n"), std::string::npos) << calls_;
+    EXPECT_NE(calls_.find("g++ runtime_window.cpp\n"), std::string::npos) << calls_;
     EXPECT_EQ(calls_.find("apimorv.rc"), std::string::npos) << calls_;
     temp_.Put("my morv/plant.ico", "picture");
     Run();
@@ -190,7 +190,7 @@ TEST_F(Build, TheCacheHoldsOnlyWhatTheBuildUsed) {
 }
 
 TEST_F(Build, WhatTheCompilerSaidStaysSaid) {
-    temp_.Put("my morv/inf_eng.cpp", "SAYS\n");
+    temp_.Put("my morv/runtime_engine.cpp", "SAYS\n");
     const std::string warned = "pR.cpp:20:3: steam, rule 3, line 2: warning: odd\r\n";
     EXPECT_EQ(Run(), warned + kMade);
     EXPECT_EQ(Run(), warned + kMade);
@@ -199,15 +199,15 @@ TEST_F(Build, WhatTheCompilerSaidStaysSaid) {
 TEST_F(Build, AFailureKeepsTheProgramAndSaysWhy) {
     Run();
     const std::string program = Program();
-    temp_.Put("my morv/datafact.cpp", "FAILS\n");
+    temp_.Put("my morv/runtime_engine.cpp", "FAILS\n");
     EXPECT_EQ(Run(false), "pR.cpp:20:3: steam, rule 3, line 2: error: bad\r\n"
                           "x86_64-w64-mingw32-g++ ended with 4\r\nzkcc: failed\r\n");
     EXPECT_EQ(Program(), program);
     EXPECT_EQ(Leftovers(), "");
-    temp_.Put("my morv/datafact.cpp", "ENDS\n");
+    temp_.Put("my morv/runtime_engine.cpp", "ENDS\n");
     EXPECT_NE(Run(false).find("g++ did not start or was ended: "), std::string::npos);
     EXPECT_EQ(Program(), program);
-    temp_.Put("my morv/datafact.cpp", "#include \"consts.h\"\n");
+    temp_.Put("my morv/runtime_engine.cpp", "#include \"consts.h\"\n");
     EXPECT_EQ(Run(), kMade);
 }
 

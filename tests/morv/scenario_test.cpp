@@ -119,16 +119,9 @@ private:
                 std::ofstream(made / piece.name, std::ios::binary) << piece.text;
         for (const morv::Piece& piece : translation.sources)
             line += " " + piece.name;
-        for (const auto& entry : fs::directory_iterator(work / "morv"))
-            if (entry.path().extension() == ".cpp" && !NeedsWindows(entry.path()))
-                line += " ../c/zentrik/morv/" + entry.path().filename().string();
+        for (const char* name : {"runtime_engine.cpp", "console_main.cpp"})
+            line += std::string(" ../c/zentrik/morv/") + name;
         ASSERT_EQ(std::system((line + " >../said 2>&1").c_str()), 0) << folder_->Content("said");
-    }
-
-    static bool NeedsWindows(const fs::path& source) {
-        const std::string text =
-            Content(source) + Content(fs::path(source).replace_extension(".h"));
-        return text.find("<windows.h>") != std::string::npos;
     }
 
     static std::string Content(const fs::path& path) {
