@@ -83,6 +83,12 @@ TEST_F(Commands, TraceIsForAllForASystemOrForARule) {
     ExpectRefused("trace maybe", "trace takes on or off");
 }
 
+TEST_F(Commands, FiredTellsOfARuleThatThereIs) {
+    EXPECT_TRUE(Do("fired steam 3"));
+    EXPECT_EQ(Told(), Lines{"steam 3 fired"});
+    ExpectRefused("fired steam 4", "there is no rule 4 of steam");
+}
+
 TEST_F(Commands, HoldAndGoAreForTheClock) {
     EXPECT_TRUE(Do("hold"));
     EXPECT_TRUE(hold_);
@@ -107,7 +113,7 @@ TEST_F(Commands, OthersAreRefusedAndHelpListsThemAll) {
     EXPECT_TRUE(Do(" \t"));
     EXPECT_EQ(Told(), Lines{});
     EXPECT_TRUE(Do("help"));
-    EXPECT_EQ(Told().size(), 8u);
+    EXPECT_EQ(Told().size(), 9u);
 }
 
 TEST_F(Commands, ANameIsFoundInALine) {

@@ -31,6 +31,12 @@ std::vector<std::string> WhyNot(const std::string& name) {
     return {"why not " + name};
 }
 
+// The one rule there is.
+std::vector<std::string> Fired(const std::string& system, const std::string& rule) {
+    return system == "steam" && rule == "3" ? std::vector<std::string>{"steam 3 fired"}
+                                            : std::vector<std::string>{};
+}
+
 std::string StateText(const std::string& name) {
     const auto found = TheEngine().states.find(name);
     return found == TheEngine().states.end() ? "" : found->second;
