@@ -274,7 +274,7 @@ TEST_F(Sample, SameSourceGivesTheSameBytes) {
         return content;
     };
     const auto before = snapshot();
-    EXPECT_EQ(before.size(), 64u);
+    EXPECT_EQ(before.size(), 66u);
     ASSERT_EQ(sample::WriteSample(kBoiler, work_, "C:\\tools\\zkc.exe"), "");
     EXPECT_EQ(snapshot(), before);
 }

@@ -323,6 +323,25 @@ TEST_F(FrameTest, TheRootOfADriveIsAWorkFolderWithoutItsBackslash) {
     EXPECT_TRUE(line.ends_with(" C:\\cc C:")) << line;
 }
 
+TEST_F(FrameTest, AStartFolderThatNoNameCanHoldIsToldAtOnce) {
+    const WorkFolder work;
+    std::string folder = work.Folder();
+    while (folder.size() < 190)
+        folder += "\\" + std::string(30, 'f');
+    folder += "\\" + std::string(250 - folder.size() - 1, 'g');
+    MakeFolders(folder);
+    CopyTo(BinFolder() + "\\zentrik.exe", work.Path("zentrik.exe"));
+    const Program program(work.Path("zentrik.exe"), folder);
+    std::optional<Box> box;
+    program.WaitFor("the box about the folder", [&] {
+        for (HWND window : program.Windows())
+            if (const auto read = ReadBox(window); read && read->caption == "WARNING")
+                box = read;
+        return box.has_value();
+    });
+    EXPECT_EQ(box->text, "The start folder can not be used");
+}
+
 TEST_F(FrameTest, OldWorkingCopiesStayWhenTheTempFolderIsNotEmpty) {
     App& app = Run(Kind::Nt, [](const WorkFolder& work) {
         MakeFolders(work.Path("temp"));
