@@ -75,7 +75,7 @@ bool IsHarmless(const Words& words) {
     if (words.IsWord())
         return (text[0] >= '0' && text[0] <= '9') || IsCertainty(text) ||
                IsOneOf(text, {"If", "IfOr", "IfXor", "Then", "Else", "EndIf", "EndIfOr", "EndIfXor",
-                              "true", "false"});
+                              "EndRule", "true", "false"});
     if (text == "=")
         return words.At(1) == "=" || IsOneOf(words.Before(), {"=", "<", ">", "!"});
     return IsOneOf(text, {"<", ">", "!", "(", ")", ",", "+", "-", "*", "/", ".", "&", "|", ";"});
@@ -127,9 +127,7 @@ bool QuietRules::IsQuiet(const std::string& rule, const std::set<std::string>& f
         const std::string& text = words.At();
         if (code.macros.count(text) != 0)
             return false;
-        if (words.Are({"EndRule"}) != 0) {
-            words.Pass(1);
-        } else if (const std::size_t conclusion = ConclusionAt(words)) {
+        if (const std::size_t conclusion = ConclusionAt(words)) {
             const std::string& result = words.At(3);
             if (results_.count(result) == 0 || facts.count(result) != 0)
                 return false;

@@ -154,7 +154,7 @@ bool StatementChangesSettings(const std::vector<Token>& tokens) {
 }
 
 std::string WhyRule(const std::vector<Token>& tokens, bool loops) {
-    const std::string odd = OddToken(tokens);
+    std::string odd = OddToken(tokens);
     if (!odd.empty())
         return odd;
     if (!IsBalanced(tokens))
@@ -196,7 +196,7 @@ std::string WhyWhole(const std::vector<Part>& parts, const std::set<std::string>
     for (const Part& part : parts)
         around += part.rule ? ";" : part.text;
     const std::vector<Token> tokens = SolidTokens(around);
-    const std::string odd = OddToken(tokens);
+    std::string odd = OddToken(tokens);
     if (!odd.empty())
         return "the text around the rules " + odd;
     bool loops = false;

@@ -25,10 +25,12 @@ void TokensAreTheText(const std::string& text) {
 void BlocksKeepTheLines(const std::string& text) {
     constexpr int kFirst = 10;
     std::vector<morv::Complaint> complaints;
-    const std::string code = morv::TranslateBlocks(text, kFirst, "plant", complaints);
+    const std::vector<morv::Part> parts =
+        morv::TranslateBlocks(text, kFirst, "plant", complaints, true);
     // After a complaint the code is not used.
-    fuzz::Holds(!complaints.empty() || LineEnds(code) == LineEnds(text),
-                "translated blocks have the same number of lines");
+    for (const morv::Part& part : parts)
+        fuzz::Holds(!complaints.empty() || LineEnds(part.code) == LineEnds(part.text),
+                    "translated blocks have the same number of lines");
     for (const morv::Complaint& complaint : complaints)
         fuzz::Holds(complaint.line >= kFirst && complaint.line <= kFirst + LineEnds(text),
                     "a complaint is about a line of the text");

@@ -3,12 +3,16 @@
 #include "tests/fuzz/fuzz.h"
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
-// Line ends of the code behind the last place where the translation says which line follows.
-auto LinesBehind(const std::string& text, std::size_t mark) {
-    return std::count(text.begin() + static_cast<std::ptrdiff_t>(mark), text.end(), '\n') - 1;
+std::string Whole(const morv::Translation& translation) {
+    std::string whole;
+    for (const auto* pieces : {&translation.headers, &translation.sources})
+        for (const morv::Piece& piece : *pieces)
+            whole += piece.name + '\n' + piece.text;
+    return whole;
 }
 
 } // namespace
@@ -19,16 +23,15 @@ void Fuzz(std::string_view input) {
     const std::string source(input.substr(std::min(middle + 1, input.size())));
     const morv::Translation translation = morv::Translate(source, "p\"R.cpp", header);
 
-    // After an error the text is not used, and a source that brings marks of its own cannot be
-    // followed by them.
-    if (!translation.errors.empty() || source.find("#line") != source.npos)
-        return;
-    const std::string start = "#line ";
-    const std::size_t mark = translation.text.rfind(start);
-    fuzz::Holds(mark != translation.text.npos, "a translation says which line it begins with");
-    const auto lines = std::count(source.begin(), source.end(), '\n') +
-                       (source.empty() || source.back() == '\n' ? 0 : 1);
-    const long first = std::stol(translation.text.substr(mark + start.size()));
-    fuzz::Holds(first + LinesBehind(translation.text, mark) == lines + 1,
-                "a translation keeps the number of lines");
+    fuzz::Holds(Whole(translation) == Whole(morv::Translate(source, "p\"R.cpp", header)),
+                "the same source gives the same pieces");
+    std::set<std::string> names;
+    for (const auto* pieces : {&translation.headers, &translation.sources})
+        for (const morv::Piece& piece : *pieces)
+            fuzz::Holds(names.insert(piece.name).second, "each piece has a name of its own");
+    if (!translation.errors.empty())
+        return; // the pieces are not used
+    const auto lines = std::count(source.begin(), source.end(), '\n') + 1;
+    for (const morv::Place& place : translation.places)
+        fuzz::Holds(place.line >= 0 && place.line <= lines + 1, "a place is a line of the source");
 }
