@@ -6,19 +6,6 @@
 
 namespace console::form {
 
-std::string WithCrLf(std::string_view text) {
-    std::string result;
-    result.reserve(text.size() + text.size() / 16);
-    char before = 0;
-    for (const char c : text) {
-        if (c == '\n' && before != '\r')
-            result += '\r';
-        result += c;
-        before = c;
-    }
-    return result;
-}
-
 std::string NamesBytes(const std::vector<std::string>& names) {
     std::vector<TagRecord> records(names.size());
     for (std::size_t i = 0; i < names.size(); ++i)

@@ -1,6 +1,7 @@
 #include "console/code_page.h"
 #include "console/project_form.h"
 
+#include "shell/core/line_ends.h"
 #include "shell/core/paths.h"
 #include "system/core/rule_text.h"
 
@@ -340,7 +341,7 @@ void FormReader::Source(const std::string& path) {
     const std::optional<std::string> text = source_(*own);
     if (!text)
         return failure_.Note("cannot read " + *own);
-    Make(*own, exact_.contains(*own) ? *text : form::WithCrLf(*text));
+    Make(*own, exact_.contains(*own) ? *text : WithCrLf(*text));
 }
 
 void FormReader::SystemSetting(const FormSettingLine& line, SystemHead& head) {

@@ -2,6 +2,7 @@
 
 #include "build/core/project_lists.h"
 #include "console/code_page.h"
+#include "shell/core/line_ends.h"
 #include "shell/core/paths.h"
 #include "system/core/rule_text.h"
 
@@ -87,7 +88,7 @@ private:
         for (std::size_t i = 0; i < content->size(); ++i)
             if ((*content)[i] != '\r' || i + 1 == content->size() || (*content)[i + 1] != '\n')
                 plain += (*content)[i];
-        const bool exact = form::WithCrLf(plain) != *content;
+        const bool exact = WithCrLf(plain) != *content;
         if (exact)
             exact_.insert(*own);
         form_.beside.emplace(*own, exact ? *content : std::move(plain));

@@ -27,9 +27,6 @@ ProjectFolder FolderOfForm(std::string_view text, const SourceReader& source,
 // What the reader and the writer of a text agree on.
 namespace form {
 
-// A text with CR LF line ends, whatever it had.
-std::string WithCrLf(std::string_view text);
-
 // The bytes of records of names.
 std::string NamesBytes(const std::vector<std::string>& names);
 
