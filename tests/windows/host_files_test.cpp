@@ -16,6 +16,7 @@ constexpr char kShell[] = "Z:\\bin\\sh";
 class HostFiles : public testing::Test {
 protected:
     void SetUp() override {
+        // On Windows itself nobody can say from outside what became of the files' rights and links.
         if (!files::Exists(kShell))
             GTEST_SKIP() << "this is no Wine on a host with a shell";
     }
@@ -45,7 +46,7 @@ protected:
                 ADD_FAILURE() << "the host did not do " << command;
                 return {};
             } else {
-                Sleep(1);
+                Sleep(1); // between two looks at the condition: the shell needs the processor
             }
         return temp_.Content("done");
     }

@@ -154,7 +154,8 @@ TEST_F(Window, HoldStopsTheClockAndGoLetsItGoOn) {
 
 TEST_F(Window, ManyTicksLeaveTimeForTheUserAndCanBeStopped) {
     Open();
-    TheEngine().rules = [] { Sleep(1); }; // a tick with much to do
+    // The load, not a wait: ticks that take their time, so that all of them cannot be done at once.
+    TheEngine().rules = [] { Sleep(1); };
     Type("tick 100000");
     EXPECT_LT(TheEngine().ticks, 2000);
     ASSERT_TRUE(Await([] { return TheEngine().ticks > 100; }));
