@@ -20,6 +20,21 @@ void SendKey(WORD code, DWORD flags) {
     SendInput(1, &input, sizeof input);
 }
 
+// Presses a key and has it stay down. The window system releases what it finds pressed when the
+// news of the focus reaches the program, which may be late: the key is pressed again until the
+// program has seen all such news. Two answers of the program: it reads them between the two.
+void Hold(WORD code) {
+    const HWND window = GetForegroundWindow();
+    for (int tries = 0; tries < 10; ++tries) {
+        SendKey(code, 0);
+        DWORD_PTR answer = 0;
+        for (int asked = 0; asked < 2; ++asked)
+            SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_NORMAL, 2000, &answer);
+        if (GetAsyncKeyState(code) < 0)
+            return;
+    }
+}
+
 } // namespace
 
 void MouseClick(HWND hwnd, POINT place) {
@@ -53,7 +68,7 @@ void PointerClick(const Program& program, HWND hwnd, POINT place) {
 
 void Key(WORD code, WORD held) {
     if (held)
-        SendKey(held, 0);
+        Hold(held);
     SendKey(code, 0);
     SendKey(code, KEYEVENTF_KEYUP);
     if (held)

@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <windows.h>
 
 namespace gui {
@@ -42,9 +41,19 @@ std::string OutFolder() {
 }
 
 std::string FileContent(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
+    // A program that has just renamed the file may still have it open, and then it must be shared.
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    std::string content;
+    const HANDLE file =
+        CreateFileA(path.c_str(), GENERIC_READ, kShared, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return content;
+    char part[16384];
+    DWORD read = 0;
+    while (ReadFile(file, part, sizeof part, &read, nullptr) && read > 0)
+        content.append(part, read);
+    CloseHandle(file);
+    return content;
 }
 
 void PutFile(const std::string& path, std::string_view content) {
