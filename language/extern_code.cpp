@@ -51,15 +51,37 @@ private:
         return line;
     }
 
+    // How many parameters the macro `name` has: its bracket stands right behind its name.
+    static std::ptrdiff_t Parameters(const std::vector<Token>& tokens, const std::string& name) {
+        auto at = std::find_if(tokens.begin(), tokens.end(),
+                               [&](const Token& token) { return token.text == name; });
+        if (at == tokens.end() || ++at == tokens.end() || at->text != "(")
+            return 0;
+        std::ptrdiff_t count = 0;
+        for (; at != tokens.end() && at->text != ")"; ++at)
+            count += at->kind == Token::Word && IsWord(at->text);
+        return count;
+    }
+
+    // `words` are "define", the name, the parameters and what it stands for.
+    void AddMacro(const Words& words, std::ptrdiff_t parameters) {
+        const auto first = words.begin() + 2, last = first + parameters;
+        std::set<std::string>& macro = result_.macros[words[1]];
+        for (auto word = last; word != words.end(); ++word)
+            if (std::find(first, last, *word) == last)
+                macro.insert(*word);
+    }
+
     void Directive() {
         const std::string line = RestOfLine();
+        const std::vector<Token> tokens = Tokens(line);
         Words words;
-        for (const Token& token : Tokens(line))
-            if (token.kind == Token::Word)
+        for (const Token& token : tokens)
+            if (token.kind == Token::Word && IsWord(token.text))
                 words.push_back(token.text);
         const std::string name = words.empty() ? "" : words[0];
         if (name == "define" && words.size() > 1)
-            result_.macros[words[1]].insert(words.begin() + 2, words.end());
+            AddMacro(words, Parameters(tokens, words[1]));
         else if (name == "include" && line.find('<') == line.npos)
             result_.unclear = true;
         result_.declarations += line + "\n";

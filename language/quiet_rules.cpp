@@ -82,15 +82,6 @@ bool IsHarmless(const Words& words) {
     return IsOneOf(text, {"<", ">", "!", "(", ")", ",", "+", "-", "*", "/", ".", "&", "|", ";"});
 }
 
-// Whether what stands at `at` begins a function in a function.
-bool IsLambda(const std::vector<Token>& tokens, std::size_t at) {
-    if (tokens[at].text != "[")
-        return false;
-    const Token* before = at > 0 ? &tokens[at - 1] : nullptr;
-    return before == nullptr || before->text == "return" ||
-           !(before->kind == Token::Word || before->text == "]" || before->text == ")");
-}
-
 // The macros of a source that stand for more than a word or a number.
 std::unordered_set<std::string> LongMacros(const std::string& source) {
     std::unordered_set<std::string> names;
@@ -111,7 +102,7 @@ bool QuietRules::IsCalm(const std::string& text) const {
     const std::vector<Token> tokens = SolidTokens(text);
     for (std::size_t at = 0; at < tokens.size(); ++at)
         if (IsOneOf(tokens[at].text, {"for", "while", "do", "goto", "ForAll", "#"}) ||
-            IsLambda(tokens, at) || long_macros_.count(tokens[at].text) != 0)
+            BeginsLambda(tokens, at) || long_macros_.count(tokens[at].text) != 0)
             return false;
     return true;
 }

@@ -67,11 +67,15 @@ bool IsBalanced(const std::vector<Token>& tokens) {
 void Declared(const std::vector<Token>& statement, const std::set<std::string>& known,
               const ExternCode& code, std::set<std::string>& names) {
     bool declares = false;
+    const auto add = [&](const std::string& name) {
+        if (code.macros.count(name) == 0)
+            names.insert(name);
+    };
     for (const Token& token : statement)
         if (const auto macro = code.macros.find(token.text);
             macro != code.macros.end() && !macro->second.empty()) {
-            const std::set<std::string> words = WithMacros({token.text}, code);
-            names.insert(words.begin(), words.end());
+            for (const std::string& word : WithMacros({token.text}, code))
+                add(word);
             declares = true;
         }
     for (std::size_t at = 0; at + 1 < statement.size(); ++at) {
@@ -100,7 +104,7 @@ void Declared(const std::vector<Token>& statement, const std::set<std::string>& 
             value_depth = -1;
         if (IsName(statement[at]) && !IsKeyword(text) &&
             (value_depth < 0 || known.count(text) == 0))
-            names.insert(text);
+            add(text);
     }
 }
 
@@ -216,6 +220,9 @@ std::string WhyWhole(const std::vector<Part>& parts, const std::set<std::string>
         if (IsOneOf(word, {"enum", "struct", "class", "union", "namespace", "operator"}))
             return "the text around the rules says " + word;
     }
+    for (std::size_t at = 0; at < tokens.size(); ++at)
+        if (BeginsLambda(tokens, at))
+            return "the text around the rules has a function in it";
     const std::set<std::string> declared = DeclaredAround(tokens, known, code);
     for (const Part& part : parts) {
         if (!part.rule)

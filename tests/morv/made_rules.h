@@ -96,16 +96,24 @@ int main(int count, char**) {
         return list;
     }
 
+    // All projects have as many items, for the runtime knows their number.
+    static std::vector<std::string> Items(const MadeProject& project) {
+        std::vector<std::string> items = project.items;
+        while (items.size() < 16)
+            items.push_back("Spare" + std::to_string(items.size()));
+        return items;
+    }
+
     void Put(const MadeProject& project) {
+        const std::vector<std::string> items = Items(project);
         std::filesystem::copy(SOURCE_FOLDER "/tests/morv/blocks/consts.h", folder_.Path(""));
         std::string fields, cases;
-        for (std::size_t i = 0; i < project.items.size(); ++i) {
-            fields += "double " + project.items[i] + ";\n";
-            cases += "case " + std::to_string(i) + ": DDEinfo." + project.items[i] +
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            fields += "double " + items[i] + ";\n";
+            cases += "case " + std::to_string(i) + ": DDEinfo." + items[i] +
                      " = std::atof(text); break;\n";
         }
-        folder_.Put("ddecom.h", "#pragma once\n#define numItems " +
-                                    std::to_string(project.items.size()) +
+        folder_.Put("ddecom.h", "#pragma once\n#define numItems " + std::to_string(items.size()) +
                                     "\nstruct Informacio {\n" + fields +
                                     "};\nextern Informacio DDEinfo;\nextern char *Items[];\n"
                                     "extern char hora[20];\nextern int ActivatSB;\n"
@@ -116,7 +124,7 @@ int main(int count, char**) {
                     "#include \"ddecom.h\"\n#include <cstdlib>\n"
                     "#pragma GCC diagnostic ignored \"-Wwrite-strings\"\nInformacio DDEinfo;\n"
                     "char *Items[] = {" +
-                        List(project.items, "\"") +
+                        List(items, "\"") +
                         "};\nchar hora[20];\nint ActivatSB;\n"
                         "morv::ItemKind morv::item_kind = morv::ItemKind::Real;\n"
                         "void NewData(int item, char text[]) {\nmorv::item_kind = "
