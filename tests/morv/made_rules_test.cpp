@@ -48,7 +48,7 @@ MadeProject Project() {
                        "SURE",  "TWICE",  "QUIET", "BOTH",   "LATE",  "THREE"};
     project.externs = kExterns;
     project.systems = {
-        {"chain", {}, "", R"(Rule 1
+        {"chain", {"N=Least FULL"}, "", R"(Rule 1
   // Third
   If (SECOND.holds()) Then deduce(&THIRD, FULL); EndIf
 EndRule
@@ -66,9 +66,12 @@ Rule 4
     If (SWINGS.holds()) Then retract(&SWINGS); Else deduce(&SWINGS, FULL); EndIf
   EndIf
 EndRule
+Rule 5
+  If (N.value() > 0.0 && N.value() < 5.0) Then N.assign(N.value() + 1, FULL); EndIf
+EndRule
 )"},
         {"asked",
-         {"L=Level HIGH", "D=Least LOW", "C", "W1:WEAR=W1 HIGH", "W2:WEAR=W2 NORMAL"},
+         {"L=Level HIGH", "D=Least LOW", "C", "G", "W1:WEAR=W1 HIGH", "W2:WEAR=W2 NORMAL"},
          "",
          R"(Rule 1
   If (Poked(Level)) Then deduce(&SEEN, FULL); Else deduce(&UNSEEN, FULL); EndIf
@@ -105,6 +108,9 @@ Rule 6
 EndRule
 Rule 7
   If (DDEinfo.Nests > 0) Then nested(); nested(); EndIf
+EndRule
+Rule 8
+  G.assign(L.age(), FULL);
 EndRule
 )"},
         {"extern_code", {"L=Level HIGH", "S"}, "", R"(Rule 1
@@ -195,6 +201,31 @@ TEST_F(Made, SettleEndsAfterTheMostRoundsAndNamesTheRulesThatGoOn) {
     const std::string none = Run("poke Level 15\npoke Settles 1\ntick\nshow FIRST\n");
     ExpectSays(none, "> changed 0\n");
     ExpectSays(none, "FIRST 0 NULL\n");
+}
+
+TEST_F(Made, InitialValuesAreTakenUpInTheFirstRoundOfATick) {
+    const std::string said = Run("poke Least 1\npoke Settles 1\npoke Most 10\ntick\nshow N\n"
+                                 "poke Settles 0\ntick\nshow N\n");
+    ExpectSays(said, "N 5 FULL\n");
+    ExpectSays(said, "N 2 FULL\n"); // from what the item says again, one round
+}
+
+TEST_F(Made, AFactKnowsHowLongAgoItsItemWasPoked) {
+    const std::string said =
+        Run("tick\nshow G\npoke Level 5\ntick\nshow G\ntick 3\nshow G\npoke Level 5\ntick\n"
+            "show G\n");
+    ExpectSays(said, "G 2.14748e+09 FULL\n");
+    const std::size_t first = said.find("G 0 FULL\n");
+    const std::size_t later = said.find("G 3 FULL\n");
+    EXPECT_LT(first, later) << said;
+    EXPECT_NE(said.find("G 0 FULL\n", later), std::string::npos) << "the same value again";
+}
+
+TEST_F(Made, AFactWhoseNameIsInSeveralSystemsIsToldWithItsSystem) {
+    const std::string said = Run("poke Level 35\ntick\nshow defines.L\nwhy asked.L\nshow\n");
+    ExpectSays(said, "defines.L 35 HIGH\nL = 35 bar, normal (HIGH)\n"
+                     "  from item Level = 35, poked in tick 1\n");
+    ExpectSays(said, "\nextern_code.L 35 HIGH\n");
 }
 
 TEST_F(Made, WhatRulesCallStartsNoSecondTick) {
