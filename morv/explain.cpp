@@ -265,6 +265,10 @@ std::string WhyNotBy(const Rule& rule, const std::vector<const Conclusion*>& pla
             if (opposite->certainty() > 0)
                 return name + " concludes it, but its opposite " + std::string(opposite->text) +
                        " holds (" + CertaintyWord(opposite->certainty()) + ")";
+    const Justification* why =
+        result != nullptr && result->certainty() <= 0 ? result->Why() : nullptr;
+    if (why != nullptr && why->rule != nullptr && why->tick == rule.ran)
+        return name + " concludes it, but " + NameOf(*why->rule) + " takes it back";
     return name + " concludes it";
 }
 

@@ -112,6 +112,9 @@ EndRule
 Rule 8
   G.assign(L.age(), FULL);
 EndRule
+Rule 9
+  If (DDEinfo.Copies > 5) Then retract(&TWICE); EndIf
+EndRule
 )"},
         {"extern_code", {"L=Level HIGH", "S"}, "", R"(Rule 1
   If (IS_HIGH(L)) Then deduce(&LARGE, FULL); EndIf
@@ -272,6 +275,12 @@ TEST_F(Made, WhyNotTellsEachRuleOnce) {
               Run("poke Level 5\ntick\nwhy not TWICE\n").rfind("  rule 6 of asked"));
     ExpectSays(Run("poke Level 65\ntick\nwhy not TWICE\n"),
                "  rule 6 of asked: Twice concludes it\n");
+}
+
+TEST_F(Made, WhyNotTellsWhichRuleTakesAResultBack) {
+    ExpectSays(Run("poke Level 65\npoke Copies 9\ntick\nwhy not TWICE\n"),
+               "TWICE does not hold\n"
+               "  rule 6 of asked: Twice concludes it, but rule 9 of asked takes it back\n");
 }
 
 TEST_F(Made, ACopyTellsWhatItWasCopiedFrom) {
