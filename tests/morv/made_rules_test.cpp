@@ -143,6 +143,25 @@ EndRule
 Rule 1
   If (HALF_OF(L) < LOWEST) Then deduce(&OTHER, FULL); Else retract(&OTHER); EndIf
 EndRule
+)"},
+        {"whole", {"L=Level HIGH"}, "", R"(	struct Sum { double all; };
+	Sum sum = {0};
+	double twofold = 2 * L.value();
+Rule 1
+  // Within the function
+  #define ADD(x) sum.all += (x)
+  ADD(twofold);
+  If (DDEinfo.Copies > 8) Then goto end; EndIf
+  If (L.value() > 50.0) Then deduce(&BOTH, FULL); Else retract(&BOTH); EndIf
+EndRule
+end:
+	put_box(sum.all > 150 ? "much" : "little");
+)"},
+        {"behind", {"L=Level HIGH"}, "", R"(Rule 1
+  struct { double all; } sum = {1};
+  ADD(L.value());
+  If (sum.all > 61.0) Then deduce(&LATE, FULL); Else retract(&LATE); EndIf
+EndRule
 )"}};
     project.main = R"(
 	if (DDEinfo.Settles > 0)
@@ -153,6 +172,8 @@ EndRule
 	extern_code.engine();
 	defines.engine();
 	after.engine();
+	whole.engine();
+	behind.engine();
 )";
     return project;
 }
@@ -304,8 +325,27 @@ TEST_F(Made, WhatIsLessCertainDoesNotTakeBackAndSaysSo) {
     ExpectSays(said, "SURE 1 HIGH\n");
 }
 
+TEST_F(Made, WhatCannotBeSplitIsBuiltWholeAndMeansTheSame) {
+    EXPECT_EQ(rules_->translation.notes,
+              (std::vector<std::string>{
+                  "whole is built whole: the text around the rules says struct",
+                  "behind is built whole: a system before it has lines for the preprocessor"}));
+    const std::string said = Run("poke Level 60\ntick\nshow BOTH\nshow LATE\nwhy BOTH\n"
+                                 "why not LATE\npoke Level 90\npoke Copies 9\ntick\nshow LATE\n"
+                                 "poke Level 10\ntick\nshow BOTH\n");
+    ExpectSays(said, "> little\n");
+    ExpectSays(said, "BOTH 1 HIGH\nLATE 0 NULL\nBOTH holds (HIGH)\n"
+                     "  deduced in tick 1 by rule 1 of whole: Within the function\n"
+                     "    If L.value() > 50.0 : true (HIGH)\n");
+    ExpectSays(said, "LATE does not hold\n  rule 1 of behind, If sum.all > 61.0 is false\n");
+    ExpectSays(said, "> much\n");
+    ExpectSays(said, "LATE 1 FULL\n");
+    ExpectSays(said.substr(said.find("Poke: Level = 10")), "BOTH 1 HIGH\n"); // it jumped over that
+}
+
 TEST_F(Made, RulesOfOtherSourcesUseTheExternCode) {
-    EXPECT_EQ(rules_->translation.notes, std::vector<std::string>{});
+    for (const std::string& note : rules_->translation.notes)
+        EXPECT_EQ(note.find("extern_code"), std::string::npos) << note;
     EXPECT_EQ(std::count_if(rules_->translation.sources.begin(), rules_->translation.sources.end(),
                             [](const morv::Piece& piece) {
                                 return piece.name.compare(0, 6, "rules.") != 0 &&
