@@ -51,15 +51,37 @@ private:
         return line;
     }
 
+    // How many parameters the macro `name` has: its bracket stands right behind its name.
+    static std::ptrdiff_t Parameters(const std::vector<Token>& tokens, const std::string& name) {
+        auto at = std::find_if(tokens.begin(), tokens.end(),
+                               [&](const Token& token) { return token.text == name; });
+        if (at == tokens.end() || ++at == tokens.end() || at->text != "(")
+            return 0;
+        std::ptrdiff_t count = 0;
+        for (; at != tokens.end() && at->text != ")"; ++at)
+            count += at->kind == Token::Word && IsWord(at->text);
+        return count;
+    }
+
+    // `words` are "define", the name, the parameters and what it stands for.
+    void AddMacro(const Words& words, std::ptrdiff_t parameters) {
+        const auto first = words.begin() + 2, last = first + parameters;
+        std::set<std::string>& macro = result_.macros[words[1]];
+        for (auto word = last; word != words.end(); ++word)
+            if (std::find(first, last, *word) == last)
+                macro.insert(*word);
+    }
+
     void Directive() {
         const std::string line = RestOfLine();
+        const std::vector<Token> tokens = Tokens(line);
         Words words;
-        for (const Token& token : Tokens(line))
-            if (token.kind == Token::Word)
+        for (const Token& token : tokens)
+            if (token.kind == Token::Word && IsWord(token.text))
                 words.push_back(token.text);
         const std::string name = words.empty() ? "" : words[0];
         if (name == "define" && words.size() > 1)
-            result_.macros[words[1]].insert(words.begin() + 2, words.end());
+            AddMacro(words, Parameters(tokens, words[1]));
         else if (name == "include" && line.find('<') == line.npos)
             result_.unclear = true;
         result_.declarations += line + "\n";
@@ -100,7 +122,12 @@ private:
     static bool Continues(const Words& solid, std::size_t body) {
         const auto before = solid.begin() + static_cast<std::ptrdiff_t>(body);
         const bool call = std::find(solid.begin(), before, "(") != before;
-        const bool value = std::find(solid.begin(), before, "=") != before;
+        bool value = false; // and not that of a parameter
+        int depth = 0;
+        for (auto word = solid.begin(); word != before; ++word) {
+            depth += IsOneOf(*word, {"(", "["}) ? 1 : IsOneOf(*word, {")", "]"}) ? -1 : 0;
+            value = value || (depth == 0 && *word == "=");
+        }
         return value || (!call && !IsOneOf(solid[0], {"namespace", "extern"}));
     }
 
@@ -123,7 +150,11 @@ private:
     }
 
     void Read(std::size_t from, Words solid, std::size_t body) {
-        const bool odd = std::any_of(solid.begin(), solid.end(), [&](const std::string& word) {
+        // Of a function only what comes before its body is declared.
+        const bool whole = body == 0 || !IsCall(solid) ||
+                           IsOneOf(solid[0], {"template", "inline", "constexpr", "namespace"});
+        const auto end = whole ? solid.end() : solid.begin() + static_cast<std::ptrdiff_t>(body);
+        const bool odd = std::any_of(solid.begin(), end, [&](const std::string& word) {
             return word.compare(0, 2, "__") == 0 ||
                    IsOneOf(word, {"asm", "operator", "alignas", "thread_local"}) ||
                    (IsWord(word) && result_.hidden.count(word) != 0);
@@ -195,13 +226,21 @@ private:
         return false;
     }
 
+    // Whether two tokens would become another one without a blank between them.
+    static bool Sticks(char last, char next) {
+        const auto of_word = [](char c) {
+            return c == '_' || c == '"' || c == '\'' || (c >= '0' && c <= '9') ||
+                   (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+        };
+        return (of_word(last) && of_word(next)) || (last == '/' && next == '*') ||
+               (last == next && (last == '+' || last == '-'));
+    }
+
+    // Signs like "::", "&&" and the point of a number stay together.
     static std::string Joined(Words::const_iterator from, Words::const_iterator to) {
         std::string text;
-        for (; from != to; ++from) {
-            const bool colon = !text.empty() && text.back() == ':' && *from == ":";
-            text +=
-                (text.empty() || colon || (*from == "." && text.back() == '.') ? "" : " ") + *from;
-        }
+        for (; from != to; ++from)
+            text += (!text.empty() && Sticks(text.back(), from->front()) ? " " : "") + *from;
         return text;
     }
 

@@ -3,6 +3,7 @@
 #include "language/tokens.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace morv {
 
@@ -81,18 +82,40 @@ bool IsHarmless(const Words& words) {
     return IsOneOf(text, {"<", ">", "!", "(", ")", ",", "+", "-", "*", "/", ".", "&", "|", ";"});
 }
 
+// The macros of a source that stand for more than a word or a number.
+std::unordered_set<std::string> LongMacros(const std::string& source) {
+    std::unordered_set<std::string> names;
+    std::istringstream lines(source);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find('#') == std::string::npos)
+            continue;
+        const std::vector<Token> tokens = SolidTokens(line);
+        if (tokens.size() > 4 && tokens[0].text == "#" && tokens[1].text == "define")
+            names.insert(tokens[2].text);
+    }
+    return names;
+}
+
 } // namespace
+
+bool QuietRules::IsCalm(const std::string& text) const {
+    const std::vector<Token> tokens = SolidTokens(text);
+    for (std::size_t at = 0; at < tokens.size(); ++at)
+        if (IsOneOf(tokens[at].text, {"for", "while", "do", "goto", "ForAll", "#"}) ||
+            BeginsLambda(tokens, at) || long_macros_.count(tokens[at].text) != 0)
+            return false;
+    return true;
+}
 
 QuietRules::QuietRules(const std::string& source, const std::string& main,
                        const std::vector<std::string>& results)
-    : results_(results.begin(), results.end()) {
+    : results_(results.begin(), results.end()), long_macros_(LongMacros(source)) {
+    calm_ = IsCalm(main);
     std::set<std::string> engines;
     const std::vector<Token> of_main = SolidTokens(main);
     std::size_t calls = 0;
     for (std::size_t at = 0; at < of_main.size(); ++at) {
         const std::string& text = of_main[at].text;
-        if (IsOneOf(text, {"for", "while", "do", "goto", "settle", "#"}))
-            calm_ = false;
         if (text == "engine") {
             ++calls;
             calm_ = calm_ && at > 1 && of_main[at - 1].text == "." &&
@@ -106,6 +129,7 @@ QuietRules::QuietRules(const std::string& source, const std::string& main,
             calm_ = calm_ && calls > 0;
             calls -= calls > 0;
         }
+        calm_ = calm_ && text != "settle";
         if (tokens[at].kind != Token::Word || results_.count(text) == 0)
             continue;
         const bool asked = at + 2 < tokens.size() && tokens[at + 1].text == "." &&

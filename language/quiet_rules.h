@@ -18,6 +18,9 @@ public:
     QuietRules(const std::string& source, const std::string& main,
                const std::vector<std::string>& results);
 
+    // Whether what stands in the text runs once each time that the text does.
+    bool IsCalm(const std::string& text) const;
+
     // Whether running the rule twice does what running it once does: it asks facts and results what
     // they are now, and concludes and takes back results that nothing else touches. Every other
     // statement may do anything. Sets what it reads.
@@ -27,7 +30,7 @@ public:
 
 private:
     bool calm_ = true; // each system runs once a tick
-    const std::unordered_set<std::string> results_;
+    const std::unordered_set<std::string> results_, long_macros_;
     std::map<std::string, int> touched_; // how often a result is more than asked
 };
 

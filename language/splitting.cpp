@@ -1,5 +1,6 @@
 #include "language/splitting.h"
 
+#include "language/header_macros.h"
 #include "language/tokens.h"
 
 #include <algorithm>
@@ -61,10 +62,22 @@ bool IsBalanced(const std::vector<Token>& tokens) {
     return open.empty();
 }
 
-// Adds to `names` what the statement may declare.
+// Adds to `names` what the statement may declare. With a macro that has names in it that may be
+// anything.
 void Declared(const std::vector<Token>& statement, const std::set<std::string>& known,
-              std::set<std::string>& names) {
+              const ExternCode& code, std::set<std::string>& names) {
     bool declares = false;
+    const auto add = [&](const std::string& name) {
+        if (code.macros.count(name) == 0)
+            names.insert(name);
+    };
+    for (const Token& token : statement)
+        if (const auto macro = code.macros.find(token.text);
+            macro != code.macros.end() && !macro->second.empty()) {
+            for (const std::string& word : WithMacros({token.text}, code))
+                add(word);
+            declares = true;
+        }
     for (std::size_t at = 0; at + 1 < statement.size(); ++at) {
         if (!IsName(statement[at]) || IsMember(statement, at))
             continue;
@@ -91,13 +104,13 @@ void Declared(const std::vector<Token>& statement, const std::set<std::string>& 
             value_depth = -1;
         if (IsName(statement[at]) && !IsKeyword(text) &&
             (value_depth < 0 || known.count(text) == 0))
-            names.insert(text);
+            add(text);
     }
 }
 
 // What the text around the rules declares, which rules may see.
 std::set<std::string> DeclaredAround(const std::vector<Token>& tokens,
-                                     const std::set<std::string>& known) {
+                                     const std::set<std::string>& known, const ExternCode& code) {
     std::set<std::string> names;
     std::vector<Token> statement;
     for (const Token& token : tokens) {
@@ -105,10 +118,10 @@ std::set<std::string> DeclaredAround(const std::vector<Token>& tokens,
             statement.push_back(token);
             continue;
         }
-        Declared(statement, known, names);
+        Declared(statement, known, code, names);
         statement.clear();
     }
-    Declared(statement, known, names);
+    Declared(statement, known, code, names);
     return names;
 }
 
@@ -153,15 +166,19 @@ bool StatementChangesSettings(const std::vector<Token>& tokens) {
     return names && reaches;
 }
 
-std::string WhyRule(const std::vector<Token>& tokens, bool loops) {
+// `words` are those of the rule with what its macros stand for.
+std::string WhyRule(const std::vector<Token>& tokens, const std::set<std::string>& words,
+                    bool loops) {
     std::string odd = OddToken(tokens);
     if (!odd.empty())
         return odd;
     if (!IsBalanced(tokens))
         return "leaves a bracket open";
-    for (const Token& token : tokens)
-        if (loops && IsOneOf(token.text, {"break", "continue", "case", "default"}))
-            return "says " + token.text + ", and there is a loop around the rules";
+    for (const std::string& word : words)
+        if (loops && IsOneOf(word, {"break", "continue", "case", "default"}))
+            return "says " + word + ", and there is a loop around the rules";
+        else if (IsOneOf(word, {"goto", "this", "engine", "Facts", "FactsOf"}))
+            return "says " + word;
     return "";
 }
 
@@ -192,27 +209,29 @@ std::set<std::string> WithMacros(std::set<std::string> words, const ExternCode& 
 
 std::string WhyWhole(const std::vector<Part>& parts, const std::set<std::string>& known,
                      const ExternCode& code) {
-    std::string around;
-    for (const Part& part : parts)
-        around += part.rule ? ";" : part.text;
+    const std::string around = ReadAround(parts).rest;
     const std::vector<Token> tokens = SolidTokens(around);
     std::string odd = OddToken(tokens);
     if (!odd.empty())
         return "the text around the rules " + odd;
     bool loops = false;
-    for (const Token& token : tokens) {
-        loops = loops || IsOneOf(token.text, {"for", "while", "do", "switch", "ForAll"});
-        if (IsOneOf(token.text, {"enum", "struct", "class", "union", "namespace", "operator"}))
-            return "the text around the rules says " + token.text;
+    for (const std::string& word : WithMacros(WordsOf(around, false), code)) {
+        loops = loops || IsOneOf(word, {"for", "while", "do", "switch", "ForAll"});
+        if (IsOneOf(word, {"enum", "struct", "class", "union", "namespace", "operator"}))
+            return "the text around the rules says " + word;
     }
-    const std::set<std::string> declared = DeclaredAround(tokens, known);
+    for (std::size_t at = 0; at < tokens.size(); ++at)
+        if (BeginsLambda(tokens, at))
+            return "the text around the rules has a function in it";
+    const std::set<std::string> declared = DeclaredAround(tokens, known, code);
     for (const Part& part : parts) {
         if (!part.rule)
             continue;
-        const std::string why = WhyRule(SolidTokens(part.text), loops);
+        const std::set<std::string> words = WithMacros(WordsOf(part.text, true), code);
+        const std::string why = WhyRule(SolidTokens(part.text), words, loops);
         if (!why.empty())
             return "rule " + part.number + " " + why;
-        for (const std::string& word : WithMacros(WordsOf(part.text, true), code))
+        for (const std::string& word : words)
             if (declared.count(word) != 0)
                 return "rule " + part.number + " uses " + word +
                        ", which the text around the rules declares";

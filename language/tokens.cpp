@@ -81,4 +81,12 @@ std::vector<Token> SolidTokens(const std::string& text) {
     return tokens;
 }
 
+bool BeginsLambda(const std::vector<Token>& tokens, std::size_t at) {
+    if (tokens[at].text != "[" || at == 0)
+        return tokens[at].text == "[";
+    const Token& before = tokens[at - 1];
+    return before.text == "return" ||
+           !(before.kind == Token::Word || before.text == "]" || before.text == ")");
+}
+
 } // namespace morv

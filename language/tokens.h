@@ -20,4 +20,7 @@ std::vector<Token> Tokens(const std::string& text);
 // Those of them that mean something: all but blanks and comments.
 std::vector<Token> SolidTokens(const std::string& text);
 
+// Whether the solid token at `at` begins a function within a function.
+bool BeginsLambda(const std::vector<Token>& tokens, std::size_t at);
+
 } // namespace morv

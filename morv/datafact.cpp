@@ -26,16 +26,25 @@ struct morv::FactPast {
 
 DATAFACT::DATAFACT(const DATAFACT& other)
     : name(other.name), type(other.type), description(other.description),
-      fact_value(other.fact_value), text(other.text), now_(other.now_) {}
+      fact_value(other.fact_value), text(other.text), now_(other.now_), origin_(other.Origin()) {}
 
 DATAFACT& DATAFACT::operator=(const DATAFACT& other) {
     name = other.name;
     type = other.type;
     description = other.description;
     fact_value = other.fact_value;
-    if (registered_ == 0 && past_ == nullptr)
+    if (past_ == nullptr) {
         text = other.text;
-    Set(other.now_.value, other.now_.certainty, "copied");
+        now_ = other.now_;
+        origin_ = other.Origin();
+        return *this;
+    }
+    morv::Read();
+    other.value();
+    hot.reading = false;
+    Give(other.now_.value, other.now_.certainty, "copied");
+    morv::Act([&] { return "copy " + Summary() + " (" + CertaintyWord(now_.certainty) + ")"; });
+    hot.read_count = hot.read_from;
     return *this;
 }
 
@@ -81,7 +90,7 @@ std::string DATAFACT::Told(int ticks_ago, double value, double certainty) const 
 
 double DATAFACT::value(int ticks_ago) const {
     const Reading reading = At(ticks_ago);
-    morv::Note({this, nullptr, nullptr, ticks_ago, reading.value, reading.certainty});
+    morv::Note({Origin(), nullptr, nullptr, ticks_ago, reading.value, reading.certainty});
     return reading.value;
 }
 
@@ -155,12 +164,17 @@ bool DATAFACT::Set(double value, double certainty, const char* verb) {
     return true;
 }
 
+void DATAFACT::Give(double value, double certainty, const char* verb) {
+    origin_ = nullptr;
+    given_ = hot.tick + 1;
+    Set(value, std::min(certainty, hot.path), verb);
+}
+
 void DATAFACT::assign(double value, double certainty) {
     const bool computed = std::exchange(hot.computing, false);
-    const double most = computed && hot.rests_on < hot.path ? hot.rests_on : hot.path;
+    const double most = computed ? hot.rests_on : double(FULL);
     hot.reading = false;
-    given_ = hot.tick + 1;
-    Set(value, std::min(morv::InRange(certainty), most), "assigned");
+    Give(value, std::min(morv::InRange(certainty), most), "assigned");
     morv::Act([&] {
         // What is unknown now is so for what it was computed from.
         return "assign " + Summary() + " (" + CertaintyWord(now_.certainty) + ")" +

@@ -28,8 +28,9 @@ struct FACT_VALUE {
 class DATAFACT {
 public:
     constexpr DATAFACT() = default;
-    // A copy has no history.
+    // A copy has no history. What reads it reads the fact that it was copied from.
     DATAFACT(const DATAFACT& other);
+    // A fact of a system is given the value; it is no more certain than an assigned one.
     DATAFACT& operator=(const DATAFACT& other);
 
     int name = 0; // the number of the fact
@@ -78,10 +79,13 @@ private:
     const char* LevelOf(double value) const;
     bool IsOutside(double value) const;
     bool Set(double value, double certainty, const char* verb);
+    void Give(double value, double certainty, const char* verb);
+    const DATAFACT* Origin() const { return past_ != nullptr ? this : origin_; }
 
     Reading now_;
     const char* source_ = nullptr; // the text of its initial value
     const morv::Item* item_ = nullptr;
+    const DATAFACT* origin_ = nullptr; // the fact of a system that a copy has its value from
     const morv::System* system_ = nullptr;
     morv::FactPast* past_ = nullptr;
     morv::Justification* why_ = nullptr;

@@ -27,7 +27,13 @@ void DATAFACTRESULT::Register(const char* result_name) {
 }
 
 DATAFACTRESULT& DATAFACTRESULT::operator=(const DATAFACTRESULT& other) {
-    Set(other.now_, "copied", nullptr);
+    if (past_ == nullptr) {
+        now_ = other.now_;
+        origin_ = other.Origin();
+    } else if (other.now_ > 0)
+        deduce(this, other.now_);
+    else
+        retract(this);
     return *this;
 }
 
@@ -64,7 +70,7 @@ std::string DATAFACTRESULT::Told(int ticks_ago, double certainty) const {
 
 bool DATAFACTRESULT::holds(int ticks_ago) const {
     const double how = certainty(ticks_ago);
-    morv::Note({nullptr, this, nullptr, ticks_ago, how, how > 0 ? how : double(FULL)});
+    morv::Note({nullptr, Origin(), nullptr, ticks_ago, how, how > 0 ? how : double(FULL)});
     return how > 0;
 }
 

@@ -17,8 +17,10 @@ struct ResultPast;
 class DATAFACTRESULT {
 public:
     constexpr DATAFACTRESULT() = default;
-    // A copy has no history and no opposites.
-    DATAFACTRESULT(const DATAFACTRESULT& other) : text(other.text), now_(other.now_) {}
+    // A copy has no history and no opposites. What asks it asks the result it was copied from.
+    DATAFACTRESULT(const DATAFACTRESULT& other)
+        : text(other.text), now_(other.now_), origin_(other.Origin()) {}
+    // A result of the project is concluded when the other one holds, and else taken back.
     DATAFACTRESULT& operator=(const DATAFACTRESULT& other);
 
     const char* text = ""; // the name of the result
@@ -44,12 +46,14 @@ public:
 
 private:
     void Set(double certainty, const char* verb, const DATAFACTRESULT* opposite);
+    const DATAFACTRESULT* Origin() const { return past_ != nullptr ? this : origin_; }
 
     double now_ = 0;     // its certainty; 0: does not hold
     long concluded_ = 0; // the tick that concluded it last, from 1
     long changed_ = 0;   // the tick of the last change, from 1
     morv::ResultPast* past_ = nullptr;
     morv::Justification* why_ = nullptr;
+    const DATAFACTRESULT* origin_ = nullptr; // the one of the project that a copy was made of
 };
 
 // Two results of which at most one holds.

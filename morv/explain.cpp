@@ -3,7 +3,10 @@
 #include "justify.h"
 #include "state.h"
 
+#include <algorithm>
+#include <functional>
 #include <set>
+#include <unordered_map>
 
 namespace morv {
 
@@ -15,26 +18,37 @@ bool IsOf(const System& system, const DATAFACT* fact) {
     return fact->System() == &system;
 }
 
-// The fact that a name means: "A", or "steam.A".
+// What the names of facts, "A" and "steam.A", and of results mean. Of several things of a name it
+// is the first one.
+struct Meanings {
+    std::unordered_map<std::string, const DATAFACT*> facts;
+    std::unordered_map<std::string, const DATAFACTRESULT*> results;
+    std::size_t fact_count = 0, result_count = 0; // how many are in
+};
+
+// Facts and results come with their systems and then stay.
+const Meanings& AllMeanings() {
+    static Meanings all;
+    const State& now = Now();
+    for (; all.fact_count < now.facts.size(); ++all.fact_count) {
+        const DATAFACT* fact = now.facts[all.fact_count];
+        all.facts.emplace(fact->text, fact);
+        if (fact->System() != nullptr)
+            all.facts.emplace(fact->System()->Name() + std::string(".") + fact->text, fact);
+    }
+    for (; all.result_count < now.results.size(); ++all.result_count)
+        all.results.emplace(now.results[all.result_count]->text, now.results[all.result_count]);
+    return all;
+}
+
 const DATAFACT* FactOf(const std::string& name) {
-    for (const DATAFACT* fact : Now().facts)
-        if (name == static_cast<const char*>(fact->text))
-            return fact;
-    const std::size_t dot = name.find('.');
-    for (const System* system : Now().systems)
-        if (dot != name.npos && name.compare(0, dot, system->Name()) == 0)
-            for (const DATAFACT* fact : Now().facts)
-                if (IsOf(*system, fact) &&
-                    name.compare(dot + 1, name.npos, static_cast<const char*>(fact->text)) == 0)
-                    return fact;
-    return nullptr;
+    const auto found = AllMeanings().facts.find(name);
+    return found == AllMeanings().facts.end() ? nullptr : found->second;
 }
 
 const DATAFACTRESULT* ResultOf(const std::string& name) {
-    for (const DATAFACTRESULT* result : Now().results)
-        if (name == static_cast<const char*>(result->text))
-            return result;
-    return nullptr;
+    const auto found = AllMeanings().results.find(name);
+    return found == AllMeanings().results.end() ? nullptr : found->second;
 }
 
 std::string InWords(const DATAFACT& fact) {
@@ -114,6 +128,14 @@ private:
                                        : ", which was never poked"));
     }
 
+    // A copy may tell what its fact or result was before.
+    static bool IsOlder(const ReadRecord& read) {
+        if (read.fact != nullptr)
+            return !Same(read.value, read.fact->Why()->value) ||
+                   read.certainty != read.fact->Why()->certainty;
+        return read.value != read.result->Why()->certainty;
+    }
+
     void Reads(const Justification& why, int from, int to, std::size_t depth) {
         std::set<std::string> texts;
         for (; from < to; ++from) {
@@ -129,7 +151,7 @@ private:
                 continue;
             if (read.result != nullptr && cause == nullptr)
                 continue; // it does not hold because nothing ever concluded it
-            if (cause != nullptr && cause->tick > why.tick)
+            if (cause != nullptr && (cause->tick > why.tick || IsOlder(read)))
                 Line(depth + 1, "it has changed since, in tick " + std::to_string(cause->tick));
             else if (depth > 60)
                 Line(depth + 1, "and so on");
@@ -147,15 +169,15 @@ std::string Unknown(const std::string& name) {
 }
 
 // The first condition on the way to a conclusion that was not as it must be; null when all were.
-const Site* Missing(const Rule& rule, int outer, bool otherwise, bool& wrong_branch) {
+const Site* Missing(const Rule& rule, const Conclusion& conclusion) {
+    int outer = conclusion.outer;
+    bool otherwise = conclusion.otherwise;
     const Site* missing = nullptr;
     for (int steps = 0; outer >= 0 && outer < rule.site_count && steps <= rule.site_count;
          ++steps) {
         const Site& site = rule.sites[outer];
-        if (site.outcome != (otherwise ? Truth::False : Truth::True)) {
+        if (site.outcome != (otherwise ? Truth::False : Truth::True))
             missing = &site;
-            wrong_branch = site.outcome != Truth::Unknown && site.outcome != Truth::NotSeen;
-        }
         otherwise = site.otherwise;
         outer = site.outer;
     }
@@ -193,9 +215,23 @@ std::string SiteText(const Site& site) {
     return kinds[static_cast<int>(site.kind)] + std::string(site.text) + was + NamedIn(site.text);
 }
 
+// Whether the rules were run in this tick from one on that stands in front of this rule, up to it.
+bool WasPassed(const Rule& rule, const RuleRun& run) {
+    for (const Rule* first = &rule;; --first) {
+        if (first->called >= 0)
+            return first->called == hot.tick && &rule - first < first->passed;
+        if (first == run.rules)
+            return false;
+    }
+}
+
 // A rule was left out of a tick when nothing that it reads had changed; what it did then stands.
 bool Stands(const Rule& rule) {
-    return rule.clean && rule.system->run == hot.tick;
+    const std::less_equal<const Rule*> in_front;
+    for (const RuleRun& run : rule.system->Rules())
+        if (in_front(run.rules, &rule) && !in_front(run.rules + run.count, &rule))
+            return rule.clean && WasPassed(rule, run);
+    return false;
 }
 
 std::vector<std::string> FiredBy(const Rule& rule) {
@@ -212,22 +248,37 @@ std::vector<std::string> FiredBy(const Rule& rule) {
     return lines;
 }
 
-std::string WhyNotBy(const Rule& rule, const Conclusion& conclusion, const DATAFACTRESULT* result) {
+// Of several places that conclude it, one that was reached counts, and else the first.
+std::string WhyNotBy(const Rule& rule, const std::vector<const Conclusion*>& places,
+                     const DATAFACTRESULT* result) {
     const std::string name = NameOf(rule);
     if (rule.ran < 0 && *rule.number != '\0')
         return name + " did not run yet";
     if (rule.ran != hot.tick && !Stands(rule) && *rule.number != '\0')
         return name + " did not run in this tick, but last in tick " + std::to_string(rule.ran);
-    bool wrong = false;
-    const Site* site = Missing(rule, conclusion.outer, conclusion.otherwise, wrong);
-    if (site != nullptr)
-        return name + ", " + SiteText(*site);
+    const Site* first = Missing(rule, *places[0]);
+    if (std::all_of(places.begin(), places.end(),
+                    [&](const Conclusion* place) { return Missing(rule, *place) != nullptr; }))
+        return name + ", " + SiteText(*first);
     if (result != nullptr && result->certainty() <= 0)
         for (const DATAFACTRESULT* opposite : result->Opposites())
             if (opposite->certainty() > 0)
                 return name + " concludes it, but its opposite " + std::string(opposite->text) +
                        " holds (" + CertaintyWord(opposite->certainty()) + ")";
+    const Justification* why =
+        result != nullptr && result->certainty() <= 0 ? result->Why() : nullptr;
+    if (why != nullptr && why->rule != nullptr && why->tick == rule.ran)
+        return name + " concludes it, but " + NameOf(*why->rule) + " takes it back";
     return name + " concludes it";
+}
+
+// Where a rule concludes `name`; one that assigns to PF may assign to any fact.
+std::vector<const Conclusion*> Concluding(const Rule& rule, const std::string& name, bool fact) {
+    std::vector<const Conclusion*> places;
+    for (const Conclusion* act = rule.acts; act != rule.acts + rule.act_count; ++act)
+        if (name == act->name || (fact && std::string("PF") == act->name))
+            places.push_back(act);
+    return places;
 }
 
 } // namespace
@@ -264,10 +315,8 @@ std::vector<std::string> WhyNot(const std::string& name) {
             continue;
         for (const RuleRun& run : system->Rules())
             for (const Rule* rule = run.rules; rule != run.rules + run.count; ++rule)
-                for (int i = 0; i < rule->act_count; ++i)
-                    if (plain == rule->acts[i].name ||
-                        (fact != nullptr && std::string("PF") == rule->acts[i].name))
-                        lines.push_back("  " + WhyNotBy(*rule, rule->acts[i], result));
+                if (const auto places = Concluding(*rule, plain, fact != nullptr); !places.empty())
+                    lines.push_back("  " + WhyNotBy(*rule, places, result));
     }
     if (lines.size() == 1)
         lines.push_back(fact != nullptr ? "  no rule assigns it" : "  no rule concludes it");

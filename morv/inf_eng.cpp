@@ -239,21 +239,24 @@ Left RunRules(Rule* rules, int count) {
     // Within blocks of another system a rule concludes less certainly.
     const bool outermost = hot.scope == nullptr;
     const bool all = !outermost || Now().trace;
+    rules->called = hot.tick;
+    rules->passed = count;
     for (int i = 0; i < count; ++i) {
         if (rules[i].clean && !all)
             continue;
         const Entered entered(rules[i]);
         rules[i].clean = outermost && rules[i].sources != nullptr;
         const Left left = rules[i].run(rules[i]);
-        if (left.left)
+        if (left.left) {
+            rules->passed = i + 1;
             return left;
+        }
     }
     return {};
 }
 
 Run::Run(System& system) : system_(system), from_(Now().changes.size()), trace_(hot.trace) {
     ++Now().rounds;
-    system.run = hot.tick;
     hot.reading = hot.computing = false;
     hot.trace = IsTraced(system, nullptr);
 }
@@ -376,6 +379,8 @@ int settle(INFERENCE_ENGINE& engine, int most) {
     std::string rules;
     for (const morv::Rule* rule : morv::Now().restless)
         rules += (rules.empty() ? "" : "; ") + morv::NameOf(*rule);
+    if (rules.empty())
+        rules = "the text around the rules";
     if (changed != 0)
         morv::Output("Not settled after " + std::to_string(most) +
                      " rounds, for these go on: " + rules);

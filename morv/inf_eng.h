@@ -89,6 +89,8 @@ struct Rule {
     long ran = -1;      // the tick it ran in last
     long fired = -1;    // the one in which it concluded, assigned or took back something last
     bool clean = false; // nothing has changed since for which it would have to run
+    long called = -1;   // the tick that began with it last to run rules in a row,
+    int passed = 0;     // and how many of them it ran or left out
 };
 
 struct RuleRun {
@@ -102,7 +104,6 @@ public:
     explicit System(const char* name) : name_(name) {}
     bool First() const { return rules_.empty(); }
     void Add(Rule* rules, const char* const* numbers, int count);
-    long run = -1; // the tick it ran in last
     const char* Name() const { return name_; }
     const std::vector<RuleRun>& Rules() const { return rules_; }
 
@@ -161,13 +162,15 @@ inline void Read() {
     hot.read_from = hot.read_count;
 }
 
-// An expression reads something of this certainty.
+// An expression reads something of this certainty. What is of no system may end before the record
+// is told.
 inline void Note(const ReadRecord& read) {
     if (!hot.reading)
         return;
     if (read.certainty < hot.rests_on)
         hot.rests_on = read.certainty;
-    if (hot.read_count < Hot::kMostReads)
+    const bool lasts = read.fact != nullptr || read.result != nullptr || read.item != nullptr;
+    if (lasts && hot.read_count < Hot::kMostReads)
         hot.reads[hot.read_count++] = read;
 }
 

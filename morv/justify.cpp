@@ -49,7 +49,8 @@ Justification& Justify(Justification*& why, const char* verb) {
     why->reads.clear();
     TakeSteps(*why);
     // What a value is computed from, which is still being read.
-    if (hot.read_from < hot.read_count && std::strcmp(verb, "assigned") == 0)
+    if (hot.read_from < hot.read_count &&
+        (std::strcmp(verb, "assigned") == 0 || std::strcmp(verb, "copied") == 0))
         why->reads.insert(why->reads.end(), hot.reads + hot.read_from, hot.reads + hot.read_count);
     return *why;
 }

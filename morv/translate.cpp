@@ -1,5 +1,6 @@
 #include "translate.h"
 
+#include "language/header_macros.h"
 #include "language/quiet_rules.h"
 #include "language/rule_blocks.h"
 #include "language/splitting.h"
@@ -213,6 +214,7 @@ private:
         std::vector<Part> parts;
         std::set<std::string> facts, variables;
         bool changes_settings = false; // of its facts
+        bool repeats = false;          // its rules may run more than once in a call
     };
 
     void OneSystem(const std::string& begin) {
@@ -222,7 +224,13 @@ private:
         known.insert(system.variables.begin(), system.variables.end());
         known.insert(results_.begin(), results_.end());
         known.insert({"PF", "DDEinfo", "hora", "Items", "ActivatSB"});
+        const TextAround around = ReadAround(system.parts);
+        const std::string taken = AddMacros(around.defines, known, extern_);
+        defines_ += around.defines;
+        system.repeats = !quiet_.IsCalm(around.rest);
         std::string whole = WhyWhole(system.parts, known, extern_);
+        if (whole.empty() && !taken.empty())
+            whole = "it defines " + taken;
         if (!header_.own_include.empty())
             whole = "its header " + header_.own_include + " may define something";
         if (macros_)
@@ -234,7 +242,10 @@ private:
             result_.notes.push_back(system.name + " is built whole: " + whole);
         else if (!together.empty())
             result_.notes.push_back(system.name + " is built in one piece: " + together);
-        macros_ = macros_ || system.text.rest.text.find('#') != std::string::npos;
+        macros_ = macros_ || !taken.empty() || around.rest.find('#') != std::string::npos ||
+                  std::any_of(system.parts.begin(), system.parts.end(), [](const Part& part) {
+                      return part.rule && part.text.find('#') != std::string::npos;
+                  });
 
         // The certainty NULL is a number here. A system may declare more than its rules use.
         Out("#undef NULL");
@@ -449,8 +460,8 @@ private:
                     text += "extern DATAFACTRESULT " + result + ";\n";
             Declare(system, true, &all, text);
         }
-        text += body + "extern morv::Rule " + name + "[];\nmorv::Rule " + name + "[] = {\n" + rows +
-                "};\n";
+        text += defines_ + body + "extern morv::Rule " + name + "[];\nmorv::Rule " + name +
+                "[] = {\n" + rows + "};\n";
         groups_.push_back({name, {}});
         for (const Part* rule : rules)
             groups_.back().numbers.push_back(rule->number);
@@ -463,7 +474,7 @@ private:
     // What a rule reads that needs not run while nothing of it changes; empty for others.
     std::string Sources(const System& system, const Part& rule) const {
         std::set<std::string> facts, results;
-        if (system.changes_settings ||
+        if (system.changes_settings || system.repeats ||
             !quiet_.IsQuiet(rule.text, system.facts, extern_, facts, results))
             return "";
         std::string text;
@@ -671,6 +682,7 @@ private:
     bool macros_ = false; // a system so far may define some
     std::string text_;    // of the first source
     std::string shared_;  // of its head, for all sources
+    std::string defines_; // of the text around the rules so far
     ExternCode extern_;
     std::vector<Group> groups_; // of the system at hand
     std::unordered_set<std::string> labels_, pieces_;

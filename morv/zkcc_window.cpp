@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 #include <windows.h>
 
@@ -44,6 +45,26 @@ void ReadLines(DWORD thread) {
             line.clear();
         }
     PostThreadMessageW(thread, kEnd, 0, 0);
+}
+
+constexpr wchar_t kNotMade[] = L" is not made";
+
+// Closes the window of an earlier run that tells that the same program is not made.
+BOOL CALLBACK CloseEarlier(HWND window, LPARAM not_made) {
+    wchar_t text[300] = L"";
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    GetWindowTextW(window, text, 300);
+    const HWND told = GetDlgItem(window, ID_WORK);
+    if (process == GetCurrentProcessId() || std::wstring(text) != L"Compile" || told == nullptr ||
+        GetDlgItem(window, ID_MESSAGES) == nullptr)
+        return TRUE;
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(told, WM_GETTEXT, 300, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
+                        1000, &length);
+    if (*reinterpret_cast<const std::wstring*>(not_made) == text)
+        PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    return TRUE;
 }
 
 class Window {
@@ -123,12 +144,18 @@ private:
 
     // `step` is "3 of 12", or empty.
     void Work(const std::wstring& work, const std::wstring& step) {
-        work_ = work;
+        if (std::exchange(work_, work) != work)
+            CloseFailureOf(work.substr(work.find(L' ') + 1) + kNotMade);
         SetDlgItemTextW(window_, ID_WORK, (step.empty() ? work : work + L": " + step).c_str());
+    }
+
+    static void CloseFailureOf(const std::wstring& not_made) {
+        EnumWindows(CloseEarlier, reinterpret_cast<LPARAM>(&not_made));
     }
 
     void Failed(const std::wstring& what) {
         ended_ = true;
+        CloseFailureOf(what);
         Open(L"Failed_Box");
         SetDlgItemTextW(window_, ID_WORK, what.c_str());
         const std::wstring first = messages_.empty() ? std::wstring() : messages_.front();

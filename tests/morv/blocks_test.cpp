@@ -307,9 +307,9 @@ TEST_F(Blocks, NamesAreAllFactsAndThenAllResults) {
 }
 
 TEST_F(Blocks, TheTraceTellsAReadingOnceAndOneWhoseNameIsPartOfAnotherToo) {
-    DATAFACT w1, w12;
-    w1.text = "W1";
-    w12.text = "W12";
+    static DATAFACT w1, w12;
+    w1.Register("W1", nullptr);
+    w12.Register("W12", nullptr);
     morv::Read();
     w12.value();
     for (int twice = 0; twice < 2; ++twice)

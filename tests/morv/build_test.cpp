@@ -36,7 +36,8 @@ done
 echo "${0##*-} ${sources[*]##*/}" >>"$here/calls"
 for source in "${sources[@]}"; do
     [ -n "$dependencies" ] && grep -q SAYS "$source" && echo "pR.cpp:20:3: warning: odd"
-    grep -q ENDS "$source" && kill -9 $$
+    [ -n "$dependencies" ] && grep -q ENDS "$source" && kill -9 $$
+    [ -z "$dependencies" ] && grep -q LINK_STOPS "$source" && echo half >"$out" && kill -9 $$
     if grep -q FAILS "$source"; then
         echo "pR.cpp:20:3: error: bad"
         exit 4
@@ -209,6 +210,17 @@ TEST_F(Build, AFailureKeepsTheProgramAndSaysWhy) {
     EXPECT_EQ(Program(), program);
     temp_.Put("my morv/runtime_engine.cpp", "#include \"consts.h\"\n");
     EXPECT_EQ(Run(), kMade);
+}
+
+TEST_F(Build, ALinkerThatIsKilledLeavesTheProgramAndNothingHalfMade) {
+    Run();
+    const std::string program = Program();
+    temp_.Put("my morv/runtime_engine.cpp", "LINK_STOPS\n");
+    const std::string log = Run(false);
+    EXPECT_NE(log.find("g++ did not start or was ended\r\nzkcc: failed\r\n"), std::string::npos)
+        << log;
+    EXPECT_EQ(Program(), program);
+    EXPECT_EQ(Leftovers(), "");
 }
 
 TEST_F(Build, WithoutACompilerTheLogSaysSo) {

@@ -183,7 +183,7 @@ TEST_F(Plant, TheDamperKeepsEveryStep) {
     Poke("Oxygen", "3");
     Tick(5);
     Expect("the right air", {{"AirDamper", "40"}, {"LEAN_MIXTURE", "0"}});
-    Poke("Oxygen", "0,5");
+    Poke("Oxygen", "0");
     Tick(2);
     Expect("too little air", {{"AirDamper", "50"}, {"RICH_MIXTURE", "1"}});
     Tick(20);

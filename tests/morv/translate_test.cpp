@@ -122,8 +122,18 @@ TEST(Translate, BuildsASystemWholeWhoseRulesNeedTheFunctionAroundThem) {
     EXPECT_EQ(Notes("Rule 1\r\nA.assign(1, FULL);\r\nEndRule"), Texts{});
     EXPECT_EQ(Notes("if (hora[0] != 0) {\r\nRule 1\r\nreturn 3;\r\nEndRule\r\n}"), Texts{});
     EXPECT_EQ(Notes("double x = A.value();\r\nRule 1\r\ny(B.value());\r\nEndRule"), Texts{});
+    EXPECT_EQ(Notes("#define TWICE(x) ((x) * \\\r\n 2) // of it\r\n#define LIMIT 3\r\n"
+                    "if (TWICE(2) > LIMIT) {\r\nRule 1\r\nf(TWICE(LIMIT));\r\nEndRule\r\n}"),
+              Texts{});
     for (const char* rules :
-         {"double x = 3;\r\nRule 1\r\nf(x);\r\nEndRule", "Rule 1\r\ngoto end;\r\nEndRule\r\nend:;",
+         {"#define N n\r\nint N = 3;\r\nRule 1\r\nf(n);\r\nEndRule",
+          "#define A B\r\nRule 1\r\nEndRule",
+          "#define LEAVE goto end\r\nRule 1\r\nLEAVE;"
+          "\r\nEndRule\r\nend:;",
+          "#define EACH for (;;)\r\n#define END break\r\nEACH {\r\nRule 1\r\nEND;\r\nEndRule\r\n}",
+          "#ifdef X\r\n#endif\r\nRule 1\r\nEndRule", "#define static\r\nRule 1\r\nEndRule",
+          "auto all = [&] {\r\nRule 1\r\nEndRule\r\n}; all();",
+          "double x = 3;\r\nRule 1\r\nf(x);\r\nEndRule", "Rule 1\r\ngoto end;\r\nEndRule\r\nend:;",
           "for (;;) {\r\nRule 1\r\nbreak;\r\nEndRule\r\n}", "Rule 1\r\n#define X 1\r\nEndRule",
           "int n = 0, m = 1;\r\nRule 1\r\nf(m);\r\nEndRule", "Rule 1\r\n{\r\nEndRule\r\n}",
           "struct S {};\r\nRule 1\r\nEndRule", "Rule 1\r\nf(this);\r\nEndRule",

@@ -228,6 +228,29 @@ TEST_F(Utility, ShowsWhatFailedUntilItIsClosed) {
     EXPECT_TRUE(WaitFor([] { return FindWindowA("#32770", "Compile") == nullptr; }));
 }
 
+// What failed stays to be read until the next run knows better.
+TEST_F(Utility, TheNextRunClosesTheFailureBeforeIt) {
+    SetEnvironmentVariableA("ZKCC_SHOW", nullptr);
+    const auto failures = [] {
+        int count = 0;
+        for (HWND window = nullptr;
+             (window = FindWindowExA(nullptr, window, "#32770", "Compile")) != nullptr;)
+            count += GetDlgItem(window, kMessages) != nullptr && IsWindowVisible(window);
+        return count;
+    };
+    SetEnvironmentVariableA("STAND_IN_CODE", "3");
+    EXPECT_EQ(Run(compilers_.wstring()), 1u);
+    ASSERT_TRUE(WaitFor([&] { return failures() == 1; }));
+    const HWND first = Shown();
+    Put(project_ / L"plant\u00e1R.h", "DATAFACTRESULT\r\nFULL;\r\n#endif\r\n");
+    EXPECT_EQ(Run(compilers_.wstring()), 1u);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(first) && failures() == 1; }));
+    PutProject(project_);
+    SetEnvironmentVariableA("STAND_IN_CODE", nullptr);
+    EXPECT_EQ(Run(compilers_.wstring()), 0u);
+    EXPECT_TRUE(WaitFor([] { return FindWindowA("#32770", "Compile") == nullptr; }));
+}
+
 // The folder of a project in the root of a drive is named without a backslash.
 TEST_F(Utility, AProjectMayStandInTheRootOfADrive) {
     PutProject("C:\\");
