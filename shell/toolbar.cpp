@@ -20,8 +20,8 @@ namespace {
 constexpr int kButtonSize = 25;
 constexpr int kPictureSize = 64;
 
-// Other than the menu's command this one leaves the Edit items as they were, whatever the new
-// editor's creation and activation do to them.
+// The menu's command enables the items for a text; this one leaves them as they were, so what the
+// new editor's activation does to them is taken back.
 void NewFileFromToolbar(HWND frame) {
     const UINT state = GetMenuState(GetMenu(frame), CM_SAVE_FILE, MF_BYCOMMAND);
     OpenEdit("untitled");
@@ -96,8 +96,9 @@ void DrawButton(const DRAWITEMSTRUCT& item) {
     DeleteDC(picture);
 }
 
-// The older test for a command that is no notification: the upper bits of a button's handle are 0
-// on the systems that have the toolbar. Where handles have more bits the button itself is known.
+// 16-bit Windows put a notification code into the upper bits of this argument and 0 for a click.
+// Today a button's handle is there: it fits the lower bits on the systems that have the toolbar,
+// and where it does not, a click is known by its code and the button.
 void RunButton(HWND hwnd, WPARAM wParam, LPARAM lParam) {
     const int index = IndexOf(LOWORD(wParam));
     const bool own =

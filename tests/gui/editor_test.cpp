@@ -166,6 +166,7 @@ TEST_F(EditorTest, SavesWhatWasTyped) {
     EXPECT_TRUE(Modified(app));
     app.Command(CM_SAVE_FILE);
     EXPECT_EQ(FileContent(app.Path("a.cpp")), "new old");
+    EXPECT_EQ(FileContent(app.Path("a.cpp.bak")), "old");
     EXPECT_FALSE(Modified(app));
     EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("a.cpp"));
 }
