@@ -96,9 +96,9 @@ void DrawButton(const DRAWITEMSTRUCT& item) {
     DeleteDC(picture);
 }
 
-// 16-bit Windows put a notification code into the upper bits of this argument and 0 for a click.
-// Today a button's handle is there: it fits the lower bits on the systems that have the toolbar,
-// and where it does not, a click is known by its code and the button.
+// On 16-bit Windows the upper half of lParam was the notification code, 0 for a click. Now lParam
+// is the button's handle, whose upper half is 0 on the systems that have the toolbar. Where handles
+// are longer, the code and the button itself tell a click.
 void RunButton(HWND hwnd, WPARAM wParam, LPARAM lParam) {
     const int index = IndexOf(LOWORD(wParam));
     const bool own =

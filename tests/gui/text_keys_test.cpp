@@ -71,11 +71,22 @@ protected:
     HWND edit_ = nullptr;
 };
 
-TEST_P(TextKeysTest, CtrlASelectsAll) {
+TEST_P(TextKeysTest, CtrlASelectsAllAndCtrlTabGoesToTheNextWindow) {
     RunWith(kText);
     Key('A', VK_CONTROL);
     ExpectSelected(0, sizeof kText - 1);
+    App& app = Running();
+    const HWND first = app.Child(kEditor);
+    app.Command(CM_NEW_FILE);
+    ASSERT_NE(app.Child(kEditor), first);
+    MouseClick(app.Inner(kEditor), {0, 0});
+    Wait("the focus in the new text", [&] { return Focus() == app.Inner(kEditor); });
+    Key(VK_TAB, VK_CONTROL);
+    Wait("the first text in front", [&] { return app.Child(kEditor) == first; });
     EXPECT_EQ(Text(), kText);
+    app.Activate(first);
+    app.CloseChild(first);
+    EXPECT_EQ(app.EditorText(), ""); // the key is none of the text's
 }
 
 TEST_P(TextKeysTest, CtrlSSaves) {
