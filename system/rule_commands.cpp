@@ -166,7 +166,8 @@ int ReNumRules(HWND dialog, int write) {
     if (write == 1 && !WriteIndex(rules.sizes))
         rules = Renumber(EditText(RuleEdit()));
     PutRuleText(rules.text);
-    // Renumbering goes through the rules down to the last, and always shows the end of the text then.
+    // Renumbering goes through the rules down to the last, and always shows the end of the text
+    // then.
     ScrollToRuleTextEnd();
     RuleNum = static_cast<int>(rules.sizes.size());
     std::vector<std::string> names;
