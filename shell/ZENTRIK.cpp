@@ -28,7 +28,7 @@ namespace {
 constexpr char kTitle[] = "Zentrik 2.0a";
 constexpr int kToolbarHeight = 33;
 constexpr int kClientTop = kToolbarHeight + 1;
-constexpr int kClientLess = 73; // the client is that much less high than the desktop
+constexpr int kClientLess = 73; // the desktop's height less this is the client's
 constexpr int kWindowsMenu = 7; // position of the menu that lists the children
 
 LRESULT CALLBACK WindowFunc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
@@ -77,7 +77,7 @@ void Layout() {
     constexpr UINT kFlags = SWP_NOZORDER | SWP_SHOWWINDOW;
     if (nt == 0)
         SetWindowPos(hTool, nullptr, desktop.left, desktop.top, width, kToolbarHeight, kFlags);
-    // Without a toolbar its band stays empty.
+    // On Windows NT, which has no toolbar, its place stays empty.
     SetWindowPos(hMdiC, nullptr, desktop.left, desktop.top + kClientTop, width,
                  desktop.bottom - (desktop.top + kClientLess), kFlags);
 }
@@ -120,7 +120,8 @@ LRESULT OnPaint(HWND frame) {
     return 0;
 }
 
-// Without room for the toolbar; Layout makes it again when the frame is painted.
+// The client fills the frame and covers the toolbar, until Layout puts both to their places when
+// the frame is painted.
 LRESULT OnSize(int width, int height) {
     MoveWindow(hMdiC, 0, 0, width, height, TRUE);
     return 0;
@@ -219,7 +220,7 @@ HWND CreateFrame() {
 }
 
 int RunMessages() {
-    // Every dialog is modal and reads its own keys; this handle is none, so it claims no message.
+    // No dialog: every one is modal and handles its keys itself. So IsDialogMessageA takes nothing.
     constexpr HWND hDlg = nullptr;
     MSG message{};
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {

@@ -17,7 +17,8 @@
 
 namespace {
 
-// What is selected is seen while the dialog that found it has the focus.
+// A selection stays visible without the focus, which the find dialog has when it has found
+// something.
 constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
                              ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN | ES_NOHIDESEL;
 // Not sorted: a list keeps the order in which its document puts the rows.
@@ -47,9 +48,9 @@ LRESULT PaintNothing(HWND hwnd) {
     return 0;
 }
 
-// The menu follows the active child, except on Windows NT. The arguments are read by the older
-// convention: 1 for activation, or the activated window in the low 16 bits, which are its own in
-// every handle.
+// The menu follows the active child, except on Windows NT. The message is read as 16-bit Windows
+// sent it: a first argument of 1 for activation, or the activated window in the low 16 bits of the
+// second. Those 16 bits tell the windows apart, however long their handles are.
 LRESULT FollowActivation(HWND hwnd, WPARAM wParam, LPARAM lParam,
                          std::span<const MenuGroup> groups) {
     if (nt != 0)

@@ -20,8 +20,8 @@ namespace {
 constexpr int kButtonSize = 25;
 constexpr int kPictureSize = 64;
 
-// Other than the menu's command this one leaves the Edit items as they were, whatever the new
-// editor's creation and activation do to them.
+// The menu's command enables the items for a text; this one leaves them as they were, so what the
+// new editor's activation does to them is taken back.
 void NewFileFromToolbar(HWND frame) {
     const UINT state = GetMenuState(GetMenu(frame), CM_SAVE_FILE, MF_BYCOMMAND);
     OpenEdit("untitled");
@@ -96,8 +96,9 @@ void DrawButton(const DRAWITEMSTRUCT& item) {
     DeleteDC(picture);
 }
 
-// The older test for a command that is no notification: the upper bits of a button's handle are 0
-// on the systems that have the toolbar. Where handles have more bits the button itself is known.
+// On 16-bit Windows the upper half of lParam was the notification code, 0 for a click. Now lParam
+// is the button's handle, whose upper half is 0 on the systems that have the toolbar. Where handles
+// are longer, the code and the button itself tell a click.
 void RunButton(HWND hwnd, WPARAM wParam, LPARAM lParam) {
     const int index = IndexOf(LOWORD(wParam));
     const bool own =

@@ -62,15 +62,15 @@ void AppendText(const std::string& string) {
     ShowRuleTextEnd();
 }
 
-// The path of the index file; empty when the rules file stands under it, for then there is no place
-// for an index.
+// The path of the index file. Empty when the rules file is itself called .siz: an index would be
+// written over it.
 std::string IndexPath() {
     const std::string path = WithExtension(Text(RuleFile), ".siz");
     return lstrcmpiA(path.c_str(), RuleFile) == 0 ? std::string() : path;
 }
 
-// False when there is no index file. That of a new text counts only with an earlier text under the
-// same name.
+// False when there is no index file. For new rules there is one only when rules were saved before
+// as untitled.rul.
 bool ReadIndex(std::string& index) {
     const std::string path = IndexPath();
     if (IsUntitled() && !files::Exists(RuleFile))
@@ -111,7 +111,7 @@ bool WriteRules(HWND dialog) {
     return false;
 }
 
-// Without a name the rules are saved as what they are called now.
+// When the dialog for the name is cancelled, they are saved under the name they have: untitled.rul.
 bool SaveBeforeLeaving(HWND dialog) {
     const Savable rules = RulesOf(dialog);
     const Saved saved = Save(rules);
@@ -166,7 +166,8 @@ int ReNumRules(HWND dialog, int write) {
     if (write == 1 && !WriteIndex(rules.sizes))
         rules = Renumber(EditText(RuleEdit()));
     PutRuleText(rules.text);
-    // The walk over the rules always ends where none is left, and leaves the end of the text shown.
+    // Renumbering goes through the rules down to the last, and always shows the end of the text
+    // then.
     ScrollToRuleTextEnd();
     RuleNum = static_cast<int>(rules.sizes.size());
     std::vector<std::string> names;

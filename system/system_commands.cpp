@@ -189,7 +189,7 @@ void AddKnow(HWND hwnd) {
             {"MORV Know Files (*.fac)\0*.fac\0 All Files (*.*)\0*.*\0", "Open MORV Facts", ".fac"},
             name))
         return;
-    // Both stay so when the dialog is cancelled.
+    // The two names stay when the dialog is cancelled.
     if (!SetMadeName(System.KTypeName, WithExtension(name, ".typ"))) {
         SaveErr();
         return;

@@ -72,7 +72,7 @@ INT_PTR Answer(const DialogTable& table, HWND dialog, UINT message, WPARAM wPara
         table.program_activated(dialog, wParam != 0);
         return TRUE;
     case WM_ACTIVATE:
-        // The other window takes its place only after this.
+        // Posted: the order of the windows changes only after this message.
         if (LOWORD(wParam) == WA_INACTIVE && table.left)
             PostMessageA(dialog, kLeft, 0, 0);
         return FALSE;

@@ -64,8 +64,8 @@ bool Write(HWND child, const std::string& path) {
     return true;
 }
 
-// The text of the editor `child` as it is now: once its window or its edit control is gone, so is
-// the text.
+// What can be saved of the editor `child`. It is no longer alive once the window or its edit
+// control is gone.
 Savable TextOf(HWND child) {
     const HWND edit = TopChild(child);
     const auto save_as = [child](const std::string& path) {
@@ -212,7 +212,7 @@ int CloseFile(HWND hwnd) {
             return 1;
     }
     DestroyWindow(edit);
-    // The exit asks for the texts of the other editors only while this says there are some.
+    // Other texts may be open still, and the exit asks for them only while EditState is 1.
     EditState = AnyTextOpen() ? 1 : 0;
     return 0;
 }

@@ -27,7 +27,7 @@ FINDREPLACEA asked = [] {
     return find;
 }();
 constexpr DWORD kChoices = FR_DOWN | FR_MATCHCASE | FR_WHOLEWORD;
-DWORD chosen = FR_DOWN; // of kChoices, with the last press of a button; Wine takes its own back
+DWORD chosen = FR_DOWN; // which of kChoices were set when a button was pressed last
 HWND dialog;            // while one is open
 bool replacing;         // it is the one for replacing
 HHOOK key_hook;         // while one is open
@@ -54,7 +54,7 @@ struct Selection {
     std::size_t begin, end; // bytes of the text
 };
 
-// How many bytes of a text its first characters are.
+// How many bytes the first `characters` of a text take.
 std::size_t BytesOf(const std::string& text, std::size_t characters) {
     if (OneByteCharacters())
         return std::min(characters, text.size());

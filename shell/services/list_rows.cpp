@@ -34,7 +34,7 @@ std::string ListRows::RowText(int row) const {
     if (length <= 0)
         return {};
     std::string text(static_cast<std::size_t>(length), '\0');
-    // The list writes the NUL where the string has its own.
+    // The NUL that the list adds goes to the place of the string's own NUL.
     const int got = Send(list_, LB_GETTEXT, static_cast<WPARAM>(row), TextParam(text));
     text.resize(static_cast<std::size_t>(std::clamp(got, 0, length)));
     return text;

@@ -24,8 +24,9 @@ struct ShownBox {
 class CompileTest : public GuiTest {
 protected:
     // The program with the sample project open; `change` is applied to its files before.
-    App& RunSample(const App::Setup& change = {}, const std::string& com = "") {
-        App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
+    App& RunSample(const App::Setup& change = {}, const std::string& com = "",
+                   Kind kind = Kind::Nt) {
+        App& app = Run(kind, [&](const WorkFolder& work) {
             PutSampleProject(work);
             PutTools(work, com.empty() ? "" : work.Path(com));
             if (change)
@@ -162,8 +163,10 @@ TEST_F(CompileTest, ASystemMarkedReadOnlyCannotBeOpened) {
     app.Finish();
 }
 
-TEST_F(CompileTest, WritesWithTheWaitCursor) {
-    App& app = RunSample(Missing("plant.aux").make);
+class CompileKindTest : public CompileTest, public testing::WithParamInterface<Kind> {};
+
+TEST_P(CompileKindTest, WritesWithTheWaitCursor) {
+    App& app = RunSample(Missing("plant.aux").make, "", GetParam());
     app.Inner().WaitCursorSeen(app.Frame());
     app.Start(CM_COMPILE);
     // The boxes are made while the files are written.
@@ -175,6 +178,8 @@ TEST_F(CompileTest, WritesWithTheWaitCursor) {
     EXPECT_TRUE(app.Inner().WaitCursorSeen(app.Frame()));
     EXPECT_FALSE(app.Inner().WaitCursorSeen(app.Frame()));
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, CompileKindTest, testing::Values(Kind::Nt, Kind::Win98));
 
 TEST_F(CompileTest, ShowsHowFarTheSourceGot) {
     App& app = RunSample(Missing("main.cpp").make);

@@ -14,8 +14,8 @@ namespace {
 class DebugTest : public GuiTest {
 protected:
     // The program with a project of systems "s1", "s2"... that have these rules.
-    App& RunRules(const std::vector<std::vector<std::string>>& systems) {
-        App& app = Run(Kind::Nt, [&](const WorkFolder& work) {
+    App& RunRules(const std::vector<std::vector<std::string>>& systems, Kind kind = Kind::Nt) {
+        App& app = Run(kind, [&](const WorkFolder& work) {
             ProjectSpec spec;
             for (const auto& rules : systems) {
                 const std::string base = "s" + std::to_string(spec.systems.size() + 1);
@@ -26,6 +26,12 @@ protected:
         });
         Open(app, "p.mrv");
         return app;
+    }
+
+    // The sample project without the results HIGH and LOW, which are opposites in its system.
+    static void PutWithUndefinedOpposites(const WorkFolder& work) {
+        PutSampleProject(work);
+        PutFile(work.Path("plant.aux"), TagBytes({"low"}));
     }
 
     static void Open(App& app, const std::string& name) {
@@ -93,10 +99,7 @@ TEST_F(DebugTest, AnOpenCommentReachesIntoTheNextRun) {
 }
 
 TEST_F(DebugTest, UndefinedOppositesComeBeforeTheRules) {
-    App& app = Run(Kind::Nt, [](const WorkFolder& work) {
-        PutSampleProject(work);
-        PutFile(work.Path("plant.aux"), TagBytes({"low"}));
-    });
+    App& app = Run(Kind::Nt, PutWithUndefinedOpposites);
     Open(app, "plant.mrv");
     const TextRows rows = Debug(app);
     ASSERT_GE(rows.size(), 3u);
@@ -214,7 +217,7 @@ TEST_F(DebugTest, TheDialogCanBeLeftWithoutACheck) {
 }
 
 // Where a row of the findings leads.
-class FindingTest : public DebugTest {
+class FindingTest : public DebugTest, public testing::WithParamInterface<Kind> {
 protected:
     static void OpenRow(App& app, int row) {
         app.StartDoubleClick(kMessages, row);
@@ -233,15 +236,18 @@ protected:
     }
 };
 
-TEST_F(FindingTest, ADoubleClickSelectsTheLine) {
+TEST_P(FindingTest, ADoubleClickAndEnterSelectTheLine) {
     std::string filler;
     for (int i = 0; i < 300; ++i)
         filler += "  x\r\n";
     App& app = RunRules({{"Rule 1\r\n" + filler + "EndRule\r\n"},
-                         {"Rule 1\r\n" + filler + "  Else here\r\nEndRule\r\n"}});
+                         {"Rule 1\r\n" + filler + "  Else here\r\nEndRule\r\n"}},
+                        GetParam());
+    app.Inner().WaitCursorSeen(app.Frame());
     const TextRows rows = Debug(app);
     const auto error = std::ranges::find(rows, "Rule 1 : Line :301 : There are Else whithout Then");
     ASSERT_NE(error, rows.end());
+    EXPECT_TRUE(app.Inner().WaitCursorSeen(app.Frame()));
     const int row = static_cast<int>(error - rows.begin());
     OpenRow(app, row);
     EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("s2.rul"));
@@ -265,28 +271,30 @@ TEST_F(FindingTest, ADoubleClickSelectsTheLine) {
     OpenRow(app, 1);
     EXPECT_EQ(Selected(app), "Rule 1");
     EXPECT_EQ(FirstLine(app), 0);
-}
-
-TEST_F(FindingTest, EnterDoesTheSame) {
-    App& app = RunRules({{"Rule 1\r\nElse\r\nEndRule\r\n"}});
-    Debug(app);
-    app.SelectRow(kMessages, 1);
+    app.SelectRow(kMessages, row);
     app.Process().Send(app.Inner(kMessages), WM_KEYDOWN, VK_RETURN);
-    EXPECT_EQ(Selected(app), "Else");
+    EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("s2.rul"));
+    EXPECT_EQ(Selected(app), "  Else here");
 }
 
-TEST_F(FindingTest, TheRuleEditorsTextIsUsed) {
-    App& app = Run(Kind::Nt, PutSampleProject);
+TEST_P(FindingTest, AnOppositeLeadsToItsSystemAndRulesToTheRuleEditorsText) {
+    App& app = Run(GetParam(), PutWithUndefinedOpposites);
     Open(app, "plant.mrv");
-    app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("tank.lse"));
+    Debug(app);
+    OpenRow(app, 0);
+    EXPECT_EQ(TextOf(app.Child(kSystem)), "System");
+    EXPECT_EQ(app.Rows(kSystem).at(1), Item(app.Path("tank.lse")));
+    EXPECT_TRUE(app.Children(kEditor).empty());
     app.StartDoubleClick(kSystem, 3);
     RuleBox rules(app);
     Debug(app);
-    OpenRow(app, 2);
+    OpenRow(app, 4);
     EXPECT_EQ(app.Children(kEditor).size(), 1u);
     EXPECT_EQ(Selected(app), "Rule 2");
     rules.Close();
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, FindingTest, testing::Values(Kind::Nt, Kind::Win98));
 
 } // namespace
 

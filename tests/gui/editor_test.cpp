@@ -110,21 +110,16 @@ TEST_F(EditorTest, AZeroLengthFileIsAnEmptyEditor) {
     EXPECT_EQ(app.EditorText(), "");
 }
 
-TEST_F(EditorTest, OpensATextWithTheWaitCursor) {
-    for (const Kind kind : {Kind::Nt, Kind::Win98}) {
-        App& app = Run(kind, [](const WorkFolder& work) { PutFile(work.Path("a.cpp"), "text"); });
-        app.Inner().WaitCursorSeen(app.Frame());
-        app.Start(CM_OPEN_FILE);
-        app.ChooseFile(kOpen, app.Path("a.cpp"));
-        app.Finish();
-        EXPECT_TRUE(app.Inner().WaitCursorSeen(app.Frame()));
-        app.Command(CM_TILE_VERTICAL);
-        EXPECT_FALSE(app.Inner().WaitCursorSeen(app.Frame()));
-    }
-}
+class OpenTextTest : public EditorTest, public testing::WithParamInterface<Kind> {};
 
-TEST_F(EditorTest, AFileWithLfAloneShowsItsLinesAndIsSavedAsItWas) {
-    App& app = RunWith("a.cpp", "one\n\ntwo\n");
+TEST_P(OpenTextTest, AFileWithLfAloneShowsItsLinesAndIsSavedAsItWas) {
+    App& app = Run(GetParam(),
+                   [](const WorkFolder& work) { PutFile(work.Path("a.cpp"), "one\n\ntwo\n"); });
+    app.Inner().WaitCursorSeen(app.Frame()); // forgets what was before
+    app.CommandWithFile(CM_OPEN_FILE, kOpen, app.Path("a.cpp"));
+    EXPECT_TRUE(app.Inner().WaitCursorSeen(app.Frame()));
+    app.Command(CM_TILE_VERTICAL);
+    EXPECT_FALSE(app.Inner().WaitCursorSeen(app.Frame()));
     EXPECT_EQ(app.EditorText(), "one\r\n\r\ntwo\r\n");
     EXPECT_FALSE(Modified(app));
     app.Command(CM_SAVE_FILE);
@@ -141,6 +136,8 @@ TEST_F(EditorTest, AFileWithLfAloneShowsItsLinesAndIsSavedAsItWas) {
     EXPECT_EQ(FileContent(app.Path("b.cpp")), "x\nyzone\n\ntwo\n");
     EXPECT_EQ(FileContent(app.Path("a.cpp")), "one\n\ntwo\n");
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, OpenTextTest, testing::Values(Kind::Nt, Kind::Win98));
 
 TEST_F(EditorTest, AFileWithDifferentLineEndsKeepsThem) {
     const std::string mixed = "one\ntwo\r\nthree\rfour\r\r\n";
@@ -169,6 +166,7 @@ TEST_F(EditorTest, SavesWhatWasTyped) {
     EXPECT_TRUE(Modified(app));
     app.Command(CM_SAVE_FILE);
     EXPECT_EQ(FileContent(app.Path("a.cpp")), "new old");
+    EXPECT_EQ(FileContent(app.Path("a.cpp.bak")), "old");
     EXPECT_FALSE(Modified(app));
     EXPECT_EQ(TextOf(app.Child(kEditor)), app.Path("a.cpp"));
 }

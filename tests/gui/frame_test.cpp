@@ -323,24 +323,61 @@ TEST_F(FrameTest, TheRootOfADriveIsAWorkFolderWithoutItsBackslash) {
     EXPECT_TRUE(line.ends_with(" C:\\cc C:")) << line;
 }
 
-TEST_F(FrameTest, AStartFolderThatNoNameCanHoldIsToldAtOnce) {
-    const WorkFolder work;
-    std::string folder = work.Folder();
+// With the name that the program has: zentrik98.exe sees Windows 98.
+class StartFolderTest : public testing::TestWithParam<const char*> {
+protected:
+    StartFolderTest() { CopyTo(BinFolder() + "\\zentrik.exe", Exe()); }
+
+    std::string Exe() const { return work_.Path(GetParam()); }
+
+    static void ExpectRefused(const Program& program) {
+        std::optional<Box> box;
+        program.WaitFor("the box about the folder", [&] {
+            for (HWND window : program.Windows())
+                if (const auto read = ReadBox(window); read && read->caption == "WARNING")
+                    box = read;
+            return box.has_value();
+        });
+        EXPECT_EQ(box->text, "The start folder can not be used");
+        EXPECT_EQ(box->buttons, Buttons::Ok);
+    }
+
+    const WorkFolder work_;
+};
+
+TEST_P(StartFolderTest, ThatIsTooLongIsToldAtOnce) {
+    std::string folder = work_.Folder();
     while (folder.size() < 190)
         folder += "\\" + std::string(30, 'f');
     folder += "\\" + std::string(250 - folder.size() - 1, 'g');
     MakeFolders(folder);
-    CopyTo(BinFolder() + "\\zentrik.exe", work.Path("zentrik.exe"));
-    const Program program(work.Path("zentrik.exe"), folder);
-    std::optional<Box> box;
-    program.WaitFor("the box about the folder", [&] {
-        for (HWND window : program.Windows())
-            if (const auto read = ReadBox(window); read && read->caption == "WARNING")
-                box = read;
-        return box.has_value();
-    });
-    EXPECT_EQ(box->text, "The start folder can not be used");
+    ExpectRefused(Program(Exe(), folder));
 }
+
+// While it lives, a folder with a letter of no European code page is this process's current one.
+class ForeignFolder {
+public:
+    explicit ForeignFolder(const WorkFolder& work) {
+        GetCurrentDirectoryW(MAX_PATH, before_);
+        const std::string parent = work.Folder();
+        const std::wstring folder = std::wstring(parent.begin(), parent.end()) + L"\\\u5de5";
+        if (!CreateDirectoryW(folder.c_str(), nullptr) || !SetCurrentDirectoryW(folder.c_str()))
+            Fail("cannot make a folder with a foreign name");
+    }
+    ForeignFolder(const ForeignFolder&) = delete;
+    ForeignFolder& operator=(const ForeignFolder&) = delete;
+    ~ForeignFolder() { SetCurrentDirectoryW(before_); }
+
+private:
+    wchar_t before_[MAX_PATH] = L"";
+};
+
+TEST_P(StartFolderTest, WithALetterOutsideTheCodePageIsToldAtOnce) {
+    const ForeignFolder folder(work_);
+    ExpectRefused(Program(Exe(), ""));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, StartFolderTest, testing::Values("zentrik.exe", "zentrik98.exe"));
 
 TEST_F(FrameTest, OldWorkingCopiesStayWhenTheTempFolderIsNotEmpty) {
     App& app = Run(Kind::Nt, [](const WorkFolder& work) {

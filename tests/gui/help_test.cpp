@@ -1,6 +1,9 @@
-// The guide beside the program in the browser, for which a program stands in that notes its start.
+// The help file, and the guide beside the program in the browser, for which a program stands in
+// that notes its start.
 #include "tests/gui/driver/input.h"
 #include "tests/gui/gui_test.h"
+
+#include <set>
 
 namespace gui {
 
@@ -78,6 +81,42 @@ TEST_P(HelpTest, TheGuideOpensInTheBrowser) {
     Key(VK_F1);
     ExpectPage(app, "the-runtime-and-the-compiler");
     tools.Click(IDCANCEL);
+    app.Finish();
+    app.Exit();
+}
+
+BOOL CALLBACK TakeVisible(HWND window, LPARAM windows) {
+    if (IsWindowVisible(window))
+        reinterpret_cast<std::set<HWND>*>(windows)->insert(window);
+    return TRUE;
+}
+
+// The windows of all programs.
+std::set<HWND> AllWindows() {
+    std::set<HWND> windows;
+    EnumWindows(TakeVisible, reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+// The help file here is none, which its viewer, another program, says in a box.
+TEST_P(HelpTest, TheHelpFileOfTheWorkFolderComesFirst) {
+    PutFile(work_.Path("zkhelp.hlp"), "");
+    Program program(Exe(), work_.Folder());
+    App app(program);
+    const std::set<HWND> before = AllWindows();
+    app.Start(CM_HELP_CONTENTS);
+    HWND viewer = nullptr;
+    program.WaitFor("the viewer of help files", [&] {
+        for (HWND window : AllWindows()) {
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            if (!before.contains(window) && process != program.ProcessId())
+                viewer = window;
+        }
+        return viewer != nullptr;
+    });
+    EXPECT_FALSE(FileExists(work_.Path("browser.args")));
+    PostMessageA(viewer, WM_CLOSE, 0, 0);
     app.Finish();
     app.Exit();
 }

@@ -1,4 +1,7 @@
-// The lists of the MDI children can be scrolled to the end of a long row.
+// The lists of the MDI children can be scrolled to the end of a long row, and a long name in a
+// dialog leaves the columns beside it in sight.
+#include "resources/core/variable.h"
+#include "system/core/system_file.h"
 #include "tests/gui/driver/screenshot.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_project.h"
@@ -57,6 +60,15 @@ protected:
         });
     }
 
+    // The right half of a row, which is not the first one: that shows the focus.
+    void ExpectColumnsInSight(HWND list, int row) {
+        RECT inside{};
+        GetClientRect(list, &inside);
+        Running().Process().WaitFor("the value beside a short name", [&] {
+            return !IsOneColour(RightEdge(list, row, inside.right / 2));
+        });
+    }
+
     std::string base_;
 };
 
@@ -81,6 +93,49 @@ TEST_P(ListWidthTest, OfTheFindings) {
     app.Finish();
     app.Process().Send(app.Inner(kMessages), LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(""));
     ExpectScrollsToTheEnd(kMessages, app.Path(base_ + ".rul"));
+}
+
+TEST_P(ListWidthTest, OfVariablesAndInitialFactsBesideALongName) {
+    const std::string long_name(69, 'W');
+    App& app = Run(GetParam(), [&](const WorkFolder& work) {
+        PutSampleProject(work);
+        SystemFile system;
+        ASSERT_EQ(ReadSystem(work.Path("tank.lse").c_str(), system), ReadResult::Ok);
+        SetText(system.facts.at(0).Name, long_name);
+        SetText(system.head.VarName, work.Path("tank.var"));
+        SetText(system.head.InitName, work.Path("tank.ikw"));
+        PutFile(work.Path("tank.lse"), SystemBytes(system));
+        V_V variable{};
+        SetText(variable.Name, "A");
+        SetText(variable.Type, "int");
+        SetText(variable.Val, "1");
+        PutFile(work.Path("tank.var"), BytesOf(std::vector<V_V>{variable, variable}));
+        I_K initial{};
+        SetText(initial.K_Name, system.facts.at(1).Name);
+        SetText(initial.K_Val, "1");
+        SetText(initial.Pres, "FULL");
+        PutFile(work.Path("tank.ikw"), BytesOf(std::vector<I_K>{initial}));
+    });
+    app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("tank.lse"));
+    app.Start(CM_ADD_LOCAL_VARS);
+    Dialog variables = app.WaitDialog("Local Vars");
+    const HWND list = variables.Control(VAR_LIST);
+    ExpectColumnsInSight(list, 1);
+    variables.SetText(VAR_NAME, long_name);
+    variables.SetText(VAR_TYPE, "int");
+    variables.SetText(VAR_VALUE, "1");
+    variables.Click(VAR_ADD);
+    ASSERT_EQ(variables.Rows(VAR_LIST).at(2), "A \t int \t 1");
+    ExpectColumnsInSight(list, 2);
+    variables.Click(IDCANCEL);
+    app.Finish();
+    app.Start(CM_INIT_FACTS);
+    app.ChooseFile("Open DDE File", app.Path("link.dde"));
+    Dialog initial = app.WaitDialog("Init Facts");
+    ASSERT_EQ(initial.Rows(INIT_FACTS).at(1), "Valve \t 1 \t FULL");
+    ExpectColumnsInSight(initial.Control(INIT_FACTS), 1);
+    initial.Click(IDCANCEL);
+    app.Finish();
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ListWidthTest, testing::Values(Kind::Nt, Kind::Win98));

@@ -160,6 +160,32 @@ TEST_F(ProjectTest, ExitAsksForProjectSystemAndTextInTurn) {
     EXPECT_EQ(app.Farewell(), 0u);
 }
 
+class CancelledExitTest : public ProjectTest, public testing::WithParamInterface<Kind> {};
+
+TEST_P(CancelledExitTest, GreysTheCommandsOfWhatItClosed) {
+    App& app = RunSample(GetParam());
+    RemoveRow(app, 7);
+    app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("tank.lse"));
+    app.SelectRow(kSystem, 3);
+    app.Command(CM_RESOURCE_REMOVE);
+    const std::vector<int> of_project{CM_SAVE_MORV,   CM_SAVE_AS_MORV, CM_CLOSE_MORV,
+                                      CM_REMOVE_ITEM, CM_DEBUG,        CM_COMPILE};
+    app.Start(CM_EXIT);
+    app.ExpectBox(kChanged, kCloseCaption, Buttons::YesNoCancel, Icon::None, Answer::No);
+    app.ExpectBox("Save Current MORV System", kCloseCaption, Buttons::YesNoCancel, Icon::None,
+                  Answer::Cancel);
+    app.Finish();
+    EXPECT_FALSE(app.HasChild(kProject));
+    EXPECT_TRUE(app.HasChild(kSystem));
+    for (int id : of_project)
+        EXPECT_TRUE(app.IsGrey(id)) << id;
+    EXPECT_TRUE(app.IsGrey("Add MORV Item"));
+    for (int id : {CM_SAVE_SYSTEM, CM_SAVE_AS_SYSTEM, CM_CLOSE_SYSTEM})
+        EXPECT_FALSE(app.IsGrey(id)) << id;
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, CancelledExitTest, testing::Values(Kind::Nt, Kind::Win98));
+
 TEST_F(ProjectTest, AProjectThatCannotBeOpenedIsReported) {
     App& app = Run(Kind::Nt, PutSampleProject);
     {

@@ -25,8 +25,8 @@ protected:
     }
 
     // The program with the sample project open.
-    App& RunSample() {
-        App& app = Run(Kind::Nt, PutSampleProject);
+    App& RunSample(Kind kind = Kind::Nt) {
+        App& app = Run(kind, PutSampleProject);
         Open(app, "plant.mrv");
         return app;
     }

@@ -20,18 +20,19 @@ int Size(const std::string& text) {
 class GuiRuleEditorTest : public GuiTest {
 protected:
     // The rule editor on a new file.
-    RuleBox& RunNew(const App::Setup& setup = {}) {
-        app_ = &Run(Kind::Nt, setup);
+    RuleBox& RunNew(const App::Setup& setup = {}, Kind kind = Kind::Nt) {
+        app_ = &Run(kind, setup);
         return Start();
     }
 
     // The rule editor on "a.rul" with this text and, unless it is "-", this index file.
-    RuleBox& RunOn(const std::string& text, const std::string& index = "-") {
-        RunNew([&](const WorkFolder& work) {
+    RuleBox& RunOn(const std::string& text, const std::string& index = "-", Kind kind = Kind::Nt) {
+        const auto setup = [&](const WorkFolder& work) {
             PutFile(work.Path("a.rul"), text);
             if (index != "-")
                 PutFile(work.Path("a.siz"), index);
-        });
+        };
+        RunNew(setup, kind);
         Open("a.rul");
         return *box_;
     }
@@ -250,8 +251,10 @@ TEST_F(GuiRuleEditorTest, OpenRulesListsEveryRecord) {
     EXPECT_FALSE(FileExists(app_->Path("b.siz")));
 }
 
-TEST_F(GuiRuleEditorTest, RulesWithLfAloneShowTheirLinesAndAreSavedWithCrLf) {
-    RuleBox& box = RunOn("Rule 1\na\nEndRule\n");
+class LfRulesTest : public GuiRuleEditorTest, public testing::WithParamInterface<Kind> {};
+
+TEST_P(LfRulesTest, ShowTheirLinesAndAreSavedWithCrLf) {
+    RuleBox& box = RunOn("Rule 1\na\nEndRule\n", "-", GetParam());
     EXPECT_EQ(box.Content(), kOne);
     EXPECT_FALSE(box.Modified());
     box.Command(RM_SAVE_FILE);
@@ -259,6 +262,8 @@ TEST_F(GuiRuleEditorTest, RulesWithLfAloneShowTheirLinesAndAreSavedWithCrLf) {
     EXPECT_EQ(File("a.siz"), IndexFile({Size(kOne) - 2}));
     box.Close();
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, LfRulesTest, testing::Values(Kind::Nt, Kind::Win98));
 
 TEST_F(GuiRuleEditorTest, NewFileStartsAgain) {
     RuleBox& box = RunOn(kOne, IndexFile({Size(kOne)}));

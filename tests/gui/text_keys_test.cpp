@@ -36,6 +36,12 @@ protected:
         Running().Process().Send(edit_, EM_SETSEL, 0, 0);
     }
 
+    // Presses a key while another one is down.
+    void KeyWith(WORD held, WORD key) {
+        Running().Inner().ReadNews(Running().Frame());
+        Key(key, held);
+    }
+
     // Presses a button that has a state.
     void Check(const Dialog& dialog, int id) {
         Running().Process().Send(dialog.Control(id), BM_CLICK);
@@ -59,7 +65,7 @@ protected:
     }
 
     Dialog OpenDialog(WORD key, const std::string& title) {
-        Key(key, VK_CONTROL);
+        KeyWith(VK_CONTROL, key);
         Dialog dialog = Running().WaitDialog(title);
         Wait("the focus in its field", [&] { return GetParent(Focus()) == dialog.Window(); });
         return dialog;
@@ -71,20 +77,31 @@ protected:
     HWND edit_ = nullptr;
 };
 
-TEST_P(TextKeysTest, CtrlASelectsAll) {
+TEST_P(TextKeysTest, CtrlASelectsAllAndCtrlTabGoesToTheNextWindow) {
     RunWith(kText);
-    Key('A', VK_CONTROL);
+    KeyWith(VK_CONTROL, 'A');
     ExpectSelected(0, sizeof kText - 1);
+    App& app = Running();
+    const HWND first = app.Child(kEditor);
+    app.Command(CM_NEW_FILE);
+    ASSERT_NE(app.Child(kEditor), first);
+    MouseClick(app.Inner(kEditor), {0, 0});
+    Wait("the focus in the new text", [&] { return Focus() == app.Inner(kEditor); });
+    KeyWith(VK_CONTROL, VK_TAB);
+    Wait("the first text in front", [&] { return app.Child(kEditor) == first; });
     EXPECT_EQ(Text(), kText);
+    app.Activate(first);
+    app.CloseChild(first);
+    EXPECT_EQ(app.EditorText(), ""); // the key is none of the text's
 }
 
 TEST_P(TextKeysTest, CtrlSSaves) {
     RunWith(kText);
     Keys("x");
     Wait("the key", [&] { return Text() == std::string("x") + kText; });
-    Key('S', VK_CONTROL);
-    Wait("the file", [&] { return File() == std::string("x") + kText; });
+    KeyWith(VK_CONTROL, 'S');
     Wait("the end of saving", [&] { return SendMessageA(edit_, EM_GETMODIFY, 0, 0) == 0; });
+    EXPECT_EQ(File(), std::string("x") + kText); // not read before: an open file is not replaced
     EXPECT_EQ(Text(), std::string("x") + kText);
 }
 
@@ -94,7 +111,7 @@ TEST_P(TextKeysTest, CtrlSDoesNothingBesideTheRuleEditor) {
     RuleBox box(app);
     MouseClick(box.Edit(), {0, 0});
     Wait("the focus in the text", [&] { return Focus() == box.Edit(); });
-    Key('S', VK_CONTROL);
+    KeyWith(VK_CONTROL, 'S');
     Keys("x");
     Wait("the key behind it", [&] { return box.Content() == "x"; });
     EXPECT_FALSE(FileExists(app.Path("untitled.rul")));
@@ -115,7 +132,7 @@ TEST_P(TextKeysTest, CtrlFFindsAndF3FindsTheNext) {
     ExpectSelected(0, 4);
     Key(VK_F3);
     ExpectSelected(10, 14);
-    Key(VK_F3, VK_SHIFT);
+    KeyWith(VK_SHIFT, VK_F3);
     ExpectSelected(0, 4);
     PostMessageA(dialog.Window(), WM_COMMAND, IDCANCEL, 0);
     dialog.WaitGone();
@@ -217,7 +234,7 @@ TEST_P(TextKeysTest, CtrlGGoesToALine) {
     RunWith(text);
     const auto go_to = [&](const std::string& line) {
         Wait("the focus in the text", [&] { return Focus() == edit_; });
-        Key('G', VK_CONTROL);
+        KeyWith(VK_CONTROL, 'G');
         Dialog dialog = Running().WaitDialog("Go to Line");
         Wait("the focus in the field", [&] { return Focus() == dialog.Control(GOTO_LINE); });
         Keys(line); // over the line that was proposed
@@ -237,7 +254,7 @@ TEST_P(TextKeysTest, CtrlGGoesToALine) {
     go_to("0");
     ExpectSelected(0, 0);
     Wait("the focus in the text", [&] { return Focus() == edit_; });
-    Key('G', VK_CONTROL);
+    KeyWith(VK_CONTROL, 'G');
     Dialog dialog = Running().WaitDialog("Go to Line");
     EXPECT_EQ(dialog.Text(GOTO_LINE), "1");
     dialog.Click(IDCANCEL);

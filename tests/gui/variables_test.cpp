@@ -2,7 +2,6 @@
 #include "resources/core/dde_item.h"
 #include "resources/core/variable.h"
 #include "tests/gui/blocked_files.h"
-#include "tests/gui/driver/screenshot.h"
 #include "tests/gui/system_steps.h"
 
 namespace gui {
@@ -66,27 +65,6 @@ protected:
         return FileContent(app.Path("temp\\" + name));
     }
 };
-
-TEST_F(VariablesTest, ALongNameLeavesTheOtherColumnsInSight) {
-    App& app = RunStored();
-    Dialog dialog = OpenVariables(app);
-    const HWND list = dialog.Control(VAR_LIST);
-    RECT inside{};
-    GetClientRect(list, &inside);
-    // The row of the variable C, which is not the first one: that shows the focus.
-    const auto value_in_sight = [&](int row) {
-        const auto height = static_cast<LONG>(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0));
-        RECT place{inside.right / 2, height * row, inside.right, height * (row + 1)};
-        MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&place), 2);
-        return !IsOneColour(ScreenPixels(place));
-    };
-    app.Process().WaitFor("the value beside short names", [&] { return value_in_sight(1); });
-    Add(dialog, {std::string(200, 'W'), "int", "1"});
-    EXPECT_EQ(dialog.Rows(VAR_LIST)[1], kStoredRows[0]);
-    app.Process().WaitFor("the value beside a long name", [&] { return value_in_sight(2); });
-    dialog.Click(IDCANCEL);
-    app.Finish();
-}
 
 TEST_F(VariablesTest, ANewSystemsAreKeptAsAWorkingCopyUntilItIsSaved) {
     App& app = RunNew();

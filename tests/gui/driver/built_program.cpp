@@ -73,7 +73,8 @@ void BuiltProgram::Poke(const std::string& conversation,
 void BuiltProgram::Type(HWND window, const std::string& line) const {
     const HWND entry = FindWindowExA(window, nullptr, "EDIT", nullptr);
     SendMessageA(entry, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(line.c_str()));
-    PostMessageA(entry, WM_KEYDOWN, VK_RETURN, 0);
+    SendMessageA(entry, WM_KEYDOWN, VK_RETURN,
+                 0); // posted, it would find the text of the next line
 }
 
 std::string BuiltProgram::Close(HWND window) const {

@@ -1,6 +1,7 @@
 #include "tests/gui/driver/input.h"
 
 #include <cctype>
+#include <vector>
 
 namespace gui {
 
@@ -11,28 +12,13 @@ void PostClick(HWND hwnd, UINT down, POINT place) {
     PostMessageA(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(place.x, place.y));
 }
 
-void SendKey(WORD code, DWORD flags) {
+INPUT KeyInput(WORD code, DWORD flags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = code;
     input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(code, MAPVK_VK_TO_VSC));
     input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof input);
-}
-
-// Presses a key and has it stay down. The window system releases what it finds pressed when the
-// news of the focus reaches the program, which may be late: the key is pressed again until the
-// program has seen all such news. Two answers of the program: it reads them between the two.
-void Hold(WORD code) {
-    const HWND window = GetForegroundWindow();
-    for (int tries = 0; tries < 10; ++tries) {
-        SendKey(code, 0);
-        DWORD_PTR answer = 0;
-        for (int asked = 0; asked < 2; ++asked)
-            SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_NORMAL, 2000, &answer);
-        if (GetAsyncKeyState(code) < 0)
-            return;
-    }
+    return input;
 }
 
 } // namespace
@@ -67,12 +53,12 @@ void PointerClick(const Program& program, HWND hwnd, POINT place) {
 }
 
 void Key(WORD code, WORD held) {
-    if (held)
-        Hold(held);
-    SendKey(code, 0);
-    SendKey(code, KEYEVENTF_KEYUP);
-    if (held)
-        SendKey(held, KEYEVENTF_KEYUP);
+    std::vector<INPUT> inputs{KeyInput(code, 0), KeyInput(code, KEYEVENTF_KEYUP)};
+    if (held) {
+        inputs.insert(inputs.begin(), KeyInput(held, 0));
+        inputs.push_back(KeyInput(held, KEYEVENTF_KEYUP));
+    }
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof inputs[0]);
 }
 
 void Keys(const std::string& text) {

@@ -18,8 +18,9 @@ void MouseDoubleClick(HWND hwnd, POINT place);
 void PointerClick(const Program& program, HWND hwnd, POINT place);
 
 // Presses and releases a key of the keyboard, by its virtual key code; to the window with the
-// focus.
-void Key(WORD code, WORD held = 0); // `held`: another key that is down meanwhile
+// focus. `held` is another key that is down meanwhile; Inside::ReadNews comes before, or late news
+// of the focus may release it.
+void Key(WORD code, WORD held = 0);
 void Keys(const std::string& text); // letters, digits and blanks
 
 } // namespace gui

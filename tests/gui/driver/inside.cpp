@@ -2,7 +2,6 @@
 
 #include "tests/gui/driver/failure.h"
 #include "tests/gui/driver/places.h"
-#include "tests/gui/spy/spy.h"
 
 #include <algorithm>
 #include <sstream>

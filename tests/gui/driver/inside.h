@@ -4,6 +4,7 @@
 
 #include "shell/core/messages.h"
 #include "tests/gui/driver/program.h"
+#include "tests/gui/spy/spy.h"
 
 #include <string>
 #include <vector>
@@ -31,6 +32,10 @@ public:
     std::vector<MenuItem> Menu(HWND frame);
     char StockIcon(HWND control);    // as spy::StockIcon says
     bool WaitCursorSeen(HWND frame); // as spy::WaitCursorSeen says
+
+    // Returns when the program has read the news of the focus. When they come late they release
+    // every key that is down.
+    void ReadNews(HWND frame) { Ask(frame, spy::NewsRead); }
 
     // Posts a mark to a window of the program. Passed: the program has taken it from its queue, and
     // with it all that was posted before.

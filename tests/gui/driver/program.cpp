@@ -17,7 +17,7 @@ bool Started(const std::string& exe, const std::string& folder, PROCESS_INFORMAT
     for (int tries = 0; tries < 5; ++tries) {
         std::string line = "\"" + exe + "\"";
         if (CreateProcessA(exe.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                           folder.c_str(), &start, &process))
+                           folder.empty() ? nullptr : folder.c_str(), &start, &process))
             return true;
         if (GetLastError() != ERROR_INTERNAL_ERROR)
             break;

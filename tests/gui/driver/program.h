@@ -15,8 +15,8 @@ constexpr DWORD kPatience = 15000; // ms that anything may take
 
 class Program {
 public:
-    // Starts `exe` with `folder` as its current folder. With keep_running the process is left
-    // alone at the end instead of being ended.
+    // Starts `exe` with `folder` as its current folder; without one in that of this process. With
+    // keep_running the process is left alone at the end instead of being ended.
     Program(const std::string& exe, const std::string& folder, bool keep_running = false);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

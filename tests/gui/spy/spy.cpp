@@ -51,6 +51,13 @@ char StockIconOf(HWND control) {
     return icon == LoadIconA(nullptr, IDI_QUESTION) ? '?' : 'o';
 }
 
+// The question for the pointer goes to the X server, whose answer comes after all it told before.
+void ReadNews() {
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT);
+}
+
 bool wait_cursor_seen = false;
 
 void AnswerQuestion(const CWPSTRUCT& message) {
@@ -71,6 +78,8 @@ void AnswerQuestion(const CWPSTRUCT& message) {
             text[0] = wait_cursor_seen ? '1' : '0';
             text[1] = '\0';
             wait_cursor_seen = false;
+        } else if (message.wParam == spy::NewsRead) {
+            ReadNews();
         }
         UnmapViewOfFile(text);
     }

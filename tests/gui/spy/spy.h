@@ -26,6 +26,8 @@ enum Question : WPARAM {
     StockIcon = 2,
     // "1" when the wait cursor was shown while a message was sent since this was asked last.
     WaitCursorSeen = 3,
+    // Nothing; but the thread has taken what the window system had to tell it, as of the focus.
+    NewsRead = 4,
 };
 
 // The answer, in a named file mapping: the text and its NUL.

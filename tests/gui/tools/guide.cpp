@@ -160,8 +160,9 @@ private:
         built.AwaitLine(": hold");
         built.Poke("boiler", {{"Pressure", "11.5"}, {"DrumLevel", "55"}, {"GasPressure", "120"}});
         built.Type(window, "tick");
+        built.AwaitLine("HIGH_PRESSURE holds");
         built.Type(window, "why HIGH_PRESSURE");
-        built.AwaitLine(": why HIGH_PRESSURE");
+        built.AwaitLine("Pressure = 11.5, poked");
         SetWindowPos(window, HWND_TOP, 120, 120, 620, 360, 0);
         Picture("executed", window);
         built.Close(window);
