@@ -224,7 +224,7 @@ private:
             options->work = InnerPath(options->work);
             return Import(*options, report);
         };
-        CLI::App* command = Command("import", "Make the project of a text", run,
+        CLI::App* command = Command("import", "Make the project of a text, and a work folder", run,
                                     [options] { return std::vector{options->work}; });
         command->add_option("SOURCE", options->source, "The text, or the folder that it is in")
             ->required();
@@ -234,6 +234,8 @@ private:
     }
 
     void AddMove() {
+            if (!options->morv.empty())
+                options->morv = ProjectPath(options->morv);
         auto options = std::make_shared<MoveOptions>();
         auto run = [options](const Report& report) {
             options->project = ProjectPath(options->project);
@@ -243,6 +245,23 @@ private:
         };
         CLI::App* command = Command("move", "Rewrite the paths in a project whose folder has moved",
                                     run, [options] { return std::vector{options->project}; });
+        CLI::Option* const morv =
+            command
+                ->add_option("--morv", options->morv,
+                             "Make WORKFOLDER one to work in: with the starter runtime of this "
+                             "folder, and the tools file that names it")
+                ->type_name("FOLDER");
+        command
+            ->add_option("--utility", options->utility,
+                         "The compiler utility that the tools file names; the one that comes with "
+                         "the runtime when not given")
+            ->type_name("COMMAND")
+            ->needs(morv);
+        command
+            ->add_flag("--update", options->update,
+                       "In a WORKFOLDER that has a tools file only bring the runtime up to date, "
+                       "and leave projects and tools alone")
+            ->needs(morv);
         command->add_option("PROJECT", options->project, "The project file where it is now")
             ->required();
         command->add_option("FROM", options->from, "The folder that the paths inside still name")

@@ -41,6 +41,13 @@ void FileSet::Add(const std::string& path, std::string bytes) {
     files_.insert_or_assign(path, std::move(bytes));
 }
 
+std::optional<std::string> FileSet::FirstThere() const {
+    for (const auto& [path, bytes] : files_)
+        if (files::Exists(path.c_str()))
+            return path;
+    return std::nullopt;
+}
+
 // The new files are written beside the old ones first: when the disk is full, nothing has changed
 // yet, and names change hands without room.
 bool FileSet::Write(const Report& report) const {

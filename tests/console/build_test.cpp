@@ -1,10 +1,10 @@
 #include "../core/build_disk.h"
+#include "../core/sample.h"
 #include "random_project.h"
 
 #include "build/core/rules_header.h"
 #include "build/core/rules_source.h"
 #include "build/core/support_files.h"
-#include "examples/sample_writer.h"
 
 namespace {
 
@@ -59,7 +59,7 @@ TEST_F(BuildCommand, PutsTheOldFilesBackWhenItFails) {
 }
 
 TEST_F(BuildCommand, WritesWhatCompileWrites) {
-    ASSERT_EQ(sample::WriteRuntime(std::string(SOURCE_FOLDER) + "/morv", "C:\\morv"), "");
+    ASSERT_EQ(zentrik_test::PutRuntime("C:"), "");
     int built = 0;
     for (unsigned seed = 1; seed <= 1000 && !HasFailure(); ++seed) {
         SCOPED_TRACE(seed);

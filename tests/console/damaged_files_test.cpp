@@ -1,8 +1,7 @@
 // Whatever the files of a project hold, a command ends with a code, and says in one line why it
 // stopped.
+#include "../core/sample.h"
 #include "console_test.h"
-
-#include "examples/sample_writer.h"
 
 namespace {
 
@@ -13,9 +12,7 @@ using zentrik_test::Ran;
 class DamagedProject : public Console {
 protected:
     void SetUp() override {
-        ASSERT_EQ(
-            sample::WriteSample(std::string(SOURCE_FOLDER) + "/examples/boiler", "C:\\zentrik", ""),
-            "");
+        ASSERT_EQ(zentrik_test::PutSample("C:\\zentrik"), "");
         sound_ = Files("zentrik/boiler");
     }
 

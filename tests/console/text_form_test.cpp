@@ -1,6 +1,5 @@
+#include "../core/sample.h"
 #include "random_project.h"
-
-#include "examples/sample_writer.h"
 
 namespace {
 
@@ -55,7 +54,7 @@ protected:
 
 TEST_F(TextForm, HoldsTheSampleByteForByte) {
     const std::string source = std::string(SOURCE_FOLDER) + "/examples/boiler";
-    ASSERT_EQ(sample::WriteSample(source, "C:\\zentrik", ""), "");
+    ASSERT_EQ(zentrik_test::PutSample("C:\\zentrik"), "");
     const auto before = Files("zentrik/boiler");
     EXPECT_EQ(before.size(), 23u);
     ASSERT_EQ(Export("zentrik/boiler/boiler.mrv", "text").code, 0);
