@@ -163,6 +163,7 @@ private:
                                     run, [options] { return std::vector{options->project}; });
         command->add_option("PROJECT", options->project, "The project file, .mrv")->required();
         AddRuntime(command, options->morv);
+        AddLimit(command, options->limit, "command");
         command->add_flag("--trace", options->trace, "Each rule tells what it does");
     }
 
@@ -183,6 +184,7 @@ private:
         command->add_option("SCENARIO", options->scenarios,
                             "The scenario files; all beside the project when none is given");
         AddRuntime(command, options->morv);
+        AddLimit(command, options->limit, "step");
         command->add_option("--junit", options->junit, "Where the same goes as JUnit's XML")
             ->type_name("FILE");
     }
@@ -192,6 +194,16 @@ private:
             ->add_option("--morv", morv,
                          "The starter runtime's folder; the one around this program when not given")
             ->type_name("FOLDER");
+    }
+
+    // The rest is what the timers of every system take.
+    static void AddLimit(CLI::App* command, unsigned& limit, const std::string& what) {
+        command
+            ->add_option("--limit", limit,
+                         "How long a " + what + " may take; " + std::to_string(kUsualLimit) +
+                             " when not given, 0 for any time")
+            ->type_name("SECONDS")
+            ->check(CLI::Range(0u, 1000000u));
     }
 
     void AddShow() {
@@ -222,6 +234,8 @@ private:
         auto run = [options](const Report& report) {
             options->source = ProjectPath(options->source);
             options->work = InnerPath(options->work);
+            if (!options->morv.empty())
+                options->morv = ProjectPath(options->morv);
             return Import(*options, report);
         };
         CLI::App* command = Command("import", "Make the project of a text, and a work folder", run,
@@ -231,20 +245,6 @@ private:
         command->add_option("WORKFOLDER", options->work, "Where the project's folder goes")
             ->required();
         command->add_flag("--replace", options->replace, "Write over the files that are there");
-    }
-
-    void AddMove() {
-            if (!options->morv.empty())
-                options->morv = ProjectPath(options->morv);
-        auto options = std::make_shared<MoveOptions>();
-        auto run = [options](const Report& report) {
-            options->project = ProjectPath(options->project);
-            options->from = InnerPath(options->from);
-            options->to = InnerPath(options->to);
-            return Move(*options, report);
-        };
-        CLI::App* command = Command("move", "Rewrite the paths in a project whose folder has moved",
-                                    run, [options] { return std::vector{options->project}; });
         CLI::Option* const morv =
             command
                 ->add_option("--morv", options->morv,
@@ -262,6 +262,18 @@ private:
                        "In a WORKFOLDER that has a tools file only bring the runtime up to date, "
                        "and leave projects and tools alone")
             ->needs(morv);
+    }
+
+    void AddMove() {
+        auto options = std::make_shared<MoveOptions>();
+        auto run = [options](const Report& report) {
+            options->project = ProjectPath(options->project);
+            options->from = InnerPath(options->from);
+            options->to = InnerPath(options->to);
+            return Move(*options, report);
+        };
+        CLI::App* command = Command("move", "Rewrite the paths in a project whose folder has moved",
+                                    run, [options] { return std::vector{options->project}; });
         command->add_option("PROJECT", options->project, "The project file where it is now")
             ->required();
         command->add_option("FROM", options->from, "The folder that the paths inside still name")

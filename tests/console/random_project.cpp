@@ -105,6 +105,7 @@ RandomProject::Bytes RandomProject::TextField(const std::string& text, std::size
     Bytes bytes{text.substr(0, size - 1), text.substr(0, size - 1)};
     bytes.clean.resize(size, '\0');
     bytes.dirty += '\0';
+    bytes.dirty.reserve(size);
     while (bytes.dirty.size() < size)
         bytes.dirty += static_cast<char>(OneIn(2) ? 0 : Below(256));
     return bytes;

@@ -1,5 +1,6 @@
 #include "tests/gui/sample_parts.h"
 
+#include "build/core/project_lists.h"
 #include "console/project_form.h"
 #include "shell/core/paths.h"
 #include "tests/gui/driver/app.h"
@@ -24,7 +25,7 @@ std::string StemIn(const std::string& path) {
 }
 
 template <std::size_t N>
-const std::string& ContentOf(const ProjectFolder& folder, char (&path)[N]) {
+const std::string& ContentOf(const ProjectFolder& folder, const char (&path)[N]) {
     const std::string* const content = folder.Content(Text(path));
     if (!content)
         Fail("the sample does not have " + Text(path));
