@@ -45,6 +45,11 @@ RandomProject::RandomProject(unsigned seed, bool buildable) : random_(seed), bui
     Add("p.mrv", head);
     for (unsigned i = Below(3); i > 0; --i)
         Add("words" + std::to_string(i) + (OneIn(2) ? ".tag" : ".TAG"), Names(5));
+    for (unsigned i = Below(3); i > 0; --i) {
+        const std::string name = (OneIn(2) ? "long day " : "day") + std::to_string(i) +
+                                 (OneIn(2) ? ".scenario" : ".Scenario");
+        clean[name] = dirty[name] = Source();
+    }
 }
 
 // Names of all kinds, also such as no one would choose.

@@ -162,6 +162,9 @@ TEST_F(TextForm, SaysWhatIsWrongWithATextAndWhere) {
     wrong("[project p]\nresult\n", "line 2: no row belongs here");
     wrong("[thing p]\n", "line 1: no such kind of section: thing");
     wrong("row\n", "line 1: no row belongs here");
+    wrong("[project p]\nscenario = a.scenario\n", "cannot read a.scenario");
+    wrong("[project p]\nscenario = a.txt\n", "line 2: no name for scenarios: a.txt");
+    wrong("[project p]\nscenario = b\\a.scenario\n", "line 2: no name for scenarios");
     wrong("[project p]\n" + std::string(9, ' ') +
               "\n[system a]\n[system b]\n[system c]\n"
               "[system d]\n[system e]\n[system f]\n[system g]\n[system h]\n[system i]\n",
@@ -176,6 +179,27 @@ TEST_F(TextForm, IsReadWithUnnumberedRulesOnlyWithTheirIndex) {
     EXPECT_EQ(Import("p.txt").code, 0);
     EXPECT_EQ(Content("r/p/a.rul"), "Rule 2\r\nEndRule\r\n");
     EXPECT_EQ(Content("r/p/a.siz").size(), 267u);
+}
+
+// Whatever their line ends, and also when one is a source of the project as well.
+TEST_F(TextForm, HoldsTheScenariosBesideTheProject) {
+    PutForm("p.txt", "[project p]\nmain = b.scenario\nscenario = a\nscenario = b\n");
+    const std::string odd("scenario A\ntick\r\n\n\0tick", 24);
+    temp.Put("forms/a.scenario", odd);
+    temp.Put("forms/b.scenario", "scenario B\n");
+    const Ran ran = Import("p.txt");
+    EXPECT_EQ(ran.code, 0) << ran.err;
+    EXPECT_EQ(Content("r/p/a.scenario"), odd);
+    EXPECT_EQ(Content("r/p/b.scenario"), "scenario B\r\n");
+    ASSERT_EQ(Export("r/p/p.mrv", "text").code, 0);
+    const auto text = FormFiles("text");
+    EXPECT_EQ(text.at("a.scenario"), odd);
+    EXPECT_NE(text.at("p.txt").find("\nscenario = a.scenario\nscenario = b.scenario\n"),
+              std::string::npos);
+    const auto before = Files("r");
+    std::filesystem::remove_all(Host("r"));
+    ASSERT_EQ(RunOnDrive({"import", temp.Path("text"), "C:\\r"}).code, 0);
+    EXPECT_EQ(Files("r"), before);
 }
 
 TEST_F(TextForm, ReplacesAProjectOnlyWhenTold) {
