@@ -196,7 +196,7 @@ private:
             ->type_name("FOLDER");
     }
 
-    // The rest is what the timers of every system take.
+    // The most is what a timer takes in milliseconds on every system.
     static void AddLimit(CLI::App* command, unsigned& limit, const std::string& what) {
         command
             ->add_option("--limit", limit,
