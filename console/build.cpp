@@ -95,17 +95,23 @@ BuildNames NamesOf(const BuildOptions& options) {
 
 } // namespace
 
-int Generate(const BuildOptions& options, const Report& report) {
-    const LoadedProject project = LoadProject(options.project);
+int CheckBuildable(const LoadedProject& project, const std::string& morv, const Report& report) {
     if (!project.unreadable.empty())
         return report.Stop(project.unreadable, project.reason);
     if (!project.damaged.empty())
         return report.Stop(project.damaged, project.wrong);
-    const std::string missing = FirstMissing(project, options.morv);
+    const std::string missing = FirstMissing(project, morv);
     if (!missing.empty())
         return report.Stop(missing, files::Exists(missing.c_str())
                                         ? "it names no main file, rules, results or DDE items"
                                         : "No such file or directory");
+    return kNothingFound;
+}
+
+int Generate(const BuildOptions& options, const Report& report) {
+    const LoadedProject project = LoadProject(options.project);
+    if (const int code = CheckBuildable(project, options.morv, report); code != kNothingFound)
+        return code;
     const BuildNames names = NamesOf(options);
     const std::string work = options.work.empty() ? FolderOf(names.folder) : options.work;
     const SupportInput support{project.file.head, names, options.morv, work, nullptr};

@@ -1,6 +1,7 @@
 // The command "build": the files that Compile writes.
 #pragma once
 
+#include "console/loaded_project.h"
 #include "console/report.h"
 
 namespace console {
@@ -13,6 +14,9 @@ struct BuildOptions {
     bool program = false;          // make the program as well
     std::string include, compiler; // of the compiler utility; may be empty
 };
+
+// Looks whether all is there that the generated files are made of; `morv` is the MORV Path.
+int CheckBuildable(const LoadedProject& project, const std::string& morv, const Report& report);
 
 // Writes the generated files alone, with nothing made of them.
 int Generate(const BuildOptions& options, const Report& report);

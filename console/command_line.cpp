@@ -163,6 +163,7 @@ private:
                                     run, [options] { return std::vector{options->project}; });
         command->add_option("PROJECT", options->project, "The project file, .mrv")->required();
         AddRuntime(command, options->morv);
+        AddLimit(command, options->limit, "command");
         command->add_flag("--trace", options->trace, "Each rule tells what it does");
     }
 
@@ -183,6 +184,7 @@ private:
         command->add_option("SCENARIO", options->scenarios,
                             "The scenario files; all beside the project when none is given");
         AddRuntime(command, options->morv);
+        AddLimit(command, options->limit, "step");
         command->add_option("--junit", options->junit, "Where the same goes as JUnit's XML")
             ->type_name("FILE");
     }
@@ -192,6 +194,16 @@ private:
             ->add_option("--morv", morv,
                          "The starter runtime's folder; the one around this program when not given")
             ->type_name("FOLDER");
+    }
+
+    // The most is what a timer takes in milliseconds on every system.
+    static void AddLimit(CLI::App* command, unsigned& limit, const std::string& what) {
+        command
+            ->add_option("--limit", limit,
+                         "How long a " + what + " may take; " + std::to_string(kUsualLimit) +
+                             " when not given, 0 for any time")
+            ->type_name("SECONDS")
+            ->check(CLI::Range(0u, 1000000u));
     }
 
     void AddShow() {
@@ -222,15 +234,34 @@ private:
         auto run = [options](const Report& report) {
             options->source = ProjectPath(options->source);
             options->work = InnerPath(options->work);
+            if (!options->morv.empty())
+                options->morv = ProjectPath(options->morv);
             return Import(*options, report);
         };
-        CLI::App* command = Command("import", "Make the project of a text", run,
+        CLI::App* command = Command("import", "Make the project of a text, and a work folder", run,
                                     [options] { return std::vector{options->work}; });
         command->add_option("SOURCE", options->source, "The text, or the folder that it is in")
             ->required();
         command->add_option("WORKFOLDER", options->work, "Where the project's folder goes")
             ->required();
         command->add_flag("--replace", options->replace, "Write over the files that are there");
+        CLI::Option* const morv =
+            command
+                ->add_option("--morv", options->morv,
+                             "Make WORKFOLDER one to work in: with the starter runtime of this "
+                             "folder, and the tools file that names it")
+                ->type_name("FOLDER");
+        command
+            ->add_option("--utility", options->utility,
+                         "The compiler utility that the tools file names; the one that comes with "
+                         "the runtime when not given")
+            ->type_name("COMMAND")
+            ->needs(morv);
+        command
+            ->add_flag("--update", options->update,
+                       "In a WORKFOLDER that has a tools file only bring the runtime up to date, "
+                       "and leave projects and tools alone")
+            ->needs(morv);
     }
 
     void AddMove() {

@@ -39,6 +39,13 @@ bool Exists(const std::string& local) {
     return access(local.c_str(), F_OK) == 0;
 }
 
+// Whether two names that begin so may be the same but for the case of their letters. Most names are
+// told apart without a look at their letters beyond ASCII.
+bool MayBeSame(char there, char wanted) {
+    const auto is_ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    return !is_ascii(there) || !is_ascii(wanted) || Capital(there) == Capital(wanted);
+}
+
 // How the folder spells `name` (in the code page), in whatever case; as it is when it has no such
 // file.
 std::string SpeltIn(const std::string& folder, const std::string& name) {
@@ -49,6 +56,8 @@ std::string SpeltIn(const std::string& folder, const std::string& name) {
     const std::string wanted = Folded(name);
     std::string found = utf8;
     while (const dirent* entry = readdir(dir)) {
+        if (!MayBeSame(entry->d_name[0], name[0]))
+            continue;
         const std::optional<std::string> there = FromUtf8(entry->d_name);
         // Of several the first in order, so that every run takes the same.
         if (there && Folded(*there) == wanted && (found == utf8 || entry->d_name < found))

@@ -1,6 +1,7 @@
 #include "console/file_set.h"
 
 #include "shell/core/files.h"
+#include "shell/core/replacement.h"
 
 #include <utility>
 
@@ -8,31 +9,17 @@ namespace console {
 
 namespace {
 
-// Makes the folders above a file.
-void MakeFolders(const std::string& path) {
+// Makes the folders above a file; those that were not there are added to `made`.
+void MakeFolders(const std::string& path, std::vector<std::string>& made) {
     const std::size_t slash = path.rfind('\\');
     if (slash == path.npos || slash == 0 || path[slash - 1] == ':')
         return;
     const std::string folder = path.substr(0, slash);
     if (files::Exists(folder.c_str()))
         return;
-    MakeFolders(folder);
-    files::MakeFolder(folder.c_str());
-}
-
-// A rename would also replace a file that is marked read-only, so ask for write access first.
-bool MayReplace(const std::string& path) {
-    if (!files::Exists(path.c_str()))
-        return true;
-    const int han = files::Open(path.c_str(), files::Mode::Update);
-    return han != -1 && files::Close(han);
-}
-
-std::string FreeNameBeside(const std::string& path) {
-    std::string name = path + ".new~";
-    for (int number = 1; files::Exists(name.c_str()); ++number)
-        name = path + ".new~" + std::to_string(number);
-    return name;
+    MakeFolders(folder, made);
+    if (files::MakeFolder(folder.c_str()))
+        made.push_back(folder);
 }
 
 } // namespace
@@ -41,35 +28,26 @@ void FileSet::Add(const std::string& path, std::string bytes) {
     files_.insert_or_assign(path, std::move(bytes));
 }
 
-// The new files are written beside the old ones first: when the disk is full, nothing has changed
-// yet, and names change hands without room.
+std::optional<std::string> FileSet::FirstThere() const {
+    for (const auto& [path, bytes] : files_)
+        if (files::Exists(path.c_str()))
+            return path;
+    return std::nullopt;
+}
+
 bool FileSet::Write(const Report& report) const {
-    std::map<std::string, std::string> beside; // by the path it is for
-    const auto stop = [&](const std::string& path) {
-        report.Stop(path, LastReason());
-        for (const auto& [target, name] : beside)
-            files::Remove(name.c_str());
-        return false;
-    };
+    files::Replacement replacement;
+    std::vector<std::string> made;
     for (const auto& [path, bytes] : files_) {
-        MakeFolders(path);
-        if (!MayReplace(path))
-            return stop(path);
-        const std::string name = FreeNameBeside(path);
-        if (!files::ReplaceWhole(name.c_str(), bytes))
-            return stop(path);
-        beside.emplace(path, name);
+        MakeFolders(path, made);
+        replacement.Put(path, bytes, files::Before::Dropped);
     }
-    Kept kept;
-    for (const auto& [path, name] : beside) {
-        kept.Keep(path);
-        if (files::RenameOver(name.c_str(), path.c_str()))
-            continue;
-        stop(path);
-        kept.PutBack();
-        return false;
-    }
-    return true;
+    if (replacement.CarryOut())
+        return true;
+    report.Stop(replacement.Failed(), LastReason());
+    for (; !made.empty(); made.pop_back())
+        files::RemoveFolder(made.back().c_str());
+    return false;
 }
 
 void Kept::Keep(const std::string& path) {

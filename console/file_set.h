@@ -4,6 +4,7 @@
 #include "console/report.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,9 @@ namespace console {
 class FileSet {
 public:
     void Add(const std::string& path, std::string bytes);
+
+    // The first of these files that is there already.
+    std::optional<std::string> FirstThere() const;
 
     // Writes the files, with the folders that they need. On a failure those written before it are
     // as they were, and the failure was said; returns whether all was well.

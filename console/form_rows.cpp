@@ -49,6 +49,18 @@ std::int32_t WholeNumber(const std::string& text, Failure& failure) {
     return number.value_or(0);
 }
 
+// A row of the text fields of a record.
+template <class... Texts> std::string TextsRow(std::string_view reserved, const Texts&... texts) {
+    return Row({FieldText(Text(texts), reserved)...});
+}
+
+// Puts the first fields of a row into those of a record.
+template <class... Texts>
+void StoreTexts(const std::vector<std::string>& fields, Failure& failure, Texts&... texts) {
+    std::size_t i = 0;
+    (Store(texts, fields[i++], failure), ...);
+}
+
 } // namespace
 
 std::string FactRow(const Dat& fact, std::int32_t number) {
@@ -63,18 +75,16 @@ std::string FactRow(const Dat& fact, std::int32_t number) {
 }
 
 std::string VariableLine(const V_V& variable) {
-    return Row({FieldText(Text(variable.Name), kBar), FieldText(Text(variable.Type), kBar),
-                FieldText(Text(variable.Val), kBar)});
+    return TextsRow(kBar, variable.Name, variable.Type, variable.Val);
 }
 
 std::string InitialLine(const I_K& initial) {
-    return Row({FieldText(Text(initial.K_Name), kBar), FieldText(Text(initial.K_Val), kBar),
-                FieldText(Text(initial.Pres), kBar)});
+    return TextsRow(kBar, initial.K_Name, initial.K_Val, initial.Pres);
 }
 
 // A section with items has settings too, which are known by their '='.
 std::string ItemRow(const DDE_ITEM& item) {
-    return Row({FieldText(Text(item.DName), "|="), FieldText(Text(item.DType), "|=")});
+    return TextsRow("|=", item.DName, item.DType);
 }
 
 std::string OppositeRow(std::string_view entry) {
@@ -115,10 +125,7 @@ Dat FactOfRow(std::string_view line, std::int32_t number, Failure& failure) {
     const std::vector<double> limits = Numbers(fields[4], 3, failure);
     const std::vector<double> levels = Numbers(fields[5], 5, failure);
     Dat fact{};
-    Store(fact.Name, fields[0], failure);
-    Store(fact.KnowType, fields[1], failure);
-    Store(fact.Description, fields[2], failure);
-    Store(fact.Units, fields[3], failure);
+    StoreTexts(fields, failure, fact.Name, fact.KnowType, fact.Description, fact.Units);
     fact.inf_limit = limits[0];
     fact.sup_limit = limits[1];
     fact.Step = limits[2];
@@ -133,28 +140,20 @@ Dat FactOfRow(std::string_view line, std::int32_t number, Failure& failure) {
 }
 
 V_V VariableOfRow(std::string_view line, Failure& failure) {
-    const std::vector<std::string> fields = Fields(line, 3, 3, failure);
     V_V variable;
-    Store(variable.Name, fields[0], failure);
-    Store(variable.Type, fields[1], failure);
-    Store(variable.Val, fields[2], failure);
+    StoreTexts(Fields(line, 3, 3, failure), failure, variable.Name, variable.Type, variable.Val);
     return variable;
 }
 
 I_K InitialOfRow(std::string_view line, Failure& failure) {
-    const std::vector<std::string> fields = Fields(line, 3, 3, failure);
     I_K initial;
-    Store(initial.K_Name, fields[0], failure);
-    Store(initial.K_Val, fields[1], failure);
-    Store(initial.Pres, fields[2], failure);
+    StoreTexts(Fields(line, 3, 3, failure), failure, initial.K_Name, initial.K_Val, initial.Pres);
     return initial;
 }
 
 DDE_ITEM ItemOfRow(std::string_view line, Failure& failure) {
-    const std::vector<std::string> fields = Fields(line, 2, 2, failure);
     DDE_ITEM item;
-    Store(item.DName, fields[0], failure);
-    Store(item.DType, fields[1], failure);
+    StoreTexts(Fields(line, 2, 2, failure), failure, item.DName, item.DType);
     return item;
 }
 

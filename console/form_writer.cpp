@@ -105,6 +105,7 @@ private:
     void Files();
     void ProjectLists();
     void Unused();
+    void Scenarios();
     void Results();
     void Tags();
     void Dde();
@@ -168,6 +169,16 @@ void FormWriter::Project() {
         Expect(chosen);
     ProjectLists();
     Unused();
+    Scenarios();
+}
+
+// They have no line ends that Zentrik asks for, so they stay as they are.
+void FormWriter::Scenarios() {
+    for (const auto& [own, content] : folder_.files)
+        if (IsScenario(own)) {
+            Setting("scenario", FieldText(own, ""));
+            form_.beside.emplace(own, content);
+        }
 }
 
 // The lists are those of the sections in their order, unless that says something else.

@@ -4,6 +4,7 @@
 #include "console/drives.h"
 #include "console/file_set.h"
 #include "console/project_form.h"
+#include "console/work_folder.h"
 
 namespace console {
 
@@ -14,10 +15,12 @@ bool IsText(const std::string& name) {
 }
 
 // The text that `source` names: itself, or in a folder X the file X.txt or else the only text.
-std::string TextOf(const std::string& source, Failure& failure) {
+std::string TextOf(std::string source, Failure& failure) {
     if (IsText(source))
         return source;
-    const std::string own = source + source.substr(source.rfind('\\')) + ".txt";
+    while (source.ends_with('\\'))
+        source.pop_back();
+    const std::string own = source + "\\" + source.substr(source.rfind('\\') + 1) + ".txt";
     if (files::Exists(own.c_str()))
         return own;
     std::string found;
@@ -37,12 +40,8 @@ std::string FolderOfText(const std::string& text) {
     return text.substr(0, text.rfind('\\') + 1);
 }
 
-} // namespace
-
-int Import(const ImportOptions& options, const Report& report) {
-    // Zentrik cuts paths at their first '.' to name the files beside them.
-    if (options.work.find('.') != options.work.npos)
-        return report.Stop(options.work, "a work folder has no '.' in its path");
+// Adds the files of the project that the text describes.
+int AddProject(const ImportOptions& options, const Report& report, FileSet& written) {
     Failure failure;
     const std::string name = TextOf(options.source, failure);
     if (!failure.text.empty())
@@ -59,13 +58,37 @@ int Import(const ImportOptions& options, const Report& report) {
     const ProjectFolder folder = FolderOfForm(text, source, options.work, failure);
     if (!failure.text.empty())
         return report.Stop(name, failure.text);
+    for (const auto& [own, bytes] : folder.files)
+        written.Add(folder.Home() + own, bytes);
+    return kNothingFound;
+}
+
+// Adds all that is asked for.
+int AddAll(const ImportOptions& options, const Report& report, FileSet& written) {
+    const WorkFolder folder{options.work, options.morv, options.utility};
+    if (options.update && IsWorkFolder(options.work))
+        return AddRuntime(folder, report, written);
+    if (const int code = AddProject(options, report, written); code != kNothingFound)
+        return code;
+    if (!options.morv.empty())
+        for (const auto add : {AddRuntime, AddTools})
+            if (const int code = add(folder, report, written); code != kNothingFound)
+                return code;
+    const std::optional<std::string> there = written.FirstThere();
+    if (there && !options.replace)
+        return report.Stop(*there, "it is there already, and only --replace replaces it");
+    return kNothingFound;
+}
+
+} // namespace
+
+int Import(const ImportOptions& options, const Report& report) {
+    // Zentrik cuts paths at their first '.' to name the files beside them.
+    if (options.work.find('.') != options.work.npos)
+        return report.Stop(options.work, "a work folder has no '.' in its path");
     FileSet written;
-    for (const auto& [own, bytes] : folder.files) {
-        const std::string path = folder.Home() + own;
-        if (!options.replace && files::Exists(path.c_str()))
-            return report.Stop(path, "it is there already, and only --replace replaces it");
-        written.Add(path, bytes);
-    }
+    if (const int code = AddAll(options, report, written); code != kNothingFound)
+        return code;
     return written.Write(report) ? kNothingFound : kStopped;
 }
 

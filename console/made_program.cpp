@@ -73,6 +73,10 @@ int MakeConsoleProgram(const std::string& project, const std::string& morv, cons
     if (!fs::exists(runtime / kMark, error))
         return report.Stop(morv, "it has no console_main.cpp: programs for the console need the "
                                  "starter runtime");
+    // Before there is a folder for it.
+    const std::string own = ProjectPath(runtime.string());
+    if (const int code = CheckBuildable(LoadProject(project), own, report); code != kNothingFound)
+        return code;
     const BuildNames names(project.c_str());
     // Each project has its own for each runtime.
     std::string folder = names.base;
@@ -86,7 +90,7 @@ int MakeConsoleProgram(const std::string& project, const std::string& morv, cons
     morv::Lock lock;
     if (!lock.Take(program.folder / "lock", [] {}))
         return report.Stop(into, "cannot write there");
-    BuildOptions options{project, ProjectPath(runtime.string()), into, into, false, "", ""};
+    BuildOptions options{project, own, into, into, false, "", ""};
     if (const int code = Generate(options, report); code != kNothingFound)
         return code;
     morv::Job job;

@@ -18,6 +18,13 @@ std::filesystem::path HostFile(const std::string& path);
 // kFound returned; when the compiler cannot be used or the like, kStopped.
 int MakeProgram(const morv::Job& job, const Report& report);
 
+// How many seconds a command of such a program may take, unless something else is said: rules may
+// hold loops.
+constexpr unsigned kUsualLimit = 60;
+
+// What it ends with when a command took longer, or told without end.
+constexpr int kTookTooLong = 124;
+
 struct ConsoleProgram {
     std::filesystem::path folder; // its own folder, which other projects do not use
     std::filesystem::path file;   // the program

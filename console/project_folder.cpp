@@ -149,7 +149,7 @@ public:
         if (refusal_.Is())
             return {};
         Project(ProjectIn(folder_.files[folder_.project]));
-        Tags();
+        Beside();
         return std::move(folder_);
     }
 
@@ -217,11 +217,14 @@ private:
         Take(Text(head.KnowName), Kind::Facts);
     }
 
-    // No file names the tags, which are opened by hand: those beside the project are its own.
-    void Tags() {
+    // No file names the tags, which are opened by hand, and the scenarios: those beside the project
+    // are its own.
+    void Beside() {
         for (const std::string& name : NamesIn(folder_.Home()))
             if (Folded(name).ends_with(".tag"))
                 Take(folder_.Home() + name, Kind::Names);
+            else if (IsScenario(name))
+                Take(folder_.Home() + name, Kind::Text);
     }
 
     const std::string path_;
@@ -262,6 +265,10 @@ bool StaysBelow(std::string_view name) {
             return true;
         name.remove_prefix(part.size() + 1);
     }
+}
+
+bool IsScenario(std::string_view name) {
+    return Folded(name).ends_with(".scenario") && name.find('\\') == name.npos;
 }
 
 ProjectFolder LoadFolder(const std::string& path, Refusal& refusal) {

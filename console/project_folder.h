@@ -32,6 +32,9 @@ struct ProjectFolder {
 // Whether a name stays below the folder that it is put behind.
 bool StaysBelow(std::string_view name);
 
+// Whether a file of this name below the folder has scenarios of the project.
+bool IsScenario(std::string_view name);
+
 // What a project cannot be taken for, and the file that it lies at.
 struct Refusal {
     std::string file, reason;

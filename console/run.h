@@ -1,14 +1,15 @@
 // The command "run": a project's program over the input.
 #pragma once
 
-#include "console/report.h"
+#include "console/made_program.h"
 
 namespace console {
 
 struct RunOptions {
-    std::string project; // the project file
-    std::string morv;    // the runtime's folder; empty: the one around this program
-    bool trace = false;  // each rule tells what it does
+    std::string project;          // the project file
+    std::string morv;             // the runtime's folder; empty: the one around this program
+    bool trace = false;           // each rule tells what it does
+    unsigned limit = kUsualLimit; // seconds that a command may take; 0: any time
 };
 
 // Makes the program and runs it with this program's own input and output. Returns what it does, and

@@ -106,10 +106,18 @@ public:
 private:
     Outcome Ended(const Step& step) {
         std::string how = "the program did not start or was ended";
-        if (code_ != morv::kStopped)
+        if (const std::string last = LastLine();
+            code_ == kTookTooLong && last.starts_with("ended: "))
+            how = last;
+        else if (code_ != morv::kStopped)
             how.assign("the program ended with ").append(std::to_string(code_));
         outcome_.unmet.push_back({step.line, step.text, how, {}});
         return std::move(outcome_);
+    }
+
+    // The last that the program said.
+    std::string LastLine() const {
+        return answers_.empty() || answers_.back().empty() ? "" : answers_.back().back();
     }
 
     void Look(const Step& step) {
@@ -158,14 +166,15 @@ private:
 
 } // namespace
 
-Outcome RunScenario(const Scenario& scenario, const ConsoleProgram& program) {
+Outcome RunScenario(const Scenario& scenario, const ConsoleProgram& program, unsigned limit) {
     const std::string number = std::to_string(morv::ProcessNumber());
     const fs::path reads = program.folder / (number + ".commands");
     const fs::path says = program.folder / (number + ".said");
     std::string said;
     int code = morv::kStopped;
     if (morv::WriteFile(reads, CommandsOf(scenario))) {
-        const morv::Command command{program.file, {}, program.folder, says, -1, reads};
+        const morv::Command command{
+            program.file, {"/limit", std::to_string(limit)}, program.folder, says, -1, reads};
         code = morv::RunTools({command}, 1, [](std::size_t, int) { return true; }).front();
         morv::ReadFile(says, said);
     }

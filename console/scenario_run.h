@@ -19,7 +19,8 @@ struct Outcome {
     std::optional<BadLine> bad; // a step that names what the project does not have
 };
 
-// Runs a scenario in a process of its own.
-Outcome RunScenario(const Scenario& scenario, const ConsoleProgram& program);
+// Runs a scenario in a process of its own, each step of which may take `limit` seconds; 0: any
+// time.
+Outcome RunScenario(const Scenario& scenario, const ConsoleProgram& program, unsigned limit);
 
 } // namespace console

@@ -159,7 +159,7 @@ int Test(const TestOptions& options, const Report& report) {
     bool failed = false;
     for (ScenarioFile& file : files)
         for (const Scenario& scenario : file.scenarios) {
-            file.outcomes.push_back(RunScenario(scenario, program));
+            file.outcomes.push_back(RunScenario(scenario, program, options.limit));
             if (file.outcomes.back().bad)
                 return StopAt(file.path, *file.outcomes.back().bad, report);
             failed = failed || !file.outcomes.back().unmet.empty();

@@ -1,7 +1,7 @@
 // The command "test": a project's scenarios.
 #pragma once
 
-#include "console/report.h"
+#include "console/made_program.h"
 
 #include <string>
 #include <vector>
@@ -13,6 +13,7 @@ struct TestOptions {
     std::vector<std::string> scenarios; // the files; empty: all beside the project
     std::string morv;                   // the runtime's folder; empty: the one around this program
     std::string junit;                  // the file that takes JUnit's XML; empty: none
+    unsigned limit = kUsualLimit;       // seconds that a step may take; 0: any time
 };
 
 // Makes the project's program, runs every scenario and tells the outcome as TAP. Returns kFound

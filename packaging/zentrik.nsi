@@ -155,7 +155,8 @@ Section
     ${Else}
         StrCpy $1 "$Work"
     ${EndIf}
-    nsExec::ExecToLog '"$INSTDIR\make_sample.exe" --replace "$INSTDIR\examples\boiler" "$1"'
+    nsExec::ExecToLog '"$INSTDIR\zentrikc.exe" import "$INSTDIR\examples\boiler" "$1" \
+        --morv "$INSTDIR\morv" --update'
     Pop $0
     ${If} $0 != 0
         SetErrorLevel 3

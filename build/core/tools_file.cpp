@@ -21,7 +21,7 @@ bool ReadTools(const char* path, ToolsFile& tools) {
     return true;
 }
 
-bool WriteTools(const char* path, const ToolsFile& tools) {
+std::string ToolsBytes(const ToolsFile& tools) {
     std::vector<NameRecord> slots;
     auto add = [&](const std::string& text) { SetText(slots.emplace_back().name, text); };
     add(tools.path);
@@ -30,5 +30,9 @@ bool WriteTools(const char* path, const ToolsFile& tools) {
     add(tools.tool_p);
     for (const std::string& compiler : tools.compilers)
         add(compiler);
-    return files::ReplaceWhole(path, BytesOf(slots));
+    return std::string(BytesOf(slots));
+}
+
+bool WriteTools(const char* path, const ToolsFile& tools) {
+    return files::ReplaceWhole(path, ToolsBytes(tools));
 }

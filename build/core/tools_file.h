@@ -22,5 +22,8 @@ std::string ToolsFileName(std::string_view work_path);
 // when it cannot be opened.
 bool ReadTools(const char* path, ToolsFile& tools);
 
+// The content of a tools file.
+std::string ToolsBytes(const ToolsFile& tools);
+
 // Replaces the tools file. Returns false, leaving the old one, when that fails.
 bool WriteTools(const char* path, const ToolsFile& tools);

@@ -1,7 +1,6 @@
 #include "../core/check_log.h"
 #include "console_test.h"
 
-#include "examples/sample_writer.h"
 #include "project/core/project_file.h"
 #include "resources/core/variable.h"
 #include "system/core/rule_text.h"

@@ -1,8 +1,7 @@
 // Whatever the files of a project hold, a command ends with a code, and says in one line why it
 // stopped.
+#include "../core/sample.h"
 #include "console_test.h"
-
-#include "examples/sample_writer.h"
 
 namespace {
 
@@ -13,9 +12,7 @@ using zentrik_test::Ran;
 class DamagedProject : public Console {
 protected:
     void SetUp() override {
-        ASSERT_EQ(
-            sample::WriteSample(std::string(SOURCE_FOLDER) + "/examples/boiler", "C:\\zentrik", ""),
-            "");
+        ASSERT_EQ(zentrik_test::PutSample("C:\\zentrik"), "");
         sound_ = Files("zentrik/boiler");
     }
 
@@ -62,6 +59,39 @@ TEST_F(DamagedProject, EndsEveryCommandWithACode) {
         if (HasFailure())
             return;
     }
+}
+
+// A start of the fuzz targets in the place of each file of its kind.
+TEST_F(DamagedProject, EndsEveryCommandWithACodeOnTheSeedsOfTheFuzzTargets) {
+    const std::map<std::string, std::string> kinds = {
+        {"project_file", ".mrv"},
+        {"system_file", ".lse"},
+        {"facts_base", ".fac"},
+        {"small_files", ".aux .dde .ikw .mrv .lse .siz .rst .typ .var .fac"}};
+    std::size_t tried = 0;
+    for (const auto& [target, extensions] : kinds)
+        for (const auto& seed : std::filesystem::directory_iterator(
+                 std::string(SOURCE_FOLDER) + "/tests/fuzz/corpus/" + target)) {
+            std::ostringstream bytes;
+            bytes << std::ifstream(seed.path(), std::ios::binary).rdbuf();
+            for (const auto& [name, sound] : sound_) {
+                if (extensions.find(name.substr(name.find('.'))) == extensions.npos)
+                    continue;
+                SCOPED_TRACE(seed.path().string() + " as " + name);
+                ++tried;
+                Put("zentrik/boiler/" + name, bytes.str());
+                std::vector<Ran> runs = RunAll();
+                runs.push_back(Run({"show", Host("zentrik/boiler/" + name)}));
+                for (const Ran& ran : runs) {
+                    if (ran.code == 2)
+                        ExpectStopped(ran, "zentrikc: ");
+                    else
+                        EXPECT_EQ(ran.err, "");
+                }
+                Put("zentrik/boiler/" + name, sound);
+            }
+        }
+    EXPECT_GE(tried, 100u);
 }
 
 } // namespace

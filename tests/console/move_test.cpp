@@ -1,7 +1,7 @@
+#include "../core/sample.h"
 #include "console_test.h"
 
 #include "build/core/tools_file.h"
-#include "examples/sample_writer.h"
 
 namespace {
 
@@ -12,9 +12,7 @@ using zentrik_test::Ran;
 class MoveCommand : public Console {
 protected:
     void SetUp() override {
-        ASSERT_EQ(sample::WriteSample(std::string(SOURCE_FOLDER) + "/examples/boiler",
-                                      "C:\\zentrik", "\"C:\\zentrik\\morv\\zkcc.exe\" -q"),
-                  "");
+        ASSERT_EQ(zentrik_test::PutSample("C:\\zentrik", "\"C:\\zentrik\\morv\\zkcc.exe\" -q"), "");
     }
 
     Ran Move(const std::string& project, const std::string& from, const std::string& to) {
@@ -29,9 +27,9 @@ TEST_F(MoveCommand, MakesTheProjectThatWouldHaveBeenWrittenThere) {
     EXPECT_EQ(ran.code, 0) << ran.err;
     EXPECT_EQ(std::count(ran.out.begin(), ran.out.end(), '\n'), 4) << ran.out;
     const auto moved = Files("plants/north");
-    ASSERT_EQ(sample::WriteSample(std::string(SOURCE_FOLDER) + "/examples/boiler",
-                                  "C:\\plants\\north", "\"C:\\plants\\north\\morv\\zkcc.exe\" -q"),
-              "");
+    ASSERT_EQ(
+        zentrik_test::PutSample("C:\\plants\\north", "\"C:\\plants\\north\\morv\\zkcc.exe\" -q"),
+        "");
     EXPECT_EQ(Files("plants/north"), moved);
     EXPECT_EQ(Move("plants/north/boiler/boiler.mrv", "C:\\zentrik", "C:\\x").out, "");
 }

@@ -45,6 +45,11 @@ RandomProject::RandomProject(unsigned seed, bool buildable) : random_(seed), bui
     Add("p.mrv", head);
     for (unsigned i = Below(3); i > 0; --i)
         Add("words" + std::to_string(i) + (OneIn(2) ? ".tag" : ".TAG"), Names(5));
+    for (unsigned i = Below(3); i > 0; --i) {
+        const std::string name = (OneIn(2) ? "long day " : "day") + std::to_string(i) +
+                                 (OneIn(2) ? ".scenario" : ".Scenario");
+        clean[name] = dirty[name] = Source();
+    }
 }
 
 // Names of all kinds, also such as no one would choose.
@@ -105,6 +110,7 @@ RandomProject::Bytes RandomProject::TextField(const std::string& text, std::size
     Bytes bytes{text.substr(0, size - 1), text.substr(0, size - 1)};
     bytes.clean.resize(size, '\0');
     bytes.dirty += '\0';
+    bytes.dirty.reserve(size);
     while (bytes.dirty.size() < size)
         bytes.dirty += static_cast<char>(OneIn(2) ? 0 : Below(256));
     return bytes;

@@ -2,6 +2,7 @@
 #include "console_test.h"
 
 #include "console/scenario.h"
+#include "morv/run_tool.h"
 
 #include <cstdlib>
 
@@ -65,8 +66,8 @@ TEST(Scenarios, SayWhichLineIsWrong) {
         EXPECT_TRUE(BadLineIn(begin + line).starts_with("2: expect takes: ")) << line;
 }
 
-// A folder with the samples' projects. All tests have the same one, for what was made of a project
-// at a place is used again.
+// A folder with the samples' projects. All tests of all runs have the same one, one run at a time,
+// for what was made of a project at a place is used again.
 class Samples : public Console {
 protected:
     Samples() : Console(disk_) {
@@ -75,11 +76,14 @@ protected:
     }
 
     static void SetUpTestSuite() {
-        disk_ = new zentrik_test::TempFolder;
+        disk_ = new zentrik_test::TempFolder(zentrik_test::TempFolder::Kept{SAMPLES_FOLDER});
+        lock_ = new morv::Lock;
+        ASSERT_TRUE(lock_->Take(disk_->Path("lock"), [] {}));
         setenv("XDG_CACHE_HOME", disk_->Path("cache").c_str(), 1);
     }
     static void TearDownTestSuite() {
         unsetenv("XDG_CACHE_HOME");
+        delete lock_;
         delete disk_;
         disk_ = nullptr;
     }
@@ -102,7 +106,23 @@ protected:
         return Run(words);
     }
 
+    // Runs the boiler over the file "commands" to the file "said"; returns the exit code.
+    int RunProgram(const std::string& more) const {
+        const std::string line = std::string("'" ZENTRIKC "' run '") + Host("boiler/boiler.mrv") +
+                                 "' --morv '" SOURCE_FOLDER "/morv' --drive '" + Drive() + "' " +
+                                 more + " <'" + Host("commands") + "' >'" + Host("said") + "'";
+        return std::system(line.c_str()) / 256;
+    }
+
+    // Changes the first rule of the boiler's drum: its statements come after `statement`.
+    void BeginFirstRule(const std::string& statement) const {
+        std::string rules = Content("boiler/steam.rul");
+        rules.insert(rules.find("deduce(&HIGH_PRESSURE"), statement + "\r\n");
+        Put("boiler/steam.rul", rules);
+    }
+
     static inline zentrik_test::TempFolder* disk_ = nullptr;
+    static inline morv::Lock* lock_ = nullptr;
 };
 
 TEST_F(Samples, TheBoilerDoesWhatItsScenariosSay) {
@@ -155,6 +175,17 @@ TEST_F(Samples, WhatCannotBeTestedStops) {
     ASSERT_EQ(Import("boiler").code, 0);
     ExpectStopped(Test("boiler/boiler.mrv", {}), "boiler.mrv: there is no scenario file beside it");
     ExpectStopped(Test("boiler/none.mrv", {}), "none.mrv: No such file");
+    // Nothing is left of a project that cannot be read.
+    const auto made = [] {
+        return std::distance(std::filesystem::directory_iterator(disk_->Path("cache/zentrik")), {});
+    };
+    const auto before = made();
+    Put("p/a.scenario", "scenario A\n");
+    Put("p/damaged.mrv", "x");
+    ExpectStopped(Test("p/damaged.mrv", {}), "damaged.mrv: damaged");
+    Put("p/bare.mrv", std::string(4096, '\0'));
+    ExpectStopped(Test("p/bare.mrv", {}), "bare.mrv: it names no main file");
+    EXPECT_EQ(made(), before);
     ExpectStopped(Test("boiler/boiler.mrv", {Host("none.scenario")}),
                   "none.scenario: No such file");
     Put("boiler/a.scenario", "scenario A\n\npoke Presure 1\n");
@@ -168,6 +199,36 @@ TEST_F(Samples, WhatCannotBeTestedStops) {
     ExpectStopped(Test("boiler/boiler.mrv", {}), "a.scenario:2: there is no rule 99 of steam");
     Put("boiler/a.scenario", "scenario A\nhop\n");
     ExpectStopped(Test("boiler/boiler.mrv", {}), "a.scenario:2: no such step: hop");
+}
+
+// Rules are C++ and may hold loops that do not end, silent ones and such as tell something.
+TEST_F(Samples, AStepWithoutEndFailsItsScenarioAlone) {
+    ASSERT_EQ(Import("boiler").code, 0);
+    BeginFirstRule(
+        "for (volatile bool on = Pressure.value() > 14 && Pressure.value() < 15; on;) {}\r\n"
+        "for (long i = 0; Pressure.value() > 15; ++i) put_box(std::to_string(i).c_str());");
+    const std::string begin = "poke DrumLevel 50\npoke Pressure ";
+    Put("boiler/a.scenario", "scenario Silent\n" + begin + "14.5\ntick\nexpect not LOW_PRESSURE\n" +
+                                 "scenario Right\n" + begin + "11.5\ntick\nexpect fired steam 1\n");
+    const Ran silent = Test("boiler/boiler.mrv", {"--limit", "2", "--junit", Host("report.xml")});
+    EXPECT_EQ(silent.code, 1) << silent.err;
+    for (const char* text :
+         {"1..2\nnot ok 1 - Silent\n",
+          "a.scenario:4: tick: ended: a command took longer than 2 s\nok 2 - Right\n"})
+        EXPECT_NE(silent.out.find(text), std::string::npos) << text << "\nin\n" << silent.out;
+    EXPECT_NE(Content("report.xml").find("tests=\"2\" failures=\"1\""), std::string::npos);
+    Put("boiler/a.scenario", "scenario Loud\n" + begin + "15.5\ntick\n");
+    const Ran loud = Test("boiler/boiler.mrv", {});
+    EXPECT_EQ(loud.code, 1) << loud.err;
+    EXPECT_NE(loud.out.find("a.scenario:4: tick: ended: a command told more than 1000000 lines"),
+              std::string::npos)
+        << loud.out;
+    // And in front of the user.
+    Put("commands", begin + "14.5\ntick\nshow\n");
+    EXPECT_EQ(RunProgram("--limit 1"), 1);
+    EXPECT_TRUE(Content("said").ends_with("\nended: a command took longer than 1 s\n"))
+        << Content("said");
+    ExpectStopped(Test("boiler/boiler.mrv", {"--limit", "-1"}), "--limit");
 }
 
 TEST_F(Samples, ARuleThatIsNoCppIsAFindingAtItsPlace) {
@@ -207,21 +268,15 @@ TEST_F(Samples, BuildMakesTheProgramToo) {
 TEST_F(Samples, RunAnswersItsInput) {
     ASSERT_EQ(Import("boiler").code, 0);
     Put("commands", "poke Pressure 11.5\ntick\nwhy HIGH_PRESSURE\n");
-    const auto run = [this](const std::string& more) {
-        const std::string line = std::string("'" ZENTRIKC "' run '") + Host("boiler/boiler.mrv") +
-                                 "' --morv '" SOURCE_FOLDER "/morv' --drive '" + Drive() + "' " +
-                                 more + " <'" + Host("commands") + "' >'" + Host("said") + "'";
-        return std::system(line.c_str()) / 256;
-    };
-    EXPECT_EQ(run(""), 0);
+    EXPECT_EQ(RunProgram(""), 0);
     EXPECT_TRUE(Content("said").starts_with("Poke: Pressure = 11.5\n")) << Content("said");
     EXPECT_NE(Content("said").find("\nHIGH_PRESSURE holds (HIGH)\n"), std::string::npos);
     EXPECT_EQ(Content("said").find("Rule 1 of steam"), std::string::npos);
     Put("commands", "tick\nfly\n");
-    EXPECT_EQ(run("--trace"), 1);
+    EXPECT_EQ(RunProgram("--trace"), 1);
     EXPECT_NE(Content("said").find("there is no command fly"), std::string::npos);
     Put("commands", "poke Pressure 11.5\ntick\n");
-    EXPECT_EQ(run("--trace"), 0);
+    EXPECT_EQ(RunProgram("--trace"), 0);
     EXPECT_NE(Content("said").find("Rule 1 of steam: Pressure of the drum\n"), std::string::npos);
 }
 

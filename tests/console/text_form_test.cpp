@@ -1,9 +1,11 @@
+#include "../core/sample.h"
 #include "random_project.h"
 
-#include "examples/sample_writer.h"
+#include "console/export.h"
 
 namespace {
 
+using console::Report;
 using zentrik_test::Console;
 using zentrik_test::ExpectStopped;
 using zentrik_test::Ran;
@@ -36,10 +38,11 @@ protected:
     std::map<std::string, std::string> FormFiles(const std::string& folder) const {
         std::map<std::string, std::string> files;
         const std::string below = temp.Path(folder);
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(below))
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(below)) {
+            const std::string name = entry.path().string().substr(below.size() + 1);
             if (entry.is_regular_file())
-                files[std::filesystem::relative(entry.path(), below).string()] = temp.Content(
-                    folder + "/" + std::filesystem::relative(entry.path(), below).string());
+                files[name] = temp.Content(folder + "/" + name);
+        }
         return files;
     }
 
@@ -55,7 +58,7 @@ protected:
 
 TEST_F(TextForm, HoldsTheSampleByteForByte) {
     const std::string source = std::string(SOURCE_FOLDER) + "/examples/boiler";
-    ASSERT_EQ(sample::WriteSample(source, "C:\\zentrik", ""), "");
+    ASSERT_EQ(zentrik_test::PutSample("C:\\zentrik"), "");
     const auto before = Files("zentrik/boiler");
     EXPECT_EQ(before.size(), 23u);
     ASSERT_EQ(Export("zentrik/boiler/boiler.mrv", "text").code, 0);
@@ -69,21 +72,25 @@ TEST_F(TextForm, HoldsTheSampleByteForByte) {
     EXPECT_EQ(Files("zentrik/boiler"), before);
 }
 
+// The commands without their words, which take longer to be read than many of the projects.
 TEST_F(TextForm, HoldsEveryProject) {
+    std::ostringstream said;
     for (unsigned seed = 1; seed <= 1000 && !HasFailure(); ++seed) {
         SCOPED_TRACE(seed);
         const RandomProject project(seed, false);
         PutProject(project.dirty);
         std::filesystem::remove_all(temp.Path("text"));
-        const Ran exported = Export("r/p/p.mrv", "text");
-        ASSERT_EQ(exported.code, 0) << exported.err;
+        const Report report{said, said};
+        const std::string form = console::ProjectPath(temp.Path("text"));
+        ASSERT_EQ(console::Export("C:\\r\\p\\p.mrv", form, report), 0) << said.str();
         const auto text = FormFiles("text");
         std::filesystem::remove_all(Host("r"));
-        const Ran imported = RunOnDrive({"import", temp.Path("text"), "C:\\r"});
-        ASSERT_EQ(imported.code, 0) << imported.err;
-        auto expected = project.clean;
+        console::ImportOptions options;
+        options.source = form;
+        options.work = "C:\\r";
+        ASSERT_EQ(console::Import(options, report), 0) << said.str();
         std::map<std::string, std::string> with_slashes;
-        for (auto& [name, content] : expected) {
+        for (const auto& [name, content] : project.clean) {
             std::string host = name;
             std::replace(host.begin(), host.end(), '\\', '/');
             with_slashes[host] = content;
@@ -95,9 +102,10 @@ TEST_F(TextForm, HoldsEveryProject) {
         }
         ASSERT_EQ(files.size(), with_slashes.size()) << text.at("p.txt");
         std::filesystem::remove_all(temp.Path("text"));
-        ASSERT_EQ(Export("r/p/p.mrv", "text").code, 0);
+        ASSERT_EQ(console::Export("C:\\r\\p\\p.mrv", form, report), 0) << said.str();
         ASSERT_EQ(FormFiles("text"), text);
     }
+    EXPECT_EQ(said.str(), "");
 }
 
 TEST_F(TextForm, RefusesByNameWhatItCannotHold) {
@@ -154,6 +162,9 @@ TEST_F(TextForm, SaysWhatIsWrongWithATextAndWhere) {
     wrong("[project p]\nresult\n", "line 2: no row belongs here");
     wrong("[thing p]\n", "line 1: no such kind of section: thing");
     wrong("row\n", "line 1: no row belongs here");
+    wrong("[project p]\nscenario = a.scenario\n", "cannot read a.scenario");
+    wrong("[project p]\nscenario = a.txt\n", "line 2: no name for scenarios: a.txt");
+    wrong("[project p]\nscenario = b\\a.scenario\n", "line 2: no name for scenarios");
     wrong("[project p]\n" + std::string(9, ' ') +
               "\n[system a]\n[system b]\n[system c]\n"
               "[system d]\n[system e]\n[system f]\n[system g]\n[system h]\n[system i]\n",
@@ -168,6 +179,27 @@ TEST_F(TextForm, IsReadWithUnnumberedRulesOnlyWithTheirIndex) {
     EXPECT_EQ(Import("p.txt").code, 0);
     EXPECT_EQ(Content("r/p/a.rul"), "Rule 2\r\nEndRule\r\n");
     EXPECT_EQ(Content("r/p/a.siz").size(), 267u);
+}
+
+// Whatever their line ends, and also when one is a source of the project as well.
+TEST_F(TextForm, HoldsTheScenariosBesideTheProject) {
+    PutForm("p.txt", "[project p]\nmain = b.scenario\nscenario = a\nscenario = b\n");
+    const std::string odd("scenario A\ntick\r\n\n\0tick", 24);
+    temp.Put("forms/a.scenario", odd);
+    temp.Put("forms/b.scenario", "scenario B\n");
+    const Ran ran = Import("p.txt");
+    EXPECT_EQ(ran.code, 0) << ran.err;
+    EXPECT_EQ(Content("r/p/a.scenario"), odd);
+    EXPECT_EQ(Content("r/p/b.scenario"), "scenario B\r\n");
+    ASSERT_EQ(Export("r/p/p.mrv", "text").code, 0);
+    const auto text = FormFiles("text");
+    EXPECT_EQ(text.at("a.scenario"), odd);
+    EXPECT_NE(text.at("p.txt").find("\nscenario = a.scenario\nscenario = b.scenario\n"),
+              std::string::npos);
+    const auto before = Files("r");
+    std::filesystem::remove_all(Host("r"));
+    ASSERT_EQ(RunOnDrive({"import", temp.Path("text"), "C:\\r"}).code, 0);
+    EXPECT_EQ(Files("r"), before);
 }
 
 TEST_F(TextForm, ReplacesAProjectOnlyWhenTold) {

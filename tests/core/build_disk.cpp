@@ -1,7 +1,7 @@
 #include "build_disk.h"
 
-#include "examples/sample_writer.h"
 #include "resources/core/variable.h"
+#include "sample.h"
 
 namespace zentrik_test {
 
@@ -196,7 +196,7 @@ ProjectRecord PutSampleProject(const Disk& disk) {
 }
 
 void PutRuntimeTemplates(const Disk& disk) {
-    EXPECT_EQ(sample::WriteRuntime(std::string(SOURCE_FOLDER) + "/morv", disk.Path("morv")), "");
+    EXPECT_EQ(PutRuntime(disk.folder), "");
 }
 
 void ExpectGolden(const std::string& name, const std::string& content, const std::string& project) {

@@ -15,9 +15,9 @@ namespace zentrik_test {
 // A folder of its own that is removed at the end.
 class TempFolder {
 public:
-    TempFolder() {
+    explicit TempFolder(
+        const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
         static int number = 0;
-        const auto base = std::filesystem::temp_directory_path();
         do {
             folder_ = base / ("zentrik_test_" + std::to_string(std::rand()) + "_" +
                               std::to_string(++number));
@@ -25,9 +25,17 @@ public:
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
+    // One of this name, which stays.
+    struct Kept {
+        std::filesystem::path folder;
+    };
+    explicit TempFolder(const Kept& kept) : folder_(kept.folder), stays_(true) {
+        std::filesystem::create_directories(folder_);
+    }
     ~TempFolder() {
         std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
+        if (!stays_)
+            std::filesystem::remove_all(folder_, ignored);
     }
 
     // The path of a file in the folder; it need not exist.
@@ -45,6 +53,7 @@ public:
 
 private:
     std::filesystem::path folder_;
+    const bool stays_ = false;
 };
 
 // While it lives, message boxes are recorded and answered instead of shown.

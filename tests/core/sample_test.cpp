@@ -2,11 +2,10 @@
 
 #include "build/core/rule_checker.h"
 #include "build/core/tools_file.h"
-#include "examples/sample_source.h"
-#include "examples/sample_writer.h"
 #include "project/core/project_file.h"
 #include "resources/core/dde_item.h"
 #include "resources/core/variable.h"
+#include "sample.h"
 #include "system/core/rule_index.h"
 #include "system/core/system_file.h"
 
@@ -16,9 +15,8 @@
 
 namespace {
 
+using zentrik_test::PutSample;
 using zentrik_test::TempFolder;
-
-const std::string kBoiler = std::string(SOURCE_FOLDER) + "/examples/boiler";
 
 // The sample, written to drive C: of a folder of its own (on Windows to a folder without a '.').
 // (A packed field is read as a value, with '+', for the expectations take references.)
@@ -32,7 +30,7 @@ protected:
         files::SetDriveRoot(temp_.Path(""));
         work_ = "C:\\zentrik";
 #endif
-        ASSERT_EQ(sample::WriteSample(kBoiler, work_, "C:\\tools\\zkc.exe"), "");
+        ASSERT_EQ(PutSample(work_, "C:\\tools\\zkc.exe"), "");
         project_path_ = work_ + "\\boiler\\boiler.mrv";
         ASSERT_EQ(ReadProject(project_path_.c_str(), project_), ReadResult::Ok);
     }
@@ -275,38 +273,14 @@ TEST_F(Sample, SameSourceGivesTheSameBytes) {
     };
     const auto before = snapshot();
     EXPECT_EQ(before.size(), 66u);
-    ASSERT_EQ(sample::WriteSample(kBoiler, work_, "C:\\tools\\zkc.exe"), "");
+    ASSERT_EQ(PutSample(work_, "C:\\tools\\zkc.exe"), "");
     EXPECT_EQ(snapshot(), before);
-}
-
-TEST(SampleSource, SaysWhatIsWrongAndWhere) {
-    sample::Source source;
-    EXPECT_EQ(sample::ReadSource("[project p]\nmain = m.cpp\nmian = m.cpp\n", source),
-              "line 3: no such setting: mian");
-    EXPECT_EQ(sample::ReadSource("\n[facts a]\n", source), "line 2: no such system: a");
-    EXPECT_EQ(sample::ReadSource("[system a]\n[facts a]\nF|T\n", source),
-              "line 3: a row here has 7 fields");
-    EXPECT_EQ(sample::ReadSource("[system a]\n[facts a]\nF|T|d|u|0 1 x|1 2 3 4 5|1\n", source),
-              "line 3: not a number: x");
-    EXPECT_EQ(sample::ReadSource("[results r]\n" + std::string(50, 'a') + "\n", source),
-              "line 2: empty or too long: " + std::string(50, 'a'));
-    EXPECT_EQ(sample::ReadSource("[project p]\nmain = m.cpp\ndde = d\n[dde d]\n[system a]\n"
-                                 "rules = a.rul\n[facts a]\nF|T|d|u|0 1 1|1 2 3 4 5|1\n",
-                                 source),
-              "no such knowledge type: T");
-}
-
-TEST(SampleSource, TakesRowsAsTheyAreWhereThereAreNoSettings) {
-    sample::Source source;
-    sample::ReadSource("[tags t]\n  a = b\r\n; not this\n\n.high\n", source);
-    ASSERT_EQ(source.tags.size(), 1u);
-    EXPECT_EQ(source.tags[0].rows, (std::vector<std::string>{"a = b", ".high"}));
 }
 
 #ifndef _WIN32
 
 // What is handed out has the compiler utility beside the runtime.
-TEST(SampleWriter, RegistersTheUtilityThatComesWithTheRuntime) {
+TEST(SampleRuntime, RegistersTheUtilityThatComesWithTheRuntime) {
     const TempFolder temp;
     std::filesystem::create_directories(temp.Path("examples"));
     std::filesystem::create_directory(temp.Path("c"));
@@ -314,7 +288,7 @@ TEST(SampleWriter, RegistersTheUtilityThatComesWithTheRuntime) {
         std::filesystem::copy(std::string(SOURCE_FOLDER) + "/" + folder, temp.Path(folder));
     temp.Put("morv/zkcc.exe", std::string("MZ\n\0\r", 5));
     files::SetDriveRoot(temp.Path(""));
-    ASSERT_EQ(sample::WriteSample(temp.Path("examples/boiler"), "C:\\", ""), "");
+    ASSERT_EQ(PutSample("C:", "", temp.Path("")), "");
     ToolsFile tools;
     EXPECT_TRUE(ReadTools("C:\\toolfile.tol", tools));
     files::SetDriveRoot("");
@@ -325,17 +299,5 @@ TEST(SampleWriter, RegistersTheUtilityThatComesWithTheRuntime) {
 }
 
 #endif
-
-TEST(SampleWriter, NeedsAWorkFolderWithoutADot) {
-    EXPECT_NE(sample::WriteSample(kBoiler, "C:\\my.work", ""), "");
-}
-
-TEST(SampleWriter, RefusesRulesThatAreNotNumbered) {
-    TempFolder temp;
-    std::filesystem::copy(kBoiler, temp.Path("boiler"), std::filesystem::copy_options::recursive);
-    temp.Put("boiler/steam.rul", "Rule 2\r\nEndRule\r\n");
-    EXPECT_EQ(sample::WriteSample(temp.Path("boiler"), temp.Path("work"), ""),
-              "the rules are not numbered and closed: steam.rul");
-}
 
 } // namespace

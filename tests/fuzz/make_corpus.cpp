@@ -1,8 +1,8 @@
 // Writes the seeds that the fuzz targets start from, made from the sample and the golden projects:
 //     make_corpus FOLDER
-#include "examples/sample_writer.h"
 #include "system/core/rule_text.h"
 #include "tests/core/build_disk.h"
+#include "tests/core/sample.h"
 
 #include <cstdio>
 
@@ -128,8 +128,7 @@ int main(int count, char** words) {
         return 2;
     }
     const Disk disk;
-    const std::string wrong =
-        sample::WriteSample(std::string(SOURCE_FOLDER) + "/examples/boiler", disk.folder, "");
+    const std::string wrong = zentrik_test::PutSample(disk.folder);
     if (!wrong.empty()) {
         std::fprintf(stderr, "%s\n", wrong.c_str());
         return 1;

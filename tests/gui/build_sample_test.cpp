@@ -1,8 +1,7 @@
 // The sample project made by hand: from its plain texts alone, through nothing but the program's
-// dialogs, to the very bytes that its record writers give.
-#include "examples/sample_source.h"
-#include "examples/sample_writer.h"
+// dialogs, to the very bytes that the import of its text gives.
 #include "shell/core/record_text.h"
+#include "tests/core/sample.h"
 #include "tests/gui/gui_test.h"
 #include "tests/gui/sample_making.h"
 
@@ -14,7 +13,6 @@ namespace gui {
 
 namespace {
 
-using sample::Source;
 using Contents = std::map<std::string, std::string>; // by the file's name
 
 // The names of all files in a folder.
@@ -45,10 +43,9 @@ TextRows SortedRecords(const std::string& bytes, std::size_t size) {
 class BuildSample : public GuiTest {
 protected:
     void SetUp() override {
-        const std::string folder = SourceFolder() + "\\examples\\boiler";
-        ASSERT_EQ(sample::ReadSource(FileContent(folder + "\\boiler.txt"), source_), "");
+        source_ = PartsOfSample(SourceFolder() + "\\examples\\boiler");
         Run(Kind::Nt, [&](const WorkFolder& work) {
-            ASSERT_EQ(sample::WriteSample(folder, work.Folder(), ""), "");
+            ASSERT_EQ(zentrik_test::PutSample(work.Folder(), "", SourceFolder()), "");
             TakeRecords(work);
         });
     }
@@ -68,7 +65,7 @@ protected:
         DeleteFileA(work.Path("toolfile.tol").c_str());
     }
 
-    Source source_;
+    SampleParts source_;
     Contents written_;
     std::string tools_;
 };

@@ -8,7 +8,7 @@
 
 namespace gui {
 
-SampleMaking::SampleMaking(App& app, const sample::Source& source, std::string work, Look look)
+SampleMaking::SampleMaking(App& app, const SampleParts& source, std::string work, Look look)
     : app_(app), source_(source), work_(std::move(work)), look_(std::move(look)) {}
 
 std::string SampleMaking::At(const std::string& name) const {
@@ -39,16 +39,16 @@ void SampleMaking::Names(int command, const std::string& title, int edit,
     app_.Finish();
 }
 
-void SampleMaking::Results(const sample::NameList& list) {
+void SampleMaking::Results(const NameList& list) {
     Names(CM_NEW_RESULTS, "Results", RES_NAME, list.rows, "Save Resource As...",
           At(list.name + ".rst"));
 }
 
-void SampleMaking::Tags(const sample::NameList& list) {
+void SampleMaking::Tags(const NameList& list) {
     Names(CM_NEW_TAGS, "Tags", TAGS_NAME, list.rows, "Save Tags As...", At(list.name + ".tag"));
 }
 
-void SampleMaking::DdeItems(const sample::Dde& dde) {
+void SampleMaking::DdeItems(const DdeParts& dde) {
     app_.Start(CM_NEW_DDE);
     Dialog dialog = app_.WaitDialog("DDE");
     dialog.SetText(DDE_NAME, dde.conversation);
@@ -65,7 +65,7 @@ void SampleMaking::DdeItems(const sample::Dde& dde) {
     app_.Finish();
 }
 
-void SampleMaking::Types(const Dialog& facts, const sample::System& system) {
+void SampleMaking::Types(const Dialog& facts, const SystemParts& system) {
     Dialog(facts).Press(KNOW_ADD_TYPE);
     Dialog types = app_.WaitDialog("Knowledge Type");
     for (const std::string& type : system.types) {
@@ -78,7 +78,7 @@ void SampleMaking::Types(const Dialog& facts, const sample::System& system) {
 }
 
 // Facts base and knowledge types. The system is open already: it counts the types.
-void SampleMaking::Facts(const sample::System& system) {
+void SampleMaking::Facts(const SystemParts& system) {
     app_.Start(CM_NEW_FACTS_BASE);
     app_.ChooseFile("Save Facts Base As...", At(system.name + ".fac"));
     Dialog facts = app_.WaitDialog("Facts Base");
@@ -93,7 +93,7 @@ void SampleMaking::Facts(const sample::System& system) {
     app_.Finish();
 }
 
-void SampleMaking::ChooseFacts(const sample::System& system) {
+void SampleMaking::ChooseFacts(const SystemParts& system) {
     app_.Start(CM_ADD_FACTS);
     app_.ChooseFile("Open MORV Facts", At(system.name + ".fac"));
     Dialog add = app_.WaitDialog("Add Resource");
@@ -109,7 +109,7 @@ void SampleMaking::ChooseFacts(const sample::System& system) {
     app_.Finish();
 }
 
-void SampleMaking::Opposites(const sample::System& system) {
+void SampleMaking::Opposites(const SystemParts& system) {
     app_.Start(CM_ADD_OPPOSITES);
     app_.ChooseFile("Add Opposites", At(system.name + ".rst"));
     Dialog opposites = app_.WaitDialog("Result/Opposite ");
@@ -126,7 +126,7 @@ void SampleMaking::Opposites(const sample::System& system) {
 
 // A new variable goes to the top of the list and the list is stored from its top, so the last one
 // is added first.
-void SampleMaking::Variables(const sample::System& system) {
+void SampleMaking::Variables(const SystemParts& system) {
     app_.Start(CM_ADD_LOCAL_VARS);
     Dialog variables = app_.WaitDialog("Local Vars");
     for (auto each = system.variables.rbegin(); each != system.variables.rend(); ++each) {
@@ -141,9 +141,9 @@ void SampleMaking::Variables(const sample::System& system) {
     app_.Finish();
 }
 
-void SampleMaking::InitialFacts(const sample::System& system) {
+void SampleMaking::InitialFacts(const SystemParts& system) {
     app_.Start(CM_INIT_FACTS);
-    app_.ChooseFile("Open DDE File", At(source_.dde + ".dde"));
+    app_.ChooseFile("Open DDE File", At(source_.dde.name + ".dde"));
     Dialog initial = app_.WaitDialog("Init Facts");
     const std::vector<std::string> words = initial.ComboRows(INIT_CERTAINTY);
     for (const auto& [fact, value, certainty] : system.initial) {
@@ -159,7 +159,7 @@ void SampleMaking::InitialFacts(const sample::System& system) {
     app_.Finish();
 }
 
-void SampleMaking::System(const sample::System& system) {
+void SampleMaking::System(const SystemParts& system) {
     app_.Command(CM_NEW_SYSTEM);
     Facts(system);
     app_.CommandWithFile(CM_ADD_RULES, "Open MORV Rules", At(system.rules));
@@ -174,7 +174,7 @@ void SampleMaking::System(const sample::System& system) {
     app_.Command(CM_CLOSE_SYSTEM);
 }
 
-void SampleMaking::ChooseResults(const sample::NameList& list) {
+void SampleMaking::ChooseResults(const NameList& list) {
     app_.Start(CM_ADD_RESULTS);
     app_.ChooseFile("Open MORV Result", At(list.name + ".rst"));
     Dialog add = app_.WaitDialog("Add Resource");
@@ -199,12 +199,12 @@ void SampleMaking::History() {
 void SampleMaking::Project() {
     app_.Command(CM_NEW_MORV);
     app_.CommandWithFile(CM_ADD_MAIN, "Add MORV Main", At(source_.main));
-    for (const sample::System& system : source_.systems)
+    for (const SystemParts& system : source_.systems)
         app_.CommandWithFile(CM_ADD_SYSTEM, "Add MORV System", At(system.name + ".lse"));
     for (const std::string& name : source_.externs)
         app_.CommandWithFile(CM_ADD_EXTERN, "Add MORV Extern", At(name));
-    app_.CommandWithFile(CM_ADD_DDE, "Add MORV DDE", At(source_.dde + ".dde"));
-    for (const sample::NameList& list : source_.results)
+    app_.CommandWithFile(CM_ADD_DDE, "Add MORV DDE", At(source_.dde.name + ".dde"));
+    for (const NameList& list : source_.results)
         ChooseResults(list);
     History();
     app_.CommandWithFile(CM_SAVE_AS_MORV, "Save MORV Project As...", At(source_.name + ".mrv"));
@@ -223,13 +223,12 @@ void SampleMaking::Tools(const std::string& compiler) {
 }
 
 void SampleMaking::All(const std::string& compiler) {
-    for (const sample::NameList& list : source_.results)
+    for (const NameList& list : source_.results)
         Results(list);
-    for (const sample::NameList& list : source_.tags)
+    for (const NameList& list : source_.tags)
         Tags(list);
-    for (const sample::Dde& dde : source_.dde_files)
-        DdeItems(dde);
-    for (const sample::System& system : source_.systems)
+    DdeItems(source_.dde);
+    for (const SystemParts& system : source_.systems)
         System(system);
     Project();
     Tools(compiler);

@@ -2,8 +2,8 @@
 // but the program's dialogs.
 #pragma once
 
-#include "examples/sample_source.h"
 #include "tests/gui/driver/app.h"
+#include "tests/gui/sample_parts.h"
 
 #include <functional>
 #include <string>
@@ -18,7 +18,7 @@ public:
 
     // `work` is the current folder of the program. Its subfolder named like the sample has the
     // sources and rules files already, its subfolder "morv" the templates.
-    SampleMaking(App& app, const sample::Source& source, std::string work, Look look = {});
+    SampleMaking(App& app, const SampleParts& source, std::string work, Look look = {});
 
     // Everything, in an order that never needs a file that is not there yet. The results come
     // before the project: their editor counts each into the project that is open. The tools file
@@ -32,25 +32,25 @@ private:
     void Names(int command, const std::string& title, int edit,
                const std::vector<std::string>& names, const std::string& save_title,
                const std::string& path);
-    void Results(const sample::NameList& list);
-    void Tags(const sample::NameList& list);
-    void DdeItems(const sample::Dde& dde);
+    void Results(const NameList& list);
+    void Tags(const NameList& list);
+    void DdeItems(const DdeParts& dde);
 
-    void Types(const Dialog& facts, const sample::System& system);
-    void Facts(const sample::System& system);
-    void ChooseFacts(const sample::System& system);
-    void Opposites(const sample::System& system);
-    void Variables(const sample::System& system);
-    void InitialFacts(const sample::System& system);
-    void System(const sample::System& system);
+    void Types(const Dialog& facts, const SystemParts& system);
+    void Facts(const SystemParts& system);
+    void ChooseFacts(const SystemParts& system);
+    void Opposites(const SystemParts& system);
+    void Variables(const SystemParts& system);
+    void InitialFacts(const SystemParts& system);
+    void System(const SystemParts& system);
 
-    void ChooseResults(const sample::NameList& list);
+    void ChooseResults(const NameList& list);
     void History();
     void Project();
     void Tools(const std::string& compiler);
 
     App& app_;
-    const sample::Source& source_;
+    const SampleParts& source_;
     std::string work_;
     Look look_;
 };

@@ -81,7 +81,7 @@ protected:
     void PutGolden(const fs::path& golden, const std::string& name) const {
         const fs::path work = temp_.Path("c/golden");
         fs::create_directory(work);
-        EXPECT_EQ(sample::WriteRuntime(kTop + "/morv", "C:\\golden\\morv"), "");
+        EXPECT_EQ(zentrik_test::PutRuntime("C:\\golden"), "");
         fs::copy(golden, work / name);
         fs::rename(work / name / "MorvApi.h", work / "morv" / "MorvApi.h");
     }

@@ -6,8 +6,8 @@
 #include "build/core/rules_source.h"
 #include "build/core/support_files.h"
 #include "build/core/tools_file.h"
-#include "examples/sample_writer.h"
 #include "project/core/project_file.h"
+#include "tests/core/sample.h"
 
 #include <gtest/gtest.h>
 
@@ -15,8 +15,7 @@ namespace morv_test {
 
 // Writes the sample to the work folder `work`.
 inline void PutSample(const std::string& work, const std::string& compiler) {
-    const std::string folder = std::string(SOURCE_FOLDER) + "/examples/boiler";
-    EXPECT_EQ(sample::WriteSample(folder, work, compiler), "");
+    EXPECT_EQ(zentrik_test::PutSample(work, compiler), "");
 }
 
 // Generates the files of the sample in the work folder `work`. Returns the command line of its

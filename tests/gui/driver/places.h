@@ -8,7 +8,7 @@
 
 namespace gui {
 
-std::string BinFolder();    // ZENTRIK_BIN: the folder of zentrik.exe and make_sample.exe
+std::string BinFolder();    // ZENTRIK_BIN: the folder of zentrik.exe
 std::string SourceFolder(); // ZENTRIK_SOURCE: the checkout
 std::string OutFolder();    // ZENTRIK_OUT: for screenshots and the like
 std::string OwnFolder();    // the folder of the running program

@@ -2,8 +2,7 @@
 // sources to the running program, with a picture of each step.
 //     guide <folder> [<compiler utility>]
 // Without a compiler utility it ends before Execute. Exit code 0 only when everything happened.
-#include "examples/sample_source.h"
-#include "examples/sample_writer.h"
+#include "tests/core/sample.h"
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/built_program.h"
 #include "tests/gui/driver/failure.h"
@@ -23,8 +22,8 @@ constexpr char kSample[] = "C:\\zentrik\\boiler\\";
 constexpr DWORD kStill = 300; // ms, less than a caret stays
 
 // The sources, the rules and the templates; no record file.
-void PutSources(const std::string& folder) {
-    const std::string wrong = sample::WriteSample(folder, kWork, "");
+void PutSources() {
+    const std::string wrong = zentrik_test::PutSample(kWork, "", gui::SourceFolder());
     if (!wrong.empty())
         gui::Fail(wrong);
     for (const auto& entry : std::filesystem::directory_iterator(kSample)) {
@@ -67,11 +66,11 @@ public:
         : folder_(std::move(folder)), compiler_(std::move(compiler)),
           program_(gui::BinFolder() + "\\zentrik.exe", kWork), app_(program_) {}
 
-    void Run(const sample::Source& source) {
+    void Run(const gui::SampleParts& source) {
         gui::SampleMaking(app_, source, kWork, [this](const std::string& step, HWND window) {
             Picture(step, window);
         }).All(compiler_);
-        for (const sample::System& system : source.systems)
+        for (const gui::SystemParts& system : source.systems)
             IndexRules(system, source.tags.front().name);
         OpenProject();
         Debug();
@@ -117,7 +116,7 @@ private:
     }
 
     // The rules came as texts: saving them in the rule editor makes their index.
-    void IndexRules(const sample::System& system, const std::string& tags) {
+    void IndexRules(const gui::SystemParts& system, const std::string& tags) {
         app_.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", kSample + system.name + ".lse");
         app_.StartDoubleClick(gui::kSystem, 3);
         gui::RuleBox rules(app_);
@@ -184,13 +183,9 @@ int main(int count, char** words) {
     }
     try {
         gui::MakeFolders(words[1]);
-        const std::string folder = gui::SourceFolder() + "\\examples\\boiler";
-        sample::Source source;
-        const std::string wrong =
-            sample::ReadSource(gui::FileContent(folder + "\\boiler.txt"), source);
-        if (!wrong.empty())
-            gui::Fail(wrong);
-        PutSources(folder);
+        const gui::SampleParts source =
+            gui::PartsOfSample(gui::SourceFolder() + "\\examples\\boiler");
+        PutSources();
         Guide(words[1], count == 3 ? words[2] : "").Run(source);
     } catch (const std::exception& failure) {
         std::printf("failed: %s\n", failure.what());

@@ -1,4 +1,4 @@
-// The readable source of a sample project: its format stands at the top of boiler/boiler.txt.
+// What the sample consists of, as a user types it in.
 #pragma once
 
 #include "resources/core/fact.h"
@@ -9,30 +9,30 @@
 #include <utility>
 #include <vector>
 
-namespace sample {
+namespace gui {
 
 using Pair = std::pair<std::string, std::string>;
 
-struct NameList { // a results or tags section
+struct NameList { // of results or tags
     std::string name;
     std::vector<std::string> rows;
 };
 
-struct Dde {
+struct DdeParts {
     std::string name;
     std::string conversation;
     std::vector<Pair> items; // item and type
 };
 
-struct Variable {
+struct VariableParts {
     std::string name, type, value;
 };
 
-struct InitialFact {
+struct InitialParts {
     std::string fact, value, certainty;
 };
 
-struct System {
+struct SystemParts {
     std::string name;
     std::string rules;  // file name
     std::string header; // file name, empty when there is none
@@ -40,26 +40,23 @@ struct System {
     std::vector<std::string> without; // facts of the base that it does not use
     std::vector<Dat> base;
     std::vector<Pair> opposites; // result and opposite
-    std::vector<Variable> variables;
-    std::vector<InitialFact> initial;
-
-    std::vector<Dat> UsedFacts() const; // the base but for `without`
+    std::vector<VariableParts> variables;
+    std::vector<InitialParts> initial; // those that have a value
 };
 
-struct Source {
+// Files are named without their folder, and those that the project makes without extension.
+struct SampleParts {
     std::string name;
-    std::string main; // file names
+    std::string main;
     std::vector<std::string> externs;
-    std::string dde;
-    std::int32_t history = 4;
+    std::int32_t history = 0;
+    DdeParts dde;
     std::vector<NameList> results;
     std::vector<NameList> tags;
-    std::vector<Dde> dde_files;
-    std::vector<System> systems;
+    std::vector<SystemParts> systems;
 };
 
-// Reads a source text. Returns an empty text, or what is wrong with it and in which line. Every
-// name a row refers to (a type, a fact, a result) is declared when it returns an empty text.
-std::string ReadSource(std::string_view text, Source& source);
+// The parts of the sample whose text form stands in `folder`. A text that cannot be read fails.
+SampleParts PartsOfSample(const std::string& folder);
 
-} // namespace sample
+} // namespace gui
