@@ -27,6 +27,7 @@ while [ $# -gt 0 ]; do
     -o) out=$2; shift ;;
     -MF) dependencies=$2; shift ;;
     -I) includes+=("$2"); shift ;;
+    -dumpmachine) cat "$here/machine" 2>/dev/null || echo x86_64-w64-mingw32; exit ;;
     @*) while read -r name; do sources+=("$name"); done <"${1#@}" ;;
     -*) ;;
     *.*) sources+=("$1") ;;
@@ -318,10 +319,10 @@ TEST(ReadIncluded, FollowsHeadersAndSaysWhatIsMissing) {
 }
 
 TEST(Messages, TellLabelsAsLinesOfTheSourceAndPlaces) {
-    morv::Messages messages(
+    const std::string source =
         "\nInference_Engine_1 steam;\nBegin Inference_Engine_1 ZkSystem\n\nRule "
-        "7\n\nbad\nEndRule\nEndSystem\n",
-        "pR.cpp");
+        "7\n\nbad\nEndRule\nEndSystem\n";
+    morv::Messages messages(source, "pR.cpp");
     messages.SetLabels({{"steam.rule-7", 5, "steam", "7", ""}});
     messages.Add(
         "In file included from pR.cpp:1:\n/own.h:3:1: error: no\n"
