@@ -8,6 +8,7 @@
 #include "translate_engine.h"
 #include "translate_facts.h"
 #include "translate_header.h"
+#include "translate_initial.h"
 #include "translate_marks.h"
 #include "translate_pieces.h"
 
@@ -121,6 +122,7 @@ private:
         known.insert(system.variables.begin(), system.variables.end());
         known.insert(results_.begin(), results_.end());
         known.insert({"PF", "DDEinfo", "hora", "Items", "ActivatSB"});
+        const std::string defines_before = defines_;
         const TextAround around = ReadAround(system.parts);
         const std::string taken = AddMacros(around.defines, known, extern_);
         defines_ += around.defines;
@@ -159,10 +161,16 @@ private:
         Declare(system, whole.empty(), nullptr, text_);
         text_ += "namespace " + system.space + " { extern const morv::FactRow morv_rows[]; }\n";
         EngineText engine(system, extern_, marks_, text_);
-        if (whole.empty())
+        if (whole.empty()) {
+            const bool initial_apart = HasInitialSource(system, extern_);
+            if (initial_apart)
+                result_.sources.push_back(
+                    {"initial" + system.number + ".cpp",
+                     InitialSource(system, results_, extern_, defines_before, marks_)});
             engine.PutSplit(
-                pieces_.Put(system, together.empty() ? &result_.sources : nullptr, text_));
-        else
+                pieces_.Put(system, together.empty() ? &result_.sources : nullptr, text_),
+                initial_apart);
+        } else
             engine.PutWhole();
         Out("#pragma GCC diagnostic pop");
         ++at_;

@@ -2,6 +2,7 @@
 
 #include "language/splitting.h"
 #include "language/tokens.h"
+#include "translate_initial.h"
 
 #include <algorithm>
 
@@ -27,8 +28,9 @@ std::string LastSolid(const std::string& text) {
 
 } // namespace
 
-void EngineText::PutSplit(std::vector<RuleGroup> groups) {
+void EngineText::PutSplit(std::vector<RuleGroup> groups, bool initial_apart) {
     groups_ = std::move(groups);
+    initial_apart_ = initial_apart;
     PutEngine(true);
 }
 
@@ -81,6 +83,8 @@ void EngineText::PutEngine(bool split) {
             text_ += "\"" + number + "\", ";
         text_ += "};\n";
     }
+    if (initial_apart_)
+        text_ += "namespace " + system_.space + " { void morv_initial(); }\n";
     text_ += marks_.At(system_.name + ".begin", system_.text.rest.line, system_.name);
     std::set<std::string> words = split ? WordsAround() : system_.facts;
     words.insert("PF");
@@ -115,7 +119,8 @@ std::set<std::string> EngineText::WordsAround() const {
     for (const LineText& each : system_.text.values)
         text += each.text + "\n";
     for (const InitialFact& each : system_.text.initial)
-        text += each.fact + " " + each.value + " " + each.certainty + "\n";
+        if (!initial_apart_)
+            text += each.fact + " " + each.value + " " + each.certainty + "\n";
     for (const Part& part : system_.parts)
         if (!part.rule)
             text += part.text + "\n";
@@ -135,18 +140,9 @@ void EngineText::PutLines(const std::string& label, const std::vector<LineText>&
 }
 
 void EngineText::PutInitial() {
-    if (system_.text.initial.empty())
-        return;
-    text_ += "\nif (morv_run.FirstOfTick()) {" +
-             marks_.At(system_.name + ".initial", system_.text.initial[0].line, system_.name);
-    int line = system_.text.initial[0].line;
-    for (const InitialFact& fact : system_.text.initial) {
-        text_.append(static_cast<std::size_t>(fact.line - line), '\n');
-        line = fact.line;
-        text_ += "morv::TakeUp(" + fact.fact + ", (double)" + fact.value + ", " + fact.certainty +
-                 ", " + Quoted(fact.value) + ");";
-    }
-    text_ += "\n}";
+    if (!system_.text.initial.empty())
+        text_ += "\nif (morv_run.FirstOfTick()) {" +
+                 (initial_apart_ ? InitialCall(system_) : InitialValues(system_, marks_)) + "\n}";
 }
 
 // The text around the rules, and in it calls of the rules.

@@ -18,8 +18,9 @@ public:
                std::string& text)
         : system_(system), code_(code), marks_(marks), text_(text) {}
 
-    // Puts an engine() that calls the rules in these tables.
-    void PutSplit(std::vector<RuleGroup> groups);
+    // Puts an engine() that calls the rules in these tables, and the initial values when they stand
+    // in a source of their own.
+    void PutSplit(std::vector<RuleGroup> groups, bool initial_apart);
 
     // Puts an engine() that holds the rules itself.
     void PutWhole();
@@ -39,6 +40,7 @@ private:
     Marks& marks_;
     std::string& text_;
     std::vector<RuleGroup> groups_;
+    bool initial_apart_ = false;
 };
 
 } // namespace morv

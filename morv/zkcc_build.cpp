@@ -78,6 +78,9 @@ private:
               Fingerprint(header_), Fingerprint(dde_), Fingerprint(included_.text),
               std::string(included_.all ? "all" : "some")})
             key += "\n" + word;
+        if (!job_.console)
+            for (const fs::path& file : ResourceFiles(job_))
+                key += "\n" + file.string();
         key_ = Fingerprint(key);
         std::string log;
         if (!place_.cache.Remembers(key_, log))
@@ -132,16 +135,20 @@ private:
     }
 
     void Remember() {
-        std::set<fs::path> from = {ProgramOf(job_)};
+        std::set<fs::path> from;
         for (const Unit& unit : units_) {
+            if (unit.IsHeader() && unit.kept.identity.empty())
+                continue; // nobody read it
             if (unit.kept.from.empty())
                 return; // what it was made from is not known
-            from.insert(unit.kept.from.begin(), unit.kept.from.end());
+            for (const fs::path& file : unit.kept.from)
+                if (file.has_root_path()) // others are in the cache: made from the rest
+                    from.insert(file);
         }
         std::string log;
         for (const std::string& line : place_.messages->Log())
             log += line + "\n";
-        place_.cache.Remember(key_, {from.begin(), from.end()}, log);
+        place_.cache.Remember(key_, {from.begin(), from.end()}, ProgramOf(job_), log);
     }
 
     bool End(bool done) {

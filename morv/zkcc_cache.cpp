@@ -113,13 +113,13 @@ Kept Cache::Keep(const std::string& name, const std::string& key, const fs::path
 }
 
 void Cache::Remember(const std::string& key, const std::vector<fs::path>& from,
-                     const std::string& log) {
-    Record record{key, 0, {}, log};
-    for (const fs::path& path : from) {
+                     const fs::path& made, const std::string& log) {
+    Record record{key, 0, {{FileFingerprint(made), Utf8(made)}}, log};
+    for (const fs::path& path : from)
         record.from.emplace_back(PrintOf(path), Utf8(path));
-        if (record.from.back().first.empty())
+    for (const auto& [print, path] : record.from)
+        if (print.empty())
             return;
-    }
     Use(kBuild);
     for (const std::string& name : used_)
         record.from.emplace_back(kUsed, name);

@@ -33,11 +33,11 @@ public:
               const std::vector<std::filesystem::path>& from, const std::string& said);
 
     // Keeps the log of a build that is done: `key` is what it was told, `from` are all files that
-    // count beside.
+    // count beside, `made` is what it made.
     void Remember(const std::string& key, const std::vector<std::filesystem::path>& from,
-                  const std::string& log);
+                  const std::filesystem::path& made, const std::string& log);
 
-    // Whether the build before was told the same and all that it counted is unchanged: then this
+    // Whether the build before was told the same and all that counted is unchanged: then this
     // one uses what that one used, and says the same.
     bool Remembers(const std::string& key, std::string& log);
 

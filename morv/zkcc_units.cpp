@@ -42,7 +42,7 @@ public:
                           job_.runtime,
                           {"-O", "coff"},
                           "",
-                          ResourceFiles(),
+                          ResourceFiles(job_),
                           false,
                           "",
                           {}});
@@ -117,20 +117,6 @@ private:
         });
     }
 
-    // The script and what it names of its folder.
-    std::vector<fs::path> ResourceFiles() const {
-        const fs::path script = job_.runtime / HostPath(job_.resource);
-        std::vector<fs::path> files = {script};
-        std::string text;
-        ReadFile(script, text);
-        std::error_code error;
-        for (fs::directory_iterator at(job_.runtime, error), end; !error && at != end;
-             at.increment(error))
-            if (text.find(at->path().filename().string()) != std::string::npos)
-                files.push_back(at->path());
-        return files;
-    }
-
     Workplace& place_;
     const Job& job_;
     const Tools& tools_;
@@ -138,6 +124,19 @@ private:
 };
 
 } // namespace
+
+std::vector<fs::path> ResourceFiles(const Job& job) {
+    const fs::path script = job.runtime / HostPath(job.resource);
+    std::vector<fs::path> files = {script};
+    std::string text;
+    ReadFile(script, text);
+    std::error_code error;
+    for (fs::directory_iterator at(job.runtime, error), end; !error && at != end;
+         at.increment(error))
+        if (text.find(at->path().filename().string()) != std::string::npos)
+            files.push_back(at->path());
+    return files;
+}
 
 bool Unit::IsHeader() const {
     return made.size() > 4 && made.compare(made.size() - 4, 4, kHeaderMade) == 0;

@@ -28,6 +28,9 @@ struct Unit {
     bool IsHeader() const;
 };
 
+// The resource script and what it names of its folder.
+std::vector<std::filesystem::path> ResourceFiles(const Job& job);
+
 // The precompiled header comes first, and what is linked in its order.
 std::vector<Unit> ListUnits(Workplace& place, const Tools& tools, const Translation& translation);
 
