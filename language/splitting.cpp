@@ -252,10 +252,9 @@ std::string WhyTogether(const std::vector<Part>& parts, const ExternCode& code) 
 }
 
 bool StandsApart(const std::string& text, const ExternCode& code) {
-    if (!WhyRule(SolidTokens(text), false).empty())
-        return false;
     const std::set<std::string> words = WithMacros(WordsOf(text, true), code);
-    return std::none_of(words.begin(), words.end(),
+    return WhyRule(SolidTokens(text), words, false).empty() &&
+           std::none_of(words.begin(), words.end(),
                         [&](const std::string& word) { return code.hidden.count(word) != 0; });
 }
 
