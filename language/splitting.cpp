@@ -251,6 +251,13 @@ std::string WhyTogether(const std::vector<Part>& parts, const ExternCode& code) 
     return "";
 }
 
+bool StandsApart(const std::string& text, const ExternCode& code) {
+    const std::set<std::string> words = WithMacros(WordsOf(text, true), code);
+    return WhyRule(SolidTokens(text), words, false).empty() &&
+           std::none_of(words.begin(), words.end(),
+                        [&](const std::string& word) { return code.hidden.count(word) != 0; });
+}
+
 bool ChangesSettings(const std::string& text) {
     std::vector<Token> statement;
     for (const Token& token : SolidTokens(text)) {

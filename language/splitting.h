@@ -24,6 +24,9 @@ std::string WhyWhole(const std::vector<Part>& parts, const std::set<std::string>
 // Why the rules cannot be compiled apart from the extern code; empty when they can.
 std::string WhyTogether(const std::vector<Part>& parts, const ExternCode& code);
 
+// Whether expressions mean the same in a source apart from the extern code.
+bool StandsApart(const std::string& text, const ExternCode& code);
+
 // Whether the text may change what facts are set to: their limits, levels, types and texts.
 bool ChangesSettings(const std::string& text);
 

@@ -39,14 +39,13 @@ std::size_t CommentEnd(const std::string& text, std::size_t at) {
     return end == std::string::npos ? text.size() : end + 2;
 }
 
-} // namespace
-
-std::vector<Token> Tokens(const std::string& text) {
+std::vector<Token> Cut(const std::string& text, bool solid) {
     std::vector<Token> tokens;
+    tokens.reserve(text.size() / 4);
     int line = 1;
+    bool word_before = false;
     for (std::size_t at = 0; at < text.size();) {
         const char c = text[at];
-        const bool word_before = !tokens.empty() && tokens.back().kind == Token::Word;
         Token::Kind kind = Token::Other;
         std::size_t end = at + 1;
         if (InWord(c)) {
@@ -62,23 +61,26 @@ std::vector<Token> Tokens(const std::string& text) {
             kind = Token::Text;
             end = TextEnd(text, at);
         }
-        tokens.push_back({kind, text.substr(at, end - at), line});
-        line += static_cast<int>(std::count(text.begin() + static_cast<std::ptrdiff_t>(at),
+        if (!solid || (kind != Token::Blank && kind != Token::Comment))
+            tokens.push_back({kind, text.substr(at, end - at), line});
+        if (kind != Token::Word && kind != Token::Other)
+            line +=
+                static_cast<int>(std::count(text.begin() + static_cast<std::ptrdiff_t>(at),
                                             text.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
+        word_before = kind == Token::Word;
         at = end;
     }
     return tokens;
 }
 
+} // namespace
+
+std::vector<Token> Tokens(const std::string& text) {
+    return Cut(text, false);
+}
+
 std::vector<Token> SolidTokens(const std::string& text) {
-    std::vector<Token> tokens = Tokens(text);
-    tokens.erase(std::remove_if(tokens.begin(), tokens.end(),
-                                [](const Token& token) {
-                                    return token.kind == Token::Blank ||
-                                           token.kind == Token::Comment;
-                                }),
-                 tokens.end());
-    return tokens;
+    return Cut(text, true);
 }
 
 bool BeginsLambda(const std::vector<Token>& tokens, std::size_t at) {

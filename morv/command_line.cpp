@@ -172,4 +172,12 @@ std::string ReadCommandLine(const std::vector<std::string>& words, Job& job) {
     return Paths(words, after, job).Find();
 }
 
+std::filesystem::path ProgramOf(const Job& job) {
+#ifndef _WIN32
+    if (job.console)
+        return job.project / HostPath(job.program);
+#endif
+    return job.project / HostPath(job.program + ".exe");
+}
+
 } // namespace morv

@@ -32,4 +32,7 @@ std::string ReadCommandLine(const std::vector<std::string>& words, Job& job);
 // Wine prefix, whose names have any case.
 std::filesystem::path HostPath(const std::string& path);
 
+// Where the program of a job goes.
+std::filesystem::path ProgramOf(const Job& job);
+
 } // namespace morv

@@ -22,9 +22,6 @@ struct Faults {
 // was there stays, and the log says why. Returns whether the program is there.
 bool BuildProgram(const Job& job, Screen& screen, Faults* faults = nullptr);
 
-// Where the program of a job goes.
-std::filesystem::path ProgramOf(const Job& job);
-
 // Ends a run that cannot even begin.
 void TellFailure(const std::filesystem::path& project, const std::string& wrong, Screen& screen);
 

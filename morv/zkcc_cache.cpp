@@ -13,6 +13,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr char kRecord[] = ".from"; // what was made from what stands beside it
+constexpr char kBuild[] = "build";  // the record of the last build that went well
+constexpr char kUsed[] = "used";    // in it, instead of a fingerprint: a file of this folder
 
 // A record has a line each for the key, the size of what was made, and each file that it was made
 // from with its fingerprint; then what the compiler said. Its length shows whether it is whole.
@@ -108,6 +110,35 @@ Kept Cache::Keep(const std::string& name, const std::string& key, const fs::path
     if (from.empty() || !known || !WriteFile(File(name + kRecord), Written(record)))
         return {FileFingerprint(File(name)), said, from};
     return {Fingerprint(name + Written(record)), said, from};
+}
+
+void Cache::Remember(const std::string& key, const std::vector<fs::path>& from,
+                     const fs::path& made, const std::string& log) {
+    Record record{key, 0, {{FileFingerprint(made), Utf8(made)}}, log};
+    for (const fs::path& path : from)
+        record.from.emplace_back(PrintOf(path), Utf8(path));
+    for (const auto& [print, path] : record.from)
+        if (print.empty())
+            return;
+    Use(kBuild);
+    for (const std::string& name : used_)
+        record.from.emplace_back(kUsed, name);
+    WriteFile(File(kBuild), Written(record));
+}
+
+bool Cache::Remembers(const std::string& key, std::string& log) {
+    std::string text;
+    Record record;
+    if (!ReadFile(File(kBuild), text) || !Read(text, record) || record.key != key)
+        return false;
+    for (const auto& [print, path] : record.from)
+        if (print != kUsed && PrintOf(PathOf(path)) != print)
+            return false;
+    for (const auto& [print, path] : record.from)
+        if (print == kUsed)
+            Use(path);
+    log = record.said;
+    return true;
 }
 
 void Cache::DropOthers() const {

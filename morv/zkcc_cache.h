@@ -32,6 +32,15 @@ public:
     Kept Keep(const std::string& name, const std::string& key, const std::filesystem::path& made,
               const std::vector<std::filesystem::path>& from, const std::string& said);
 
+    // Keeps the log of a build that is done: `key` is what it was told, `from` are all files that
+    // count beside, `made` is what it made.
+    void Remember(const std::string& key, const std::vector<std::filesystem::path>& from,
+                  const std::filesystem::path& made, const std::string& log);
+
+    // Whether the build before was told the same and all that counted is unchanged: then this
+    // one uses what that one used, and says the same.
+    bool Remembers(const std::string& key, std::string& log);
+
     // Says that this build uses a file of the folder.
     void Use(const std::string& name);
 

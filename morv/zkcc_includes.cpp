@@ -21,10 +21,11 @@ struct Include {
 // Of lines like `#include "own.h"`.
 std::vector<Include> IncludesOf(const std::string& text) {
     std::vector<Include> includes;
-    for (const std::string& line : LinesOf(text)) {
-        const std::string start = Trimmed(line);
-        if (start.empty() || start[0] != '#' ||
-            Trimmed(start.substr(1)).compare(0, 7, "include") != 0)
+    for (std::size_t at = text.find('#'); at != std::string::npos;) {
+        const std::size_t line = text.rfind('\n', at) + 1, end = text.find('\n', at);
+        const std::string start = Trimmed(text.substr(line, end - line));
+        at = end == std::string::npos ? end : text.find('#', end);
+        if (start[0] != '#' || Trimmed(start.substr(1)).compare(0, 7, "include") != 0)
             continue;
         const std::size_t from = start.find_first_of("\"<");
         const std::size_t to = start.find_first_of("\">", from + 1);

@@ -65,7 +65,9 @@ std::string Messages::Placed(const std::string& line) const {
     if (end < line.size() && line[end] == ':')
         if (const std::string column = Digits(line, end + 1); !column.empty())
             end += 1 + column.size();
-    const std::string place = places_.At(number);
+    if (!places_)
+        places_.emplace(source_);
+    const std::string place = places_->At(number);
     const bool placed = place.empty() || line.compare(end, 2 + place.size(), ": " + place) == 0;
     return line.substr(0, start) + name_ + ":" + std::to_string(number) +
            line.substr(colon + 1 + digits.size(), end - colon - 1 - digits.size()) +

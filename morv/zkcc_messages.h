@@ -5,6 +5,7 @@
 #include "translate.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,8 @@ namespace morv {
 
 class Messages {
 public:
-    // `source` is the content of the rules source `name`.
-    Messages(const std::string& source, const std::string& name) : places_(source), name_(name) {}
+    // `source` is the content of the rules source `name`, which outlives this.
+    Messages(const std::string& source, const std::string& name) : source_(source), name_(name) {}
 
     // The labels that the compilers may tell of.
     void SetLabels(const std::vector<Place>& labels);
@@ -33,7 +34,8 @@ public:
 private:
     std::string Placed(const std::string& line) const;
 
-    const RulePlaces places_;
+    const std::string& source_;
+    mutable std::optional<RulePlaces> places_; // read when there is something to be placed
     const std::string name_;
     std::map<std::string, int> labels_; // label and its first line in the source
     std::vector<std::string> errors_, log_;

@@ -21,19 +21,21 @@ using zentrik_test::TempFolder;
 // to.
 constexpr char kStandIn[] = R"(#!/bin/bash
 here=$(dirname "$0")
-includes=() out= dependencies= sources=()
+includes=() out= dependencies= near= sources=()
 while [ $# -gt 0 ]; do
     case $1 in
     -o) out=$2; shift ;;
     -MF) dependencies=$2; shift ;;
     -I) includes+=("$2"); shift ;;
+    -dumpmachine) cat "$here/machine" 2>/dev/null || echo x86_64-w64-mingw32; exit ;;
+    -mcmodel=small) near=" near" ;;
     @*) while read -r name; do sources+=("$name"); done <"${1#@}" ;;
     -*) ;;
     *.*) sources+=("$1") ;;
     esac
     shift
 done
-echo "${0##*-} ${sources[*]##*/}" >>"$here/calls"
+echo "${0##*-} ${sources[*]##*/}$near" >>"$here/calls"
 for source in "${sources[@]}"; do
     [ -n "$dependencies" ] && grep -q SAYS "$source" && echo "pR.cpp:20:3: warning: odd"
     [ -n "$dependencies" ] && grep -q ENDS "$source" && kill -9 $$
@@ -158,6 +160,61 @@ TEST_F(Build, CompilesOnlyWhatChanged) {
     EXPECT_EQ(calls_.find("windres apimorv.rc\n"), 0u) << calls_;
 }
 
+// Where nothing changed the rules are not even translated: a source that is gone stays away.
+TEST_F(Build, DoesNothingTwiceUntilSomethingCounts) {
+    temp_.Put("my morv/runtime_engine.cpp", "#include \"consts.h\"\nSAYS\n");
+    const std::string log = Run();
+    const fs::path source = temp_.Path("my plant/zkcc.cache/rules.cpp");
+    const std::string kept = temp_.Content("my plant/zkcc.cache/rules.cpp");
+    const auto works = [&] {
+        fs::remove(source);
+        EXPECT_EQ(Run(), log);
+        const bool is_there = fs::exists(source);
+        temp_.Put("my plant/zkcc.cache/rules.cpp", kept);
+        return is_there;
+    };
+    EXPECT_FALSE(works());
+    EXPECT_FALSE(works()); // a build that did nothing forgets nothing
+    for (const char* name : {"my plant/pR.cpp", "my plant/pR.h", "my plant/ddecom.cpp",
+                             "my plant/own.h", "my plant/consts.h", "my morv/apimorv.cpp",
+                             "my morv/apimorv.rc", "my morv/runtime_window.cpp",
+                             "bin/x86_64-w64-mingw32-g++", "bin/x86_64-w64-mingw32-windres"}) {
+        temp_.Put(name, temp_.Content(name) + "\n");
+        EXPECT_TRUE(works()) << name;
+        EXPECT_FALSE(works()) << name;
+    }
+    temp_.Put("my plant/Apip.exe", "cut");
+    EXPECT_TRUE(works());
+    const std::string record = temp_.Content("my plant/zkcc.cache/build");
+    temp_.Put("my plant/zkcc.cache/build", record.substr(0, record.size() - 1));
+    EXPECT_TRUE(works());
+    job_.include = temp_.Path("bin");
+    EXPECT_TRUE(works());
+    EXPECT_FALSE(works());
+    // What failed is tried again.
+    temp_.Put("my plant/consts.h", "FAILS\n");
+    temp_.Put("my morv/apimorv.cpp", "FAILS\n");
+    Run(false);
+    Run(false);
+    EXPECT_NE(calls_, "");
+}
+
+TEST_F(Build, SourcesOfRulesReachFactsDirectlyWhereTheCompilerKnowsTheOption) {
+    Run();
+    EXPECT_NE(calls_.find("g++ rules.cpp near\n"), std::string::npos) << calls_;
+    EXPECT_NE(calls_.find("g++ runtime_engine.cpp\n"), std::string::npos) << calls_;
+    // Another compiler is asked anew.
+    temp_.Put("bin/machine", "i686-w64-mingw32\n");
+    temp_.Put("bin/x86_64-w64-mingw32-g++", std::string(kStandIn) + "\n");
+    Run();
+    EXPECT_NE(calls_.find("g++ rules.cpp\n"), std::string::npos) << calls_;
+    temp_.Put("bin/machine", ""); // one that does not tell
+    temp_.Put("bin/x86_64-w64-mingw32-g++", std::string(kStandIn) + "\n\n");
+    EXPECT_EQ(Run(), kMade);
+    EXPECT_NE(calls_.find("g++ rules.cpp\n"), std::string::npos) << calls_;
+    EXPECT_EQ(Leftovers(), "");
+}
+
 TEST_F(Build, MakesAgainWhatSomebodyDamaged) {
     Run();
     const std::string program = Program();
@@ -174,6 +231,7 @@ TEST_F(Build, MakesAgainWhatSomebodyDamaged) {
         files.push_back(entry.path());
     for (const fs::path& file : files) {
         fs::resize_file(file, fs::file_size(file) / 2);
+        fs::remove(temp_.Path("my plant/Apip.exe"));
         EXPECT_EQ(Run(), kMade) << file;
         EXPECT_EQ(Program(), program) << file;
     }
@@ -318,10 +376,10 @@ TEST(ReadIncluded, FollowsHeadersAndSaysWhatIsMissing) {
 }
 
 TEST(Messages, TellLabelsAsLinesOfTheSourceAndPlaces) {
-    morv::Messages messages(
+    const std::string source =
         "\nInference_Engine_1 steam;\nBegin Inference_Engine_1 ZkSystem\n\nRule "
-        "7\n\nbad\nEndRule\nEndSystem\n",
-        "pR.cpp");
+        "7\n\nbad\nEndRule\nEndSystem\n";
+    morv::Messages messages(source, "pR.cpp");
     messages.SetLabels({{"steam.rule-7", 5, "steam", "7", ""}});
     messages.Add(
         "In file included from pR.cpp:1:\n/own.h:3:1: error: no\n"

@@ -77,7 +77,7 @@ void MakeProject(int rules, const fs::path& project, int changed) {
 
 // Returns the seconds from nothing.
 double Project(const fs::path& work, int rules, double limit, double before) {
-    const fs::path project = work / ("p" + std::to_string(rules));
+    const fs::path project = work / std::to_string(rules);
     const std::string morv = (work / "morv").string();
     const std::string line = morv + "/zkcc apimorv apimorv.rc plantR.cpp ddecom.cpp " + morv + " " +
                              project.string() + " " + work.string();

@@ -39,6 +39,10 @@ int main() {
     const char* code = std::getenv("STAND_IN_CODE");
     std::string arguments, sources;
     fs::path made, from;
+    if (count == 2 && fs::path(words[1]) == "-dumpmachine") {
+        std::puts("x86_64-w64-mingw32");
+        return 0;
+    }
     for (int i = 1; i < count; ++i) {
         const fs::path word = words[i];
         arguments += word.string() + "\n";
