@@ -95,7 +95,9 @@ std::string LocalName(const char* path) {
     if (!drive)
         return local; // there is no such file
     const std::string folder = drive->folder == "/" ? "" : drive->folder;
-    local.replace(0, 2, local.size() > 2 && local[2] == '/' ? "" : "/");
+    local.erase(0, 2);
+    if (local.empty() || local[0] != '/')
+        local.insert(local.begin(), '/');
     return Below(folder, local);
 }
 
@@ -147,7 +149,7 @@ std::string ProjectPath(const std::string& host) {
     std::string path = FromUtf8(rest).value_or(rest);
     std::replace(path.begin(), path.end(), '/', '\\');
     if (path.empty())
-        path = "\\";
+        path += '\\';
     return best ? std::string{best->letter, ':'} + path : path;
 }
 
