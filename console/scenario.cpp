@@ -1,5 +1,7 @@
 #include "console/scenario.h"
 
+#include "console/form_fields.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -16,13 +18,6 @@ constexpr std::array<std::string_view, 8> kCertainties = {
 
 constexpr char kExpect[] = "expect takes: NAME holds [CERTAINTY], NAME = VALUE [+- TOLERANCE], not "
                            "NAME, unknown NAME, [not] fired SYSTEM RULE";
-
-std::string_view Trimmed(std::string_view text) {
-    const std::string_view blanks = " \t\r";
-    const std::size_t first = text.find_first_not_of(blanks);
-    return first == text.npos ? std::string_view()
-                              : text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 std::vector<std::string> WordsOf(std::string_view text) {
     std::vector<std::string> words;

@@ -9,19 +9,11 @@ namespace morv {
 
 namespace {
 
-bool IsOneOf(const std::string& word, std::initializer_list<const char*> words) {
-    return std::any_of(words.begin(), words.end(), [&](const char* each) { return word == each; });
-}
-
-bool IsSolid(const Token& token) {
-    return token.kind != Token::Blank && token.kind != Token::Comment;
-}
-
 using Words = std::vector<std::string>;
 
-class Reader {
+class ExternReader {
 public:
-    explicit Reader(const std::string& text) : tokens_(Tokens(text)) {}
+    explicit ExternReader(const std::string& text) : tokens_(Tokens(text)) {}
 
     ExternCode All() {
         while (at_ < tokens_.size() && !result_.unclear) {
@@ -409,7 +401,7 @@ bool IsKeyword(const std::string& word) {
 }
 
 ExternCode ReadExternCode(const std::string& text) {
-    return Reader(text).All();
+    return ExternReader(text).All();
 }
 
 } // namespace morv

@@ -9,10 +9,6 @@ namespace {
 constexpr char kEngine[] = "Inference_Engine_";
 constexpr char kBegin[] = "Begin ";
 
-bool StartsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
 } // namespace
 
 std::vector<std::string> LinesOf(const std::string& text) {
@@ -35,7 +31,7 @@ std::string Trimmed(const std::string& text) {
 }
 
 bool IsSystemDeclaration(const std::string& line) {
-    return StartsWith(line, kEngine) && line.back() == ';' && line.find(' ') != std::string::npos;
+    return line.starts_with(kEngine) && line.back() == ';' && line.find(' ') != std::string::npos;
 }
 
 SystemDeclaration ReadSystemDeclaration(const std::string& line) {
@@ -44,7 +40,7 @@ SystemDeclaration ReadSystemDeclaration(const std::string& line) {
 }
 
 bool IsBegin(const std::string& line) {
-    return StartsWith(line, std::string(kBegin) + kEngine);
+    return line.starts_with(std::string(kBegin) + kEngine);
 }
 
 std::string EngineOfBegin(const std::string& line) {

@@ -12,10 +12,6 @@ bool EndsLine(const Token& token) {
     return token.kind == Token::Blank && token.text.find('\n') != std::string::npos;
 }
 
-bool IsSolid(const Token& token) {
-    return token.kind != Token::Blank && token.kind != Token::Comment;
-}
-
 // Whether a line begins with the token at `at`, but for blanks and comments.
 bool BeginsLine(const std::vector<Token>& tokens, std::size_t at) {
     while (at-- > 0)

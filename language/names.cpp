@@ -9,9 +9,9 @@ namespace morv {
 
 namespace {
 
-using Words = std::unordered_set<std::string>;
+using NameSet = std::unordered_set<std::string>;
 
-const Words kKeywords = {
+const NameSet kKeywords = {
     "alignas",    "alignof",   "and",          "and_eq",      "asm",           "auto",
     "bitand",     "bitor",     "bool",         "break",       "case",          "catch",
     "char",       "char16_t",  "char32_t",     "class",       "compl",         "const",
@@ -28,13 +28,13 @@ const Words kKeywords = {
     "while",      "xor",       "xor_eq",       "static_cast", "static_assert", "reinterpret_cast"};
 
 // What these words mean between Begin and EndSystem, where facts and variables are declared.
-const Words kRuleWords = {"Rule",  "EndRule",  "If",        "EndIf",    "IfOr",   "EndIfOr",
-                          "IfXor", "EndIfXor", "IfAny",     "EndIfAny", "ForAll", "EndForAll",
-                          "Then",  "Else",     "Otherwise", "PF",       "si",     "no",
-                          "TRUE",  "FALSE",    "NULL"};
+const NameSet kRuleWords = {"Rule",  "EndRule",  "If",        "EndIf",    "IfOr",   "EndIfOr",
+                            "IfXor", "EndIfXor", "IfAny",     "EndIfAny", "ForAll", "EndForAll",
+                            "Then",  "Else",     "Otherwise", "PF",       "si",     "no",
+                            "TRUE",  "FALSE",    "NULL"};
 
-const Words kCertainties = {"VERYLOW", "LOW",      "NOTVERYLOW", "NORMAL", "NOTVERYHIGH",
-                            "HIGH",    "VERYHIGH", "FULL",       "NULL"};
+const NameSet kCertainties = {"VERYLOW", "LOW",      "NOTVERYLOW", "NORMAL", "NOTVERYHIGH",
+                              "HIGH",    "VERYHIGH", "FULL",       "NULL"};
 
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
@@ -184,7 +184,7 @@ private:
         return names;
     }
 
-    const Words& Elsewhere() {
+    const NameSet& Elsewhere() {
         if (!elsewhere_.empty())
             return elsewhere_;
         elsewhere_ = WordsOf(project_.others);
@@ -209,7 +209,7 @@ private:
     }
 
     const ProjectNames& project_;
-    Words elsewhere_;
+    NameSet elsewhere_;
     std::vector<NameFault> faults_;
 };
 

@@ -9,14 +9,10 @@ namespace morv {
 
 namespace {
 
-bool IsOneOf(const std::string& word, std::initializer_list<const char*> words) {
-    return std::any_of(words.begin(), words.end(), [&](const char* each) { return word == each; });
-}
-
 // The tokens of a rule, read from left to right.
-class Words {
+class RuleTokens {
 public:
-    explicit Words(const std::vector<Token>& tokens) : tokens_(tokens) {}
+    explicit RuleTokens(const std::vector<Token>& tokens) : tokens_(tokens) {}
 
     const std::string& At(std::size_t ahead = 0) const {
         static const std::string none;
@@ -51,7 +47,7 @@ bool IsCertainty(const std::string& word) {
 }
 
 // deduce(&R); deduce(&R, HIGH); retract(&R); How many tokens; 0 when it is something else.
-std::size_t ConclusionAt(const Words& words) {
+std::size_t ConclusionAt(const RuleTokens& words) {
     if (!IsOneOf(words.At(), {"deduce", "retract"}) || words.At(1) != "(" || words.At(2) != "&")
         return 0;
     if (words.At(4) == ")" && words.At(5) == ";")
@@ -61,7 +57,7 @@ std::size_t ConclusionAt(const Words& words) {
 }
 
 // What is asked of the fact at hand; 0 when it is something else.
-std::size_t QuestionAt(const Words& words) {
+std::size_t QuestionAt(const RuleTokens& words) {
     if (words.At(1) != ".")
         return 0;
     if (IsOneOf(words.At(2), {"value", "certainty", "known", "level", "outside"}))
@@ -69,7 +65,7 @@ std::size_t QuestionAt(const Words& words) {
     return words.At(2) == "fact_value" && words.At(3) == "." ? 5 : 0;
 }
 
-bool IsHarmless(const Words& words) {
+bool IsHarmless(const RuleTokens& words) {
     const std::string& text = words.At();
     if (words.IsText())
         return text[0] == '"';
@@ -145,7 +141,7 @@ bool QuietRules::IsQuiet(const std::string& rule, const std::set<std::string>& f
         return false;
     const std::vector<Token> tokens = SolidTokens(rule);
     std::map<std::string, int> touched;
-    Words words(tokens);
+    RuleTokens words(tokens);
     words.Pass(2); // Rule and its number
     while (!words.End()) {
         const std::string& text = words.At();

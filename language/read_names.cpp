@@ -14,13 +14,9 @@ constexpr char kValues[] = "// - System Local Vars";
 constexpr char kResults[] = "DATAFACTRESULT";
 constexpr char kItems[] = "char *Items[]={";
 
-bool StartsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
-class Reader {
+class NamesReader {
 public:
-    Reader(const std::string& source, std::string file)
+    NamesReader(const std::string& source, std::string file)
         : lines_(LinesOf(source)), file_(std::move(file)) {}
 
     // Everything outside the systems goes to the others.
@@ -46,7 +42,7 @@ private:
 
     void ReadSystem(SystemNames& system) {
         ++at_;
-        for (; at_ < lines_.size() && !StartsWith(lines_[at_], kFacts); ++at_)
+        for (; at_ < lines_.size() && !lines_[at_].starts_with(kFacts); ++at_)
             if (lines_[at_] == kEndSystem)
                 return;
         if (at_ == lines_.size())
@@ -95,7 +91,7 @@ std::vector<Name> ReadResults(const std::string& header, const std::string& file
     const auto heading = std::find(lines.rbegin(), lines.rend(), kResults);
     if (heading == lines.rend())
         return results;
-    for (auto at = heading.base(); at != lines.end() && !StartsWith(*at, "#"); ++at) {
+    for (auto at = heading.base(); at != lines.end() && !at->starts_with("#"); ++at) {
         const std::string name = Trimmed(*at);
         results.push_back({Trimmed(name.substr(0, name.find_last_of(",;"))),
                            file + ":" + std::to_string(at - lines.begin() + 1)});
@@ -126,7 +122,7 @@ ProjectNames ReadNames(const std::string& source, const std::string& source_file
                        const std::string& dde, const std::string& headers) {
     ProjectNames project;
     project.others = header + "\n" + headers + "\n";
-    Reader(source, source_file).Read(project);
+    NamesReader(source, source_file).Read(project);
     project.results = ReadResults(header, header_file);
     project.items = ReadItems(dde);
     return project;

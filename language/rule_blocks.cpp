@@ -27,10 +27,6 @@ bool IsEndOfIf(const std::string& word) {
                        [&](const IfWord& known) { return word == known.end; });
 }
 
-bool IsNumber(const std::string& word) {
-    return !word.empty() && word.find_first_not_of("0123456789") == std::string::npos;
-}
-
 // One of the expressions in the brackets of a block.
 struct Expression {
     std::string code;  // as it stands
@@ -151,8 +147,7 @@ private:
 
     // Passes blanks and comments on.
     void SkipBlanks() {
-        while (at_ < tokens_.size() &&
-               (tokens_[at_].kind == Token::Blank || tokens_[at_].kind == Token::Comment))
+        while (at_ < tokens_.size() && !IsSolid(tokens_[at_]))
             Copy();
     }
 
@@ -322,7 +317,7 @@ private:
     std::size_t Solid(std::size_t at, int step) const {
         for (at += static_cast<std::size_t>(step); at < tokens_.size();
              at += static_cast<std::size_t>(step))
-            if (tokens_[at].kind != Token::Blank && tokens_[at].kind != Token::Comment)
+            if (IsSolid(tokens_[at]))
                 return at;
         return tokens_.size();
     }

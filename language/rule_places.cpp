@@ -14,10 +14,6 @@ namespace {
 constexpr char kMain[] = "//////////      MORV  Main       ////////////";
 constexpr std::size_t kLinesToMain = 4; // the frame's end, the function's head, its brace
 
-bool IsNumber(const std::string& text) {
-    return text.find_first_not_of("0123456789") == std::string::npos;
-}
-
 } // namespace
 
 RulePlaces::RulePlaces(const std::string& source) {

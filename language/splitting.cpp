@@ -9,10 +9,6 @@ namespace morv {
 
 namespace {
 
-bool IsOneOf(const std::string& word, std::initializer_list<const char*> words) {
-    return std::any_of(words.begin(), words.end(), [&](const char* each) { return word == each; });
-}
-
 bool IsName(const Token& token) {
     return token.kind == Token::Word && (token.text[0] < '0' || token.text[0] > '9');
 }

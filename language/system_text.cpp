@@ -8,19 +8,10 @@ namespace morv {
 
 namespace {
 
-bool StartsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
-bool EndsWith(const std::string& text, const std::string& end) {
-    return text.size() >= end.size() &&
-           text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 // What stands between `start` and `end` of a line; whether it is such a line.
 bool Between(const std::string& line, const std::string& start, const std::string& end,
              std::string& between) {
-    if (line.size() < start.size() + end.size() || !StartsWith(line, start) || !EndsWith(line, end))
+    if (line.size() < start.size() + end.size() || !line.starts_with(start) || !line.ends_with(end))
         return false;
     between = line.substr(start.size(), line.size() - start.size() - end.size());
     return true;
@@ -55,14 +46,14 @@ bool IsPlainType(const std::string& type) {
     }) && type.find_first_not_of("abcdefghijklmnopqrstuvwxyz ") == std::string::npos;
 }
 
-bool IsName(const std::string& text) {
+bool IsOneWord(const std::string& text) {
     const std::vector<Token> tokens = Tokens(text);
     return tokens.size() == 1 && tokens[0].kind == Token::Word && (text[0] < '0' || text[0] > '9');
 }
 
-class Reader {
+class SystemReader {
 public:
-    Reader(const std::vector<std::string>& lines, int first) : lines_(lines), first_(first) {}
+    SystemReader(const std::vector<std::string>& lines, int first) : lines_(lines), first_(first) {}
 
     SystemText All() {
         ReadFacts();
@@ -103,7 +94,7 @@ private:
     void ReadFacts() {
         const std::string heading = "\t//- Facts declaration", start = "\tstatic DATAFACT *PF";
         if (!Find([&](const std::string& line) { return line == heading; }) ||
-            !StartsWith(Line(1), start))
+            !Line(1).starts_with(start))
             return;
         result_.facts = NamesIn(Line(1).substr(start.size()));
         at_ += 2;
@@ -116,7 +107,7 @@ private:
             Between(Line(1), "\t", ";", declared)) {
             const std::size_t blank = declared.rfind(' ');
             if (blank == std::string::npos || !IsPlainType(declared.substr(0, blank)) ||
-                !IsName(declared.substr(blank + 1)))
+                !IsOneWord(declared.substr(blank + 1)))
                 return;
             result_.variables.push_back({declared.substr(0, blank), declared.substr(blank + 1)});
             at_ += 2;
@@ -191,7 +182,7 @@ private:
             InitialFact fact{Number(), line.substr(0, dot), "", ""};
             std::string both;
             const std::size_t comma = line.rfind(',');
-            if (!IsName(fact.fact) || Line(1) != "deduce(&" + fact.fact + ");" ||
+            if (!IsOneWord(fact.fact) || Line(1) != "deduce(&" + fact.fact + ");" ||
                 comma == std::string::npos ||
                 !Between(line, fact.fact + ".assign((double)", ");", both))
                 break;
@@ -229,7 +220,7 @@ std::vector<std::string> NamesIn(const std::string& declaration) {
 }
 
 SystemText ReadSystemText(const std::vector<std::string>& lines, int first) {
-    return Reader(lines, first).All();
+    return SystemReader(lines, first).All();
 }
 
 } // namespace morv

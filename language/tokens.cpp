@@ -61,7 +61,7 @@ std::vector<Token> Cut(const std::string& text, bool solid) {
             kind = Token::Text;
             end = TextEnd(text, at);
         }
-        if (!solid || (kind != Token::Blank && kind != Token::Comment))
+        if (!solid || (kind != Token::Blank && kind != Token::Comment)) // before the text is copied
             tokens.push_back({kind, text.substr(at, end - at), line});
         if (kind != Token::Word && kind != Token::Other)
             line +=
@@ -81,6 +81,18 @@ std::vector<Token> Tokens(const std::string& text) {
 
 std::vector<Token> SolidTokens(const std::string& text) {
     return Cut(text, true);
+}
+
+bool IsSolid(const Token& token) {
+    return token.kind != Token::Blank && token.kind != Token::Comment;
+}
+
+bool IsOneOf(const std::string& word, std::initializer_list<const char*> words) {
+    return std::any_of(words.begin(), words.end(), [&](const char* each) { return word == each; });
+}
+
+bool IsNumber(const std::string& word) {
+    return !word.empty() && word.find_first_not_of("0123456789") == std::string::npos;
 }
 
 bool BeginsLambda(const std::vector<Token>& tokens, std::size_t at) {

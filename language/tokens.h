@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,13 @@ std::vector<Token> Tokens(const std::string& text);
 
 // Those of them that mean something: all but blanks and comments.
 std::vector<Token> SolidTokens(const std::string& text);
+
+bool IsSolid(const Token& token);
+
+bool IsOneOf(const std::string& word, std::initializer_list<const char*> words);
+
+// Whether the word is all digits.
+bool IsNumber(const std::string& word);
 
 // Whether the solid token at `at` begins a function within a function.
 bool BeginsLambda(const std::vector<Token>& tokens, std::size_t at);

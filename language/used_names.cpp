@@ -9,19 +9,19 @@ namespace morv {
 
 namespace {
 
-using Words = std::unordered_set<std::string>;
+using NameSet = std::unordered_set<std::string>;
 
 // What facts and results have. A value of another type may have it too, but that is declared.
-const Words kMembers = {"value",   "assign", "certainty",  "known", "level",
-                        "outside", "holds",  "fact_value", "age"};
+const NameSet kMembers = {"value",   "assign", "certainty",  "known", "level",
+                          "outside", "holds",  "fact_value", "age"};
 
-// Words after which a name is used, not declared.
-const Words kBeforeUse = {"return", "else", "do", "case", "throw", "goto",     "Then",
-                          "Else",   "and",  "or", "not",  "xor",   "Otherwise"};
+// NameSet after which a name is used, not declared.
+const NameSet kBeforeUse = {"return", "else", "do", "case", "throw", "goto",     "Then",
+                            "Else",   "and",  "or", "not",  "xor",   "Otherwise"};
 
-class Reader {
+class UsesReader {
 public:
-    Reader(const std::string& text, const Words& own, const Words& elsewhere)
+    UsesReader(const std::string& text, const NameSet& own, const NameSet& elsewhere)
         : tokens_(SolidTokens(text)), own_(own), elsewhere_(elsewhere) {
         for (std::size_t at = 0; at < tokens_.size(); ++at)
             if (IsWord(at) && LooksDeclared(at))
@@ -96,9 +96,9 @@ private:
     }
 
     const std::vector<Token> tokens_;
-    const Words& own_;
-    const Words& elsewhere_;
-    Words declared_, told_;
+    const NameSet& own_;
+    const NameSet& elsewhere_;
+    NameSet declared_, told_;
     std::vector<UsedName> used_;
 };
 
@@ -123,20 +123,20 @@ std::vector<std::string> Defines(const std::string& text) {
 } // namespace
 
 std::vector<UsedName> UndeclaredNames(const std::string& text, const std::string& own,
-                                      const Words& elsewhere) {
-    return Reader(text, WordsOf(own), elsewhere).Undeclared();
+                                      const NameSet& elsewhere) {
+    return UsesReader(text, WordsOf(own), elsewhere).Undeclared();
 }
 
-Words WordsOf(const std::string& text) {
-    Words words;
+NameSet WordsOf(const std::string& text) {
+    NameSet words;
     for (const Token& token : Tokens(text))
         if (token.kind == Token::Word)
             words.insert(token.text);
     return words;
 }
 
-Words MacroWords(const std::string& text) {
-    Words words;
+NameSet MacroWords(const std::string& text) {
+    NameSet words;
     for (const std::string& define : Defines(text))
         words.merge(WordsOf(define));
     return words;

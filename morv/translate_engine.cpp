@@ -11,19 +11,13 @@ namespace morv {
 namespace {
 
 bool IsBlank(const Part& part) {
-    const std::vector<Token> tokens = Tokens(part.text);
-    return std::all_of(tokens.begin(), tokens.end(), [](const Token& token) {
-        return token.kind == Token::Blank || token.kind == Token::Comment;
-    });
+    return SolidTokens(part.text).empty();
 }
 
 // The last of a text that is no blank and no comment.
 std::string LastSolid(const std::string& text) {
-    std::string last;
-    for (const Token& token : Tokens(text))
-        if (token.kind != Token::Blank && token.kind != Token::Comment)
-            last = token.text;
-    return last;
+    const std::vector<Token> tokens = SolidTokens(text);
+    return tokens.empty() ? "" : tokens.back().text;
 }
 
 } // namespace

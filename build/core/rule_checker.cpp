@@ -11,7 +11,7 @@
 namespace {
 
 // How many bytes are checked between two calls of CheckView::Progress.
-constexpr std::size_t kPiece = 8192;
+constexpr std::size_t kPieceSize = 8192;
 
 int Lines(const char* begin, const char* end) {
     return static_cast<int>(std::count(begin, end, '\n'));
@@ -61,7 +61,7 @@ void RulesCheck::CheckRule(const RuleIndexRecord& record) {
     const std::size_t size = record.size > 0 ? static_cast<std::size_t>(record.size) : 0;
     const char* const rule_end = at_ + std::min<std::size_t>(size, file_end_ - at_);
     while (at_ != rule_end) {
-        const char* const end = at_ + std::min<std::size_t>(kPiece, rule_end - at_);
+        const char* const end = at_ + std::min<std::size_t>(kPieceSize, rule_end - at_);
         CheckPiece(at_, end);
         at_ = end;
         view_.Progress(end[-1]);

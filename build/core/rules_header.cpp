@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr char kCaption[] = "Rule.Cpp";
+constexpr char kHeaderCaption[] = "Rule.Cpp";
 
 void FixedHead(OutputFile& han, const char* RulesH) {
     EsqCap(han, RulesH);
@@ -61,7 +61,7 @@ int CrearRulesH(const ProjectRecord& project, const char* RulesH, WindowHandle o
     for (int i = 1; i <= externs; ++i) {
         std::string text;
         if (!files::ReadWhole(Text(project.ExternFiles[i]).c_str(), files::Mode::Update, text))
-            return GiveUp(han, owner, "Extern File Error", kCaption);
+            return GiveUp(han, owner, "Extern File Error", kHeaderCaption);
         CopyIncludes(han, text);
     }
     Return(han);
@@ -73,7 +73,7 @@ int CrearRulesH(const ProjectRecord& project, const char* RulesH, WindowHandle o
                      "DATAFACTRESULT"});
     std::vector<TagRecord> results;
     if (!ReadRecords(Text(project.ResAux).c_str(), files::Mode::Update, results))
-        return GiveUp(han, owner, "Results File Error", kCaption);
+        return GiveUp(han, owner, "Results File Error", kHeaderCaption);
     Results(han, results);
     WriteFile(han, "#endif", 1);
     return Finish(han);

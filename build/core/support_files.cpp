@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr char kCaption[] = "Compile MORV";
+constexpr char kBuildCaption[] = "Compile MORV";
 constexpr char kNoDde[] = "Dde File not found";
 
 bool Create(OutputFile& han, const std::string& path) {
@@ -30,7 +30,7 @@ bool AddTemplate(const SupportInput& in, OutputFile& han, const char* name, cons
     std::string text;
     const std::string path = in.morv_path + "\\" + name;
     if (!files::ReadWhole(path.c_str(), files::Mode::Read, text)) {
-        GiveUp(han, in.owner, missing, kCaption);
+        GiveUp(han, in.owner, missing, kBuildCaption);
         return false;
     }
     han.Add(std::string_view(text).substr(0, text.empty() ? 0 : text.size() - 1));
@@ -105,7 +105,7 @@ int CollectTypes(const SupportInput& in, SystemHead& last_read, OutputFile& cons
         const ReadResult result = ReadSystem(Text(in.project.EngineNames[i]).c_str(), system);
         if (result == ReadResult::Missing || result == ReadResult::Useless) {
             consts.Close();
-            ShowMessage(in.owner, "Engine not found", kCaption);
+            ShowMessage(in.owner, "Engine not found", kBuildCaption);
             return -1;
         }
         std::copy(std::begin(system.head.KTypeName), std::end(system.head.KTypeName),
@@ -133,7 +133,7 @@ std::vector<std::string> Distinct(const std::vector<TagRecord>& types) {
 
 void TypesEnum(OutputFile& han, const SupportInput& in, const std::vector<TagRecord>& types) {
     if (types.empty())
-        ShowMessage(in.owner, "Zero", kCaption);
+        ShowMessage(in.owner, "Zero", kBuildCaption);
     for (const std::string& name : Distinct(types)) {
         WriteFile(han, ",", 0);
         WriteFile(han, name, 0);
@@ -158,7 +158,7 @@ int WriteDdecom(const SupportInput& in) {
 
     DdeFile dde;
     if (!ReadItems(in, dde))
-        return GiveUp(source, in.owner, kNoDde, kCaption);
+        return GiveUp(source, in.owner, kNoDde, kBuildCaption);
     ItemNames(source, dde.items);
     ItemStructure(header, dde.items);
     if (!AddTemplate(in, header, "ddecom2.dat", "ddecom2.dat not found check MORV Path"))
@@ -204,7 +204,7 @@ int WriteMorvApi(const SupportInput& in) {
     WriteLine(han, {"char ApZk[255]={\"api", in.names.base, "\"};"});
     DdeFile dde;
     if (!ReadItems(in, dde))
-        return GiveUp(han, in.owner, kNoDde, kCaption);
+        return GiveUp(han, in.owner, kNoDde, kBuildCaption);
     WriteLine(han, {"char ItemZk[255]={\"", dde.name, "\"};"});
     WriteFile(han, "#endif", 1);
     return Finish(han);

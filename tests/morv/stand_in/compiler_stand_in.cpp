@@ -3,6 +3,7 @@
 // environment:
 //     STAND_IN_CODE    it says that it was here, makes nothing and ends with this code
 //     STAND_IN_WAITS   it waits for the event of this name before it does anything
+// Asked for its machine, it answers at once.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -33,16 +34,16 @@ static void AddArguments(const std::string& text) {
 }
 
 int main() {
-    AwaitEvent();
     int count = 0;
     wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-    const char* code = std::getenv("STAND_IN_CODE");
-    std::string arguments, sources;
-    fs::path made, from;
     if (count == 2 && fs::path(words[1]) == "-dumpmachine") {
         std::puts("x86_64-w64-mingw32");
         return 0;
     }
+    AwaitEvent();
+    const char* code = std::getenv("STAND_IN_CODE");
+    std::string arguments, sources;
+    fs::path made, from;
     for (int i = 1; i < count; ++i) {
         const fs::path word = words[i];
         arguments += word.string() + "\n";
