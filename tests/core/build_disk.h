@@ -10,6 +10,9 @@
 
 namespace zentrik_test {
 
+// The window that boxes of a build belong to.
+inline const auto kOwner = reinterpret_cast<WindowHandle>(std::uintptr_t{16});
+
 // An empty folder C:\zktest that is removed at the end.
 class Disk {
 public:

@@ -10,9 +10,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kSources = SOURCE_FOLDER;
+const fs::path kTop = SOURCE_FOLDER;
 
-std::string ReadText(const fs::path& path) {
+std::string PageText(const fs::path& path) {
     std::ostringstream text;
     text << std::ifstream(path, std::ios::binary).rdbuf();
     return text.str();
@@ -41,7 +41,7 @@ std::string PageName(const std::string& heading) {
 std::set<std::string> Chapters() {
     std::set<std::string> pages{std::string(kGuideContents), std::string(kGuideIndex)};
     for (const std::string& heading :
-         Found(ReadText(kSources / "docs/user-guide.md"), "\n## ([^\r\n]*)"))
+         Found(PageText(kTop / "docs/user-guide.md"), "\n## ([^\r\n]*)"))
         pages.insert(PageName(heading));
     return pages;
 }
@@ -49,9 +49,9 @@ std::set<std::string> Chapters() {
 // The names of the dialogs in the resources.
 std::set<std::string> Dialogs() {
     std::set<std::string> dialogs;
-    for (const auto& entry : fs::directory_iterator(kSources / "res"))
+    for (const auto& entry : fs::directory_iterator(kTop / "res"))
         if (entry.path().extension() == ".rc")
-            dialogs.merge(Found(ReadText(entry.path()), "(\\w+) DIALOG"));
+            dialogs.merge(Found(PageText(entry.path()), "(\\w+) DIALOG"));
     return dialogs;
 }
 

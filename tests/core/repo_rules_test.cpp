@@ -17,7 +17,7 @@ std::string ReadText(const fs::path& path) {
     return text.str();
 }
 
-std::vector<std::string> Lines(const std::string& text) {
+std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);)
@@ -28,7 +28,7 @@ std::vector<std::string> Lines(const std::string& text) {
 // The identifiers of shell/services/ZENTRIK.h with their values.
 std::map<std::string, int> Identifiers() {
     std::map<std::string, int> identifiers;
-    for (const std::string& line : Lines(ReadText(kSources / "shell/services/ZENTRIK.h"))) {
+    for (const std::string& line : LinesOf(ReadText(kSources / "shell/services/ZENTRIK.h"))) {
         std::istringstream words(line);
         std::string define;
         std::string name;
@@ -51,7 +51,7 @@ std::vector<fs::path> FilesIn(const char* folder, const std::set<std::string>& e
 std::vector<std::string> Includes(const fs::path& path) {
     const std::string include = "#include \"";
     std::vector<std::string> names;
-    for (const std::string& line : Lines(ReadText(path)))
+    for (const std::string& line : LinesOf(ReadText(path)))
         if (line.starts_with(include))
             names.push_back(
                 line.substr(include.size(), line.find('"', include.size()) - include.size()));
@@ -123,7 +123,7 @@ TEST(RepoRules, EveryIdentifierInTheResourcesIsNamed) {
     const std::set<std::string> others{"", "IDOK", "IDCANCEL", "IDC_STATIC", "-1"};
     std::size_t named = 0;
     for (const fs::path& path : FilesIn("res", {".rc"}))
-        for (const std::string& line : Lines(ReadText(path))) {
+        for (const std::string& line : LinesOf(ReadText(path))) {
             const std::string id = IdentifierOn(line);
             named += identifiers.contains(id);
             EXPECT_TRUE(identifiers.contains(id) || others.contains(id))

@@ -30,7 +30,7 @@ Lines Findings(const std::string& text, std::vector<RuleIndexRecord> index = {})
     return Findings(text, anul, std::move(index));
 }
 
-const Lines kFine;
+const Lines kNothing;
 
 TEST(CheckRules, GivesOneLineForAFineRule) {
     const std::string text = "Rule 3\r\nEndRule";
@@ -68,14 +68,14 @@ TEST(CheckRules, ALineEndSplitBetweenTwoRulesDoesNotCount) {
 }
 
 TEST(CheckRules, CommentsAndStringsHideTheStructure) {
-    EXPECT_EQ(Findings("Rule // Then\r\nEndRule"), kFine);
-    EXPECT_EQ(Findings("Rule /* Then\r\n Then */ EndRule"), kFine);
-    EXPECT_EQ(Findings("Rule \"Then\" EndRule"), kFine);
+    EXPECT_EQ(Findings("Rule // Then\r\nEndRule"), kNothing);
+    EXPECT_EQ(Findings("Rule /* Then\r\n Then */ EndRule"), kNothing);
+    EXPECT_EQ(Findings("Rule \"Then\" EndRule"), kNothing);
     // An LF alone does not end the comment.
-    EXPECT_EQ(Findings("Rule // Then\nThen EndRule"), kFine);
+    EXPECT_EQ(Findings("Rule // Then\nThen EndRule"), kNothing);
     // "*/" outside a block comment means nothing.
-    EXPECT_EQ(Findings("Rule */ EndRule"), kFine);
-    EXPECT_EQ(Findings("Rule // */ Then\r\nEndRule"), kFine);
+    EXPECT_EQ(Findings("Rule */ EndRule"), kNothing);
+    EXPECT_EQ(Findings("Rule // */ Then\r\nEndRule"), kNothing);
     // The '*' of "/*" also begins "*/", so this is a whole comment.
     EXPECT_EQ(Findings("Rule /*/ Then EndRule"),
               Lines{"R : Line :0 : There are Then whithout any kind of If"});
@@ -106,7 +106,7 @@ TEST(CheckRules, WhatStaysOpenSilencesTheFollowingRules) {
     Findings("Rule \" EndRule", anul);
     EXPECT_EQ(anul, Lexical::String);
     // The next run of the program's life starts in the string.
-    EXPECT_EQ(Findings("Rule Then EndRule", anul), kFine);
+    EXPECT_EQ(Findings("Rule Then EndRule", anul), kNothing);
 }
 
 TEST(CheckRules, TheLookAheadAfterIfGoesBeyondTheRule) {

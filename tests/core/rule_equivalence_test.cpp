@@ -112,7 +112,7 @@ void ExpectSame(const std::string& text, const std::vector<RuleIndexRecord>& ind
 }
 
 // Runs `once` with changing seeds for a bounded time.
-template <class Once> void ForAWhile(Once once) {
+template <class Once> void ForManySeeds(Once once) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(400);
     unsigned seed = 1;
     do {
@@ -122,7 +122,7 @@ template <class Once> void ForAWhile(Once once) {
 }
 
 TEST(RuleEquivalence, OfRandomTexts) {
-    ForAWhile([](unsigned seed) {
+    ForManySeeds([](unsigned seed) {
         TextMaker make(seed);
         for (const std::string& text : {make.Letters(make.Below(400)), make.Bytes(make.Below(200)),
                                         make.Words(make.Below(120))})
@@ -131,7 +131,7 @@ TEST(RuleEquivalence, OfRandomTexts) {
 }
 
 TEST(RuleEquivalence, OfSoundAndDamagedRules) {
-    ForAWhile([](unsigned seed) {
+    ForManySeeds([](unsigned seed) {
         TextMaker make(seed);
         const std::string sound = make.Sound(4);
         ExpectSame(sound, make.Cut(sound), 0);

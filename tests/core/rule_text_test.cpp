@@ -222,19 +222,19 @@ std::string Records(const std::vector<std::pair<std::string, int>>& names_and_bo
     return bytes;
 }
 
-using Names = std::vector<std::string>;
+using NameList = std::vector<std::string>;
 
 TEST(RuleIndex, FirstRulesListsTheFirstAndTheLiveRecords) {
     const std::string index =
         Records({{"Rule 1", 1}, {"Rule 2", 0}, {"Rule 3", -1}, {"Rule 4", 0}});
-    EXPECT_EQ(FirstRules(index).names, (Names{"Rule 1", "Rule 2", "Rule 4"}));
+    EXPECT_EQ(FirstRules(index).names, (NameList{"Rule 1", "Rule 2", "Rule 4"}));
     EXPECT_EQ(FirstRules(index).count, 4);
-    EXPECT_EQ(AllRules(index).names, (Names{"Rule 1", "Rule 2", "Rule 3", "Rule 4"}));
+    EXPECT_EQ(AllRules(index).names, (NameList{"Rule 1", "Rule 2", "Rule 3", "Rule 4"}));
     EXPECT_EQ(AllRules(index).count, 4);
 }
 
 TEST(RuleIndex, AnEmptyIndexGivesOneEmptyLineAtTheStart) {
-    EXPECT_EQ(FirstRules("").names, Names{""});
+    EXPECT_EQ(FirstRules("").names, NameList{""});
     EXPECT_EQ(FirstRules("").count, 1);
     EXPECT_TRUE(AllRules("").names.empty());
     EXPECT_EQ(AllRules("").count, 0);
@@ -242,11 +242,11 @@ TEST(RuleIndex, AnEmptyIndexGivesOneEmptyLineAtTheStart) {
 
 TEST(RuleIndex, CutRecordsAreBounded) {
     const std::string index = Records({{"Rule 1", 0}, {"Rule 2", 0}});
-    EXPECT_EQ(FirstRules(index.substr(0, 12)).names, Names{"Rule"});
-    EXPECT_EQ(FirstRules(index.substr(0, 400)).names, Names{"Rule 1"});
+    EXPECT_EQ(FirstRules(index.substr(0, 12)).names, NameList{"Rule"});
+    EXPECT_EQ(FirstRules(index.substr(0, 400)).names, NameList{"Rule 1"});
     EXPECT_EQ(AllRules(index.substr(0, 266)).count, 0);
     const std::string no_end(267, 'x');
-    EXPECT_EQ(AllRules(no_end).names, Names{std::string(255, 'x')});
+    EXPECT_EQ(AllRules(no_end).names, NameList{std::string(255, 'x')});
 }
 
 TEST(InsText, InsertsWithAndWithoutALineEnd) {

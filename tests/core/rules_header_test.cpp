@@ -8,11 +8,10 @@ namespace {
 using zentrik_test::Boxes;
 using zentrik_test::Disk;
 using zentrik_test::ExpectGolden;
+using zentrik_test::kOwner;
 using zentrik_test::PutSampleProject;
 using zentrik_test::Tags;
 using Lines = std::vector<std::string>;
-
-const auto kOwner = reinterpret_cast<WindowHandle>(std::uintptr_t{16});
 
 struct Header {
     Header() : project(PutSampleProject(disk)) {}

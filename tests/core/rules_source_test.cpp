@@ -9,13 +9,12 @@ using zentrik_test::Boxes;
 using zentrik_test::Disk;
 using zentrik_test::EmptySystem;
 using zentrik_test::ExpectGolden;
+using zentrik_test::kOwner;
 using zentrik_test::Name;
 using zentrik_test::PutSampleProject;
 using zentrik_test::SampleFact;
 using zentrik_test::Triples;
 using Lines = std::vector<std::string>;
-
-const auto kOwner = reinterpret_cast<WindowHandle>(std::uintptr_t{16});
 
 struct Source {
     Source() : project(PutSampleProject(disk)) {}

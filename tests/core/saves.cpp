@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Names(const std::vector<std::string>& names) {
+std::string NameRecords(const std::vector<std::string>& names) {
     std::vector<TagRecord> records(names.size());
     for (std::size_t i = 0; i < names.size(); ++i)
         SetText(records[i].name, names[i]);
@@ -54,8 +54,8 @@ SystemFile SystemWith(std::int32_t facts) {
 
 Save ProjectSave(const std::string& name, std::optional<std::string> old_project,
                  std::optional<std::string> old_results) {
-    const std::string old = Names({"old"});
-    const std::string chosen = Names({"new", "newer"});
+    const std::string old = NameRecords({"old"});
+    const std::string chosen = NameRecords({"new", "newer"});
     return {name,
             {{"p.mrv", old_project}, {"p.aux", old_results}, {"work.aux", chosen}},
             {{"p.mrv", ProjectBytes(ProjectWith(1))}, {"p.aux", chosen}, {"work.aux", {}}},
@@ -112,8 +112,8 @@ Save NamesSave() {
     const std::vector<std::string> names{"one", "two"};
     return {
         "tags, results, types",
-        {{"a.tag", Names({"old", "older", "oldest"})}},
-        {{"a.tag", Names(names)}},
+        {{"a.tag", NameRecords({"old", "older", "oldest"})}},
+        {{"a.tag", NameRecords(names)}},
         [names](const TempFolder& temp) { return WriteNames(temp.Path("a.tag").c_str(), names); }};
 }
 
@@ -128,8 +128,8 @@ Save DdeSave() {
 
 Save Pruning() {
     return {"pruned results",
-            {{"p.aux", Names({"a", "b"})}, {"r.rst", Names({"a"})}},
-            {{"p.aux", Names({"b"})}, {"r.rst", Names({"a"})}},
+            {{"p.aux", NameRecords({"a", "b"})}, {"r.rst", NameRecords({"a"})}},
+            {{"p.aux", NameRecords({"b"})}, {"r.rst", NameRecords({"a"})}},
             [](const TempFolder& temp) {
                 return PruneResults(temp.Path("p.aux").c_str(), temp.Path("r.rst").c_str());
             },
@@ -177,7 +177,7 @@ Save LastFactRemoved() {
 } // namespace
 
 std::vector<Save> AllSaves() {
-    return {ProjectSave("project", ProjectBytes(ProjectWith(2)), Names({"old"})),
+    return {ProjectSave("project", ProjectBytes(ProjectWith(2)), NameRecords({"old"})),
             ProjectSave("project as", {}, {}),
             SystemSave(),
             SystemThatLosesItsVariables(),

@@ -9,12 +9,12 @@ using zentrik_test::Boxes;
 using zentrik_test::Disk;
 using zentrik_test::EmptySystem;
 using zentrik_test::ExpectGolden;
+using zentrik_test::kOwner;
 using zentrik_test::PutRuntimeTemplates;
 using zentrik_test::PutSampleProject;
 using zentrik_test::Tags;
 using Lines = std::vector<std::string>;
 
-const auto kOwner = reinterpret_cast<WindowHandle>(std::uintptr_t{16});
 const std::string kNoFile = "WARNING: No such file or directory";
 const std::string kDenied = "WARNING: Permison denied";
 

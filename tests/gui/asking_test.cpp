@@ -8,7 +8,7 @@ namespace gui {
 
 namespace {
 
-constexpr char kSaveAs[] = "Save File As ...";
+constexpr char kSaveFileAs[] = "Save File As ...";
 
 class AskingTest : public GuiTest {
 protected:
@@ -18,7 +18,7 @@ protected:
 
     // Gives the open save dialog a path, and agrees to replace the file.
     static void Answer(App& app, const std::string& path) {
-        app.ChooseFile(kSaveAs, path);
+        app.ChooseFile(kSaveFileAs, path);
         app.AnswerSystemQuestion(::Answer::Yes);
     }
 };
@@ -27,7 +27,7 @@ TEST_F(AskingTest, AnEditorClosedBesideItsSaveDialogLeavesTheChosenFile) {
     App& app = RunWith("old.cpp", "old");
     app.Command(CM_NEW_FILE);
     app.Start(CM_SAVE_FILE_AS);
-    app.WaitDialog(kSaveAs);
+    app.WaitDialog(kSaveFileAs);
     app.CloseChild(app.Child(kEditor));
     EXPECT_FALSE(app.HasChild(kEditor));
     Answer(app, app.Path("old.cpp"));
@@ -39,14 +39,14 @@ TEST_F(AskingTest, ASecondSaveAsBringsTheFirstToTheFront) {
     App& app = RunWith("old.cpp", "old");
     app.Command(CM_NEW_FILE);
     app.Start(CM_SAVE_FILE_AS);
-    const Dialog first = app.WaitDialog(kSaveAs);
+    const Dialog first = app.WaitDialog(kSaveFileAs);
     app.Command(CM_SAVE_FILE_AS); // returns at once
     std::size_t dialogs = 0;
     for (HWND window : app.Process().Windows())
         dialogs += ClassOf(window) == "#32770";
     EXPECT_EQ(dialogs, 1u);
     EXPECT_EQ(GetForegroundWindow(), first.Window());
-    app.CancelFile(kSaveAs);
+    app.CancelFile(kSaveFileAs);
     app.Finish();
 }
 

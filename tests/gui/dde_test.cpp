@@ -8,7 +8,7 @@ namespace gui {
 namespace {
 
 constexpr char kOpenTitle[] = "Open DDE File";
-constexpr char kSaveTitle[] = "New DDE Item";
+constexpr char kNewItemTitle[] = "New DDE Item";
 
 std::string Bytes(const std::string& name,
                   const std::vector<std::pair<std::string, std::string>>& items) {
@@ -81,7 +81,7 @@ TEST_F(DdeTest, ANewListIsPutTogetherBesideTheFrame) {
     EXPECT_EQ(dialog.Text(DDE_ITEM_NAME), "");
     EXPECT_EQ(dialog.Rows(DDE_ITEMS), (TextRows{"level\tdouble", "Level\town type"}));
     dialog.Press(DDE_CLOSE);
-    app.ChooseFile(kSaveTitle, app.Path("plc"));
+    app.ChooseFile(kNewItemTitle, app.Path("plc"));
     app.Finish();
     app.Finish();
     EXPECT_EQ(FileContent(app.Path("plc.dde")),
@@ -100,7 +100,7 @@ TEST_F(DdeTest, RefusesWhatIsNotWhole) {
     ExpectRefused(app, dialog, DDE_CLOSE, "Items Name must be defined");
     dialog.SetText(DDE_NAME, "PLC");
     dialog.Press(DDE_CLOSE);
-    app.CancelFile(kSaveTitle);
+    app.CancelFile(kNewItemTitle);
     app.Finish();
     EXPECT_TRUE(dialog.Open());
     EXPECT_EQ(dialog.Rows(DDE_ITEMS), TextRows{"level\tint"});
@@ -201,7 +201,7 @@ TEST_F(DdeTest, LongTextsAreCutToTheirFields) {
     dialog.SetText(DDE_NAME, std::string(400, 'd'));
     Add(dialog, std::string(400, 'n'), std::string(400, 't'));
     dialog.Press(DDE_CLOSE);
-    app.ChooseFile(kSaveTitle, app.Path("long.dde"));
+    app.ChooseFile(kNewItemTitle, app.Path("long.dde"));
     app.Finish();
     app.Finish();
     EXPECT_EQ(FileContent(app.Path("long.dde")),

@@ -9,7 +9,7 @@ namespace {
 constexpr char kOpen[] = "Open File";
 constexpr char kSaveAs[] = "Save File As ...";
 constexpr char kChanged[] = "File Has been change. Save before Closing?";
-constexpr char kClosing[] = "Close notification";
+constexpr char kCloseCaption[] = "Close notification";
 
 class EditorTest : public GuiTest {
 protected:
@@ -26,7 +26,7 @@ protected:
     }
 
     static void Ask(App& app, Answer answer) {
-        app.ExpectBox(kChanged, kClosing, Buttons::YesNoCancel, Icon::None, answer);
+        app.ExpectBox(kChanged, kCloseCaption, Buttons::YesNoCancel, Icon::None, answer);
     }
 };
 

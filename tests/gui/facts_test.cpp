@@ -9,7 +9,7 @@ namespace gui {
 namespace {
 
 constexpr char kSaveTitle[] = "Save Facts Base As...";
-const TextRows kBuiltIn{"DETECTION", "DIAGNOSTIC", "ACTION"};
+const TextRows kFirstTypes{"DETECTION", "DIAGNOSTIC", "ACTION"};
 
 Dat Fact(const std::string& name, int ident) {
     Dat fact{};
@@ -96,7 +96,7 @@ TEST_F(FactsTest, ProposesTheIdentifierAfterTheLastFact) {
         EXPECT_FALSE(IsWindowEnabled(app.Frame()));
         EXPECT_EQ(dialog.Rows(KNOW_FACTS).size(), facts.size());
         EXPECT_EQ(dialog.Text(KNOW_IDENT), ident);
-        EXPECT_EQ(dialog.Rows(KNOW_TYPES), kBuiltIn);
+        EXPECT_EQ(dialog.Rows(KNOW_TYPES), kFirstTypes);
         Close(app, dialog);
         EXPECT_EQ(Base(app), Bytes(facts));
     }
@@ -113,7 +113,7 @@ TEST_F(FactsTest, ANewBaseIsEmptyOnDiskAtOnce) {
     Dialog dialog = app.WaitDialog("Facts Base");
     EXPECT_EQ(Base(app), "");
     EXPECT_EQ(dialog.Rows(KNOW_FACTS), TextRows{});
-    EXPECT_EQ(dialog.Rows(KNOW_TYPES), kBuiltIn); // the types beside it are not read
+    EXPECT_EQ(dialog.Rows(KNOW_TYPES), kFirstTypes); // the types beside it are not read
     EXPECT_EQ(dialog.Text(KNOW_IDENT), "1");
     dialog.Close();
     app.Finish();

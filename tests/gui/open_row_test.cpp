@@ -11,7 +11,7 @@ namespace gui {
 
 namespace {
 
-constexpr char kRules[] = "Rule 1\r\nEndRule\r\n";
+constexpr char kOneRule[] = "Rule 1\r\nEndRule\r\n";
 
 // A folder with a name of its own, which is removed at the end.
 class NamedFolder {
@@ -265,7 +265,7 @@ TEST_F(GuiOpenRowTest, TheRulesOpenInTheRuleEditor) {
 
 TEST_F(GuiOpenRowTest, RulesWithAnEmptyIndexListOneEmptyRow) {
     App& app = RunRules("r.rul");
-    PutFile(app.Path("r.rul"), kRules);
+    PutFile(app.Path("r.rul"), kOneRule);
     PutFile(app.Path("r.siz"), "");
     StartItem(app, kSystem, app.Path("r.rul"));
     RuleBox box(app);
@@ -287,7 +287,7 @@ TEST_F(GuiOpenRowTest, RulesWithoutAFileOrAnIndexStartEmpty) {
 
 TEST_F(GuiOpenRowTest, RulesWithTheDotAtFourOpenOnceMore) {
     NamedFolder folder("C:\\z.x");
-    const std::string path = folder.Put("r.rul", kRules);
+    const std::string path = folder.Put("r.rul", kOneRule);
     App& app = RunRules(path);
     StartItem(app, kSystem, path);
     RuleBox box(app);
@@ -295,13 +295,13 @@ TEST_F(GuiOpenRowTest, RulesWithTheDotAtFourOpenOnceMore) {
     box.Close();
     // As a text, which the text editor can close.
     EXPECT_EQ(Editors(app), TextRows{path});
-    EXPECT_EQ(app.EditorText(), kRules);
+    EXPECT_EQ(app.EditorText(), kOneRule);
     app.CloseChild(app.Child(kEditor));
 }
 
 TEST_F(GuiOpenRowTest, RulesWithTheDotAtFiveGoOnToTheVariables) {
     NamedFolder folder("C:\\zz.x");
-    const std::string path = folder.Put("r.rul", kRules);
+    const std::string path = folder.Put("r.rul", kOneRule);
     App& app = RunRules(path);
     StartItem(app, kSystem, path);
     RuleBox box(app);
@@ -316,7 +316,7 @@ TEST_F(GuiOpenRowTest, RulesWithTheDotAtFiveGoOnToTheVariables) {
 TEST_F(GuiOpenRowTest, TheDotElsewhereGoesNoFurther) {
     for (const char* name : {"C:\\.x", "C:\\zzz.x"}) {
         NamedFolder folder(name);
-        const std::string path = folder.Put("r.rul", kRules);
+        const std::string path = folder.Put("r.rul", kOneRule);
         App& app = RunRules(path);
         StartItem(app, kSystem, path);
         RuleBox(app).Close();

@@ -9,8 +9,8 @@ namespace gui {
 
 namespace {
 
-const std::string kOne = "Rule 1\r\na\r\nEndRule\r\n";
-const std::string kTwo = "Rule 2\r\nbb\r\nEndRule\r\n";
+const std::string kFirst = "Rule 1\r\na\r\nEndRule\r\n";
+const std::string kSecond = "Rule 2\r\nbb\r\nEndRule\r\n";
 const std::string kThree = "Rule 3\r\nccc\r\nEndRule\r\n";
 
 int Size(const std::string& text) {
@@ -79,10 +79,10 @@ TEST_F(GuiRuleEditorTest, StartsWithAnUntitledFileThatIsThere) {
         std::string index = IndexFile({1, 2, 3});
         index[263] = 1;         // a first record is listed all the same
         index[267 + 263] = 127; // and counts like any other when it is not listed
-        PutFile(work.Path("untitled.rul"), kOne + kTwo);
+        PutFile(work.Path("untitled.rul"), kFirst + kSecond);
         PutFile(work.Path("untitled.siz"), index);
     });
-    EXPECT_EQ(box.Content(), kOne + kTwo);
+    EXPECT_EQ(box.Content(), kFirst + kSecond);
     EXPECT_EQ(box.Rules(), (TextRows{"Rule 1", "Rule 3"}));
     EXPECT_EQ(box.Count(), "");
     box.Click(RULE_RULE);
@@ -106,7 +106,7 @@ TEST_F(GuiRuleEditorTest, RuleAppendsAHeadingWithoutALineEnd) {
 
 TEST_F(GuiRuleEditorTest, EndRuleNumbersTheRulesInOrder) {
     RunNew();
-    EXPECT_EQ(Renumbered("Rule 1\ra\rEndRule\rRule 7\rbb\rEndRule\r"), kOne + kTwo);
+    EXPECT_EQ(Renumbered("Rule 1\ra\rEndRule\rRule 7\rbb\rEndRule\r"), kFirst + kSecond);
     EXPECT_EQ(box_->Rules(), (TextRows{"Rule 1", "Rule 2"}));
     EXPECT_EQ(Renumbered("Rule 007\rEndRule\rRule \rEndRule"),
               "Rule 1\r\nEndRule\r\nRule 2\r\nEndRule");
@@ -164,9 +164,9 @@ TEST_F(GuiRuleEditorTest, SaveAsksForTheNameOfANewFileOnly) {
     EXPECT_TRUE(box.Modified());
     EXPECT_EQ(box.Rules(), TextRows{});
     box.CommandWithFile(RM_SAVE_FILE, kRulesTitle, app_->Path("a.rul"));
-    const std::string saved = kOne + "Rule 2\r\nbb\r\nEndRule";
+    const std::string saved = kFirst + "Rule 2\r\nbb\r\nEndRule";
     EXPECT_EQ(File("a.rul"), saved);
-    EXPECT_EQ(File("a.siz"), IndexFile({Size(kOne), Size(kTwo) - 2}));
+    EXPECT_EQ(File("a.siz"), IndexFile({Size(kFirst), Size(kSecond) - 2}));
     EXPECT_EQ(TextOf(app_->Child(kEditor)), app_->Path("a.rul"));
     EXPECT_EQ(box.Count(), "Rule 2");
     EXPECT_EQ(box.Rules(), (TextRows{"Rule 1", "Rule 2"}));
@@ -180,9 +180,9 @@ TEST_F(GuiRuleEditorTest, SaveAsksForTheNameOfANewFileOnly) {
 }
 
 TEST_F(GuiRuleEditorTest, TheIndexGivesEachRuleItsLength) {
-    RuleBox& box = RunOn("before\r\n" + kOne + "between\r\n" + kTwo + kThree + "behind\r\n");
+    RuleBox& box = RunOn("before\r\n" + kFirst + "between\r\n" + kSecond + kThree + "behind\r\n");
     box.Command(RM_SAVE_FILE);
-    EXPECT_EQ(File("a.siz"), IndexFile({Size(kOne) + 9, Size(kTwo), Size(kThree) - 2}));
+    EXPECT_EQ(File("a.siz"), IndexFile({Size(kFirst) + 9, Size(kSecond), Size(kThree) - 2}));
     box.Retype("no rule");
     box.Command(RM_SAVE_FILE);
     EXPECT_TRUE(FileExists(app_->Path("a.siz")));
@@ -192,21 +192,21 @@ TEST_F(GuiRuleEditorTest, TheIndexGivesEachRuleItsLength) {
 }
 
 TEST_F(GuiRuleEditorTest, SaveAsAsksForAName) {
-    RuleBox& box = RunOn(kOne);
+    RuleBox& box = RunOn(kFirst);
     box.TypeAtEnd("x");
     box.CommandWithCancel(RM_SAVE_FILE_AS, kRulesTitle);
     EXPECT_EQ(TextOf(app_->Child(kEditor)), app_->Path("a.rul"));
     box.CommandWithFile(RM_SAVE_FILE_AS, kRulesTitle, app_->Path("b.rul"));
     EXPECT_EQ(TextOf(app_->Child(kEditor)), app_->Path("b.rul"));
-    EXPECT_EQ(File("b.rul"), kOne + "x");
-    EXPECT_EQ(File("b.siz"), IndexFile({Size(kOne) - 2}));
-    EXPECT_EQ(File("a.rul"), kOne);
+    EXPECT_EQ(File("b.rul"), kFirst + "x");
+    EXPECT_EQ(File("b.siz"), IndexFile({Size(kFirst) - 2}));
+    EXPECT_EQ(File("a.rul"), kFirst);
     EXPECT_EQ(box.Count(), "Rule 1");
     box.Close();
 }
 
 TEST_F(GuiRuleEditorTest, FailedSavesAreReported) {
-    RuleBox& box = RunOn(kOne, "old");
+    RuleBox& box = RunOn(kFirst, "old");
     box.TypeAtEnd("x");
     {
         const LockedFile index(app_->Path("a.siz"));
@@ -216,7 +216,7 @@ TEST_F(GuiRuleEditorTest, FailedSavesAreReported) {
         app_->ExpectError("Permison denied");
         app_->Finish();
     }
-    EXPECT_EQ(File("a.rul"), kOne);
+    EXPECT_EQ(File("a.rul"), kFirst);
     EXPECT_EQ(File("a.siz"), "old");
     // The operation goes on when only the index fails.
     {
@@ -225,7 +225,7 @@ TEST_F(GuiRuleEditorTest, FailedSavesAreReported) {
         app_->ExpectError("Permison denied");
         app_->Finish();
     }
-    EXPECT_EQ(File("a.rul"), kOne + "x");
+    EXPECT_EQ(File("a.rul"), kFirst + "x");
     box.Close();
 }
 
@@ -233,13 +233,13 @@ TEST_F(GuiRuleEditorTest, OpenRulesListsEveryRecord) {
     std::string index = IndexFile({20, 21});
     index[263] = 1;
     index[267 + 263] = 1;
-    RuleBox& box = RunOn(kOne + kTwo, index + "cut");
-    EXPECT_EQ(box.Content(), kOne + kTwo);
+    RuleBox& box = RunOn(kFirst + kSecond, index + "cut");
+    EXPECT_EQ(box.Content(), kFirst + kSecond);
     EXPECT_EQ(box.Rules(), (TextRows{"Rule 1", "Rule 2"}));
     EXPECT_EQ(box.Count(), "Rule 2");
     EXPECT_EQ(TextOf(app_->Child(kEditor)), app_->Path("a.rul"));
     box.CommandWithCancel(RM_OPEN_RULES, kRulesTitle);
-    EXPECT_EQ(box.Content(), kOne + kTwo);
+    EXPECT_EQ(box.Content(), kFirst + kSecond);
     PutFile(app_->Path("b.rul"), "other");
     Open("b.rul");
     EXPECT_EQ(box.Content(), "other");
@@ -255,18 +255,18 @@ class LfRulesTest : public GuiRuleEditorTest, public testing::WithParamInterface
 
 TEST_P(LfRulesTest, ShowTheirLinesAndAreSavedWithCrLf) {
     RuleBox& box = RunOn("Rule 1\na\nEndRule\n", "-", GetParam());
-    EXPECT_EQ(box.Content(), kOne);
+    EXPECT_EQ(box.Content(), kFirst);
     EXPECT_FALSE(box.Modified());
     box.Command(RM_SAVE_FILE);
-    EXPECT_EQ(File("a.rul"), kOne);
-    EXPECT_EQ(File("a.siz"), IndexFile({Size(kOne) - 2}));
+    EXPECT_EQ(File("a.rul"), kFirst);
+    EXPECT_EQ(File("a.siz"), IndexFile({Size(kFirst) - 2}));
     box.Close();
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, LfRulesTest, testing::Values(Kind::Nt, Kind::Win98));
 
 TEST_F(GuiRuleEditorTest, NewFileStartsAgain) {
-    RuleBox& box = RunOn(kOne, IndexFile({Size(kOne)}));
+    RuleBox& box = RunOn(kFirst, IndexFile({Size(kFirst)}));
     const HWND old = box.Edit();
     box.Command(RM_NEW_FILE);
     EXPECT_FALSE(IsWindow(old));
@@ -278,20 +278,20 @@ TEST_F(GuiRuleEditorTest, NewFileStartsAgain) {
     EXPECT_EQ(box.Content(), "");
     box.Click(RULE_RULE);
     EXPECT_EQ(box.Content(), "Rule 1");
-    EXPECT_EQ(File("a.rul"), kOne);
+    EXPECT_EQ(File("a.rul"), kFirst);
 }
 
 TEST_F(GuiRuleEditorTest, RemovesTheSelectedRule) {
-    RuleBox& box = RunOn(kOne + kTwo + kThree, IndexFile({1, 2, 3}));
+    RuleBox& box = RunOn(kFirst + kSecond + kThree, IndexFile({1, 2, 3}));
     box.Command(RM_REMOVE_RULE); // nothing is selected
-    EXPECT_EQ(box.Content(), kOne + kTwo + kThree);
+    EXPECT_EQ(box.Content(), kFirst + kSecond + kThree);
     box.Select(1);
     box.Command(RM_REMOVE_RULE);
-    EXPECT_EQ(box.Content(), kOne + "Rule 2\r\nccc\r\nEndRule\r\n");
+    EXPECT_EQ(box.Content(), kFirst + "Rule 2\r\nccc\r\nEndRule\r\n");
     EXPECT_EQ(box.Rules(), (TextRows{"Rule 1", "Rule 2"}));
     // The index is written at once, the rules are not.
-    EXPECT_EQ(File("a.siz"), IndexFile({Size(kOne), Size(kThree) - 2}));
-    EXPECT_EQ(File("a.rul"), kOne + kTwo + kThree);
+    EXPECT_EQ(File("a.siz"), IndexFile({Size(kFirst), Size(kThree) - 2}));
+    EXPECT_EQ(File("a.rul"), kFirst + kSecond + kThree);
     EXPECT_TRUE(box.Modified());
     box.Start(RM_CLOSE);
     box.Ask(Answer::No);
@@ -300,10 +300,10 @@ TEST_F(GuiRuleEditorTest, RemovesTheSelectedRule) {
 }
 
 TEST_F(GuiRuleEditorTest, RemoveSelectsAgainWhenNumbersChange) {
-    RuleBox& box = RunOn(kOne + kThree, IndexFile({1, 2}));
+    RuleBox& box = RunOn(kFirst + kThree, IndexFile({1, 2}));
     box.Select(0);
     box.Command(RM_REMOVE_RULE);
-    EXPECT_EQ(box.Content(), kOne + "Rule 2\r\nccc\r\nEndRule\r\n");
+    EXPECT_EQ(box.Content(), kFirst + "Rule 2\r\nccc\r\nEndRule\r\n");
     EXPECT_EQ(box.Rules(), (TextRows{"Rule 1", "Rule 2"}));
     box.Select(0);
     box.Command(RM_REMOVE_RULE);
@@ -311,17 +311,17 @@ TEST_F(GuiRuleEditorTest, RemoveSelectsAgainWhenNumbersChange) {
 }
 
 TEST_F(GuiRuleEditorTest, ALastRuleWithoutALineEndStays) {
-    RuleBox& box = RunOn(kOne + "Rule 2\r\nEndRule", IndexFile({1, 2}));
+    RuleBox& box = RunOn(kFirst + "Rule 2\r\nEndRule", IndexFile({1, 2}));
     box.Select(1);
     box.Command(RM_REMOVE_RULE);
-    EXPECT_EQ(box.Content(), kOne + "Rule 2\r\nEndRule");
+    EXPECT_EQ(box.Content(), kFirst + "Rule 2\r\nEndRule");
     EXPECT_EQ(box.Rules(), (TextRows{"Rule 1", "Rule 2"}));
     box.Click(RULE_RULE); // the number goes on from the count
     EXPECT_EQ(box.Count(), "Rule 3");
 }
 
 TEST_F(GuiRuleEditorTest, MoveCopiesTheSelectedRule) {
-    RuleBox& box = RunOn(kOne + kTwo, IndexFile({1, 2}));
+    RuleBox& box = RunOn(kFirst + kSecond, IndexFile({1, 2}));
     PutFile(app_->Path("b.rul"), "Rule 1\r\nEndRule\r\n");
     PutFile(app_->Path("b.siz"), "as it was");
     box.Command(RM_MOVE_RULE); // nothing is selected
@@ -329,9 +329,9 @@ TEST_F(GuiRuleEditorTest, MoveCopiesTheSelectedRule) {
     box.CommandWithCancel(RM_MOVE_RULE, kRulesTitle);
     box.Select(1);
     box.CommandWithFile(RM_MOVE_RULE, kRulesTitle, app_->Path("b.rul"));
-    EXPECT_EQ(File("b.rul"), "Rule 1\r\nEndRule\r" + kTwo + "\n");
+    EXPECT_EQ(File("b.rul"), "Rule 1\r\nEndRule\r" + kSecond + "\n");
     EXPECT_EQ(File("b.siz"), "as it was");
-    EXPECT_EQ(box.Content(), kOne + kTwo);
+    EXPECT_EQ(box.Content(), kFirst + kSecond);
     EXPECT_FALSE(box.Modified());
     box.Close();
 }

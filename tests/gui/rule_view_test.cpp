@@ -9,12 +9,12 @@ namespace gui {
 
 namespace {
 
-constexpr int kRules = 60;
+constexpr int kRuleCount = 60;
 
 // Rule n has n empty lines, so that lines cannot be mistaken for rules.
 std::string ManyRules() {
     std::string text;
-    for (int n = 1; n <= kRules; ++n) {
+    for (int n = 1; n <= kRuleCount; ++n) {
         text += "Rule " + std::to_string(n) + "\r\n";
         for (int line = 0; line < n; ++line)
             text += "\r\n";
@@ -29,7 +29,7 @@ protected:
     RuleBox RunRules() {
         App& app = Run(GetParam(), [](const WorkFolder& work) {
             PutFile(work.Path("a.rul"), ManyRules());
-            PutFile(work.Path("a.siz"), IndexFile(std::vector<int>(kRules, 1)));
+            PutFile(work.Path("a.siz"), IndexFile(std::vector<int>(kRuleCount, 1)));
             PutFile(work.Path("a.tag"), TagBytes({"pump"}));
         });
         app.Start(CM_RULES);
@@ -95,7 +95,7 @@ TEST_P(RuleViewTest, ASelectedRuleIsScrolledTo) {
         EXPECT_EQ(Ask(box.Edit(), EM_GETFIRSTVISIBLELINE), line) << row;
         EXPECT_EQ(Ask(box.Edit(), EM_LINEFROMCHAR, static_cast<WPARAM>(-1)), line) << row;
     }
-    box.Select(kRules - 1); // as far as it goes
+    box.Select(kRuleCount - 1); // as far as it goes
     const std::size_t begin = box.Content().find("Rule 60\r\n");
     EXPECT_LE(Ask(box.Edit(), EM_GETFIRSTVISIBLELINE), Ask(box.Edit(), EM_LINEFROMCHAR, begin));
     EXPECT_FALSE(box.Modified());

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr char kHeader[] =
+constexpr char kProjectHeader[] =
     "#include <dos.h>\r\nDATAFACTRESULT\r\n\t\t\tGOOD,\r\n\t\t\tBAD;\r\n#endif\r\n";
 
 // A generated source with these rules; the rules start in line 9.
@@ -20,17 +20,17 @@ std::string Source(const std::string& rules) {
 }
 
 std::vector<std::string> Errors(const std::string& rules) {
-    return morv::Translate(Source(rules), "pR.cpp", kHeader).errors;
+    return morv::Translate(Source(rules), "pR.cpp", kProjectHeader).errors;
 }
 
 std::string Text(const std::string& source) {
-    return morv::Translate(source, "pR.cpp", kHeader).sources.front().text;
+    return morv::Translate(source, "pR.cpp", kProjectHeader).sources.front().text;
 }
 
 // All sources but the first.
 std::string Pieces(const std::string& rules) {
     std::string text;
-    const morv::Translation translation = morv::Translate(Source(rules), "pR.cpp", kHeader);
+    const morv::Translation translation = morv::Translate(Source(rules), "pR.cpp", kProjectHeader);
     for (std::size_t i = 1; i < translation.sources.size(); ++i)
         text += translation.sources[i].text;
     return text;
@@ -41,7 +41,7 @@ bool Has(const std::string& text, const std::string& what) {
 }
 
 std::vector<std::string> Notes(const std::string& rules) {
-    return morv::Translate(Source(rules), "pR.cpp", kHeader).notes;
+    return morv::Translate(Source(rules), "pR.cpp", kProjectHeader).notes;
 }
 
 using Texts = std::vector<std::string>;
@@ -83,7 +83,7 @@ TEST(Translate, KnowsTheLineOfEverything) {
         "EndRule\r\nint marked;\r\nRule 2\r\n  two;\r\nEndRule\r\n";
     for (const char* more : {"", "this;"}) { // each rule for itself, and the system as a whole
         const morv::Translation translation =
-            morv::Translate(Source(rules + more), "pR.cpp", kHeader);
+            morv::Translate(Source(rules + more), "pR.cpp", kProjectHeader);
         EXPECT_EQ(LineOf(translation, "    x;"), 13);
         EXPECT_EQ(LineOf(translation, "int marked;"), 16);
         EXPECT_EQ(LineOf(translation, "  two;"), 18);
@@ -93,7 +93,8 @@ TEST(Translate, KnowsTheLineOfEverything) {
 
 std::set<std::string> RuleTexts(const std::string& rules) {
     std::set<std::string> texts;
-    for (const morv::Piece& piece : morv::Translate(Source(rules), "pR.cpp", kHeader).sources)
+    for (const morv::Piece& piece :
+         morv::Translate(Source(rules), "pR.cpp", kProjectHeader).sources)
         if (piece.name != "rules.cpp")
             texts.insert(piece.text);
     return texts;
@@ -224,8 +225,8 @@ TEST(Translate, TakesAnyText) {
     const std::string rules = "Rule 1\r\nIf (a /* b \"c) Then 'x EndIf ForAll(((\r\nEndRule";
     const std::string whole = Source(rules);
     for (std::size_t length = 0; length <= whole.size(); ++length)
-        morv::Translate(whole.substr(0, length), "pR.cpp", kHeader);
-    EXPECT_FALSE(morv::Translate(whole, "pR.cpp", kHeader).errors.empty());
+        morv::Translate(whole.substr(0, length), "pR.cpp", kProjectHeader);
+    EXPECT_FALSE(morv::Translate(whole, "pR.cpp", kProjectHeader).errors.empty());
 }
 
 // Tokens in any order are never more than complaints.
@@ -244,12 +245,12 @@ TEST(Translate, TakesTokensInAnyOrder) {
             rules += words[(seed >> 16) % std::size(words)];
         }
         const std::string whole = Source(rules);
-        morv::Translate(whole, "pR.cpp", kHeader);
+        morv::Translate(whole, "pR.cpp", kProjectHeader);
         // The same in the place of extern code.
         std::string source = Source("");
         const std::size_t at = source.find("//- Systems Implementation");
         morv::Translate(source.insert(at, "//- Extern Functions\r\n" + rules + "\r\n"), "pR.cpp",
-                        kHeader);
+                        kProjectHeader);
     }
 }
 

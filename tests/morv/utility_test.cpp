@@ -192,7 +192,7 @@ std::string TextOf(HWND control) {
     return text;
 }
 
-constexpr int kWork = 100, kMessage = 101, kMessages = 102; // the window's controls
+constexpr int kWorkLine = 100, kMessage = 101, kMessages = 102; // the window's controls
 
 TEST_F(Utility, ShowsThatItWorksAndClosesBySuccess) {
     SetEnvironmentVariableA("ZKCC_SHOW", nullptr);
@@ -201,8 +201,8 @@ TEST_F(Utility, ShowsThatItWorksAndClosesBySuccess) {
     const HANDLE run = Start(project_, L"", compilers_.wstring());
     ASSERT_TRUE(WaitFor([] { return Shown() != nullptr; }));
     EXPECT_TRUE(WaitFor([] {
-        return TextOf(GetDlgItem(Shown(), kWork)).find("Compiling Apiplant") == 0;
-    })) << TextOf(GetDlgItem(Shown(), kWork));
+        return TextOf(GetDlgItem(Shown(), kWorkLine)).find("Compiling Apiplant") == 0;
+    })) << TextOf(GetDlgItem(Shown(), kWorkLine));
     SetEvent(event);
     EXPECT_EQ(End(run), 0u);
     EXPECT_TRUE(WaitFor([] { return FindWindowA("#32770", "Compile") == nullptr; }));
@@ -216,7 +216,7 @@ TEST_F(Utility, ShowsWhatFailedUntilItIsClosed) {
     ASSERT_TRUE(
         WaitFor([] { return Shown() != nullptr && GetDlgItem(Shown(), kMessages) != nullptr; }));
     const HWND window = Shown(), list = GetDlgItem(window, kMessages);
-    EXPECT_TRUE(TextOf(GetDlgItem(window, kWork)).ends_with(" is not made"));
+    EXPECT_TRUE(TextOf(GetDlgItem(window, kWorkLine)).ends_with(" is not made"));
     EXPECT_TRUE(TextOf(GetDlgItem(window, kMessage))
                     .ends_with(":3: the result FULL is called like a certainty"))
         << TextOf(GetDlgItem(window, kMessage));

@@ -18,7 +18,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kFull = 0; // rows of the certainty list
 constexpr int kHigh = 2;
 
-std::string Bytes(const std::vector<Texts>& facts) {
+std::string InitialBytes(const std::vector<Texts>& facts) {
     std::string bytes;
     for (const Texts& texts : facts) {
         I_K fact;
@@ -53,10 +53,10 @@ protected:
 
 TEST_F(InitialFacts, ListEveryFactOfTheSystemWithItsValue) {
     system.AddFacts({"level", "flow", "Flow", "speed"});
-    temp.Put("old.ikw", Bytes({{"Flow", "3", "HIGH"},
-                               {"gone", "1", "FULL"},
-                               {"level", "5", ""},
-                               {"level", "6", "LOW"}}));
+    temp.Put("old.ikw", InitialBytes({{"Flow", "3", "HIGH"},
+                                      {"gone", "1", "FULL"},
+                                      {"level", "5", ""},
+                                      {"level", "6", "LOW"}}));
     ShownDialog dialog("Init_Box", InitKnw);
     EXPECT_EQ(dialog.Rows(INIT_FACTS),
               (Texts{"level \t 5 \t  ", "flow \t   \t  ", "Flow \t 3 \t HIGH", "speed \t   \t  "}));
@@ -149,26 +149,26 @@ TEST_F(InitialFacts, AreFoundByTheStartOfTheirNameInAnyLetterCase) {
 
 TEST_F(InitialFacts, AreClearedByRemoveAndStayListed) {
     system.AddFacts({"level", "flow"});
-    temp.Put("old.ikw", Bytes({{"level", "1", "LOW"}, {"flow", "2", "LOW"}}));
+    temp.Put("old.ikw", InitialBytes({{"level", "1", "LOW"}, {"flow", "2", "LOW"}}));
     ShownDialog dialog("Init_Box", InitKnw);
     dialog.Press(INIT_REMOVE);
     dialog.Select(INIT_FACTS, 0);
     dialog.Press(INIT_REMOVE);
     EXPECT_EQ(dialog.Rows(INIT_FACTS), (Texts{"level \t   \t  ", "flow \t 2 \t LOW"}));
     dialog.Press(INIT_CLOSE);
-    EXPECT_EQ(temp.Content("new.ikw"), Bytes({{"level", "", "  "}, {"flow", "2", "LOW"}}));
+    EXPECT_EQ(temp.Content("new.ikw"), InitialBytes({{"level", "", "  "}, {"flow", "2", "LOW"}}));
 }
 
 TEST_F(InitialFacts, AreWrittenOnClose) {
     system.AddFacts({"level", "flow", "speed"});
-    temp.Put("old.ikw", Bytes({{"flow", "2", "LOW"}, {"gone", "1", "FULL"}}));
+    temp.Put("old.ikw", InitialBytes({{"flow", "2", "LOW"}, {"gone", "1", "FULL"}}));
     ShownDialog dialog("Init_Box", InitKnw);
     Add(dialog, "level", "7", kFull);
     EXPECT_EQ(System.Engmod, 0);
     dialog.Press(INIT_CLOSE);
     EXPECT_FALSE(dialog.IsOpen());
     EXPECT_EQ(temp.Content("new.ikw"),
-              Bytes({{"level", "7", "FULL"}, {"flow", "2", "LOW"}, {"speed", "", "  "}}));
+              InitialBytes({{"level", "7", "FULL"}, {"flow", "2", "LOW"}, {"speed", "", "  "}}));
     EXPECT_EQ(System.InitNew, 1);
     EXPECT_EQ(System.Engmod, 1);
     EXPECT_TRUE(boxes.shown.empty());
@@ -179,7 +179,7 @@ TEST_F(InitialFacts, KeepOnlyTheFirstWordOfAValue) {
     ShownDialog dialog("Init_Box", InitKnw);
     Add(dialog, "level", "two words", kFull);
     dialog.Press(INIT_CLOSE);
-    EXPECT_EQ(temp.Content("new.ikw"), Bytes({{"level", "two", "words \t FULL"}}));
+    EXPECT_EQ(temp.Content("new.ikw"), InitialBytes({{"level", "two", "words \t FULL"}}));
 }
 
 TEST_F(InitialFacts, OfASystemWithoutFactsAreAnEmptyFile) {
@@ -199,7 +199,7 @@ TEST_F(InitialFacts, OfFullLengthAreWrittenWhole) {
     Add(dialog, name, value + "more", kFull);
     EXPECT_GT(SendMessageA(dialog.Item(INIT_FACTS), LB_GETHORIZONTALEXTENT, 0, 0), 254 * 2);
     dialog.Press(INIT_CLOSE);
-    EXPECT_EQ(temp.Content("new.ikw"), Bytes({{name, value, "FULL"}}));
+    EXPECT_EQ(temp.Content("new.ikw"), InitialBytes({{name, value, "FULL"}}));
 }
 
 TEST_F(InitialFacts, SayWhenTheirFileCannotBeCreatedAndClose) {
@@ -229,7 +229,7 @@ TEST_F(InitialFacts, StayInTheDialogWhenTheDiskIsFull) {
     EXPECT_EQ(System.InitNew, 0);
     dialog.Press(INIT_CLOSE);
     EXPECT_FALSE(dialog.IsOpen());
-    EXPECT_EQ(temp.Content("new.ikw"), Bytes({{"level", "", "  "}}));
+    EXPECT_EQ(temp.Content("new.ikw"), InitialBytes({{"level", "", "  "}}));
 }
 
 TEST_F(InitialFacts, CancelGoesBackToTheFileBefore) {
@@ -263,7 +263,7 @@ TEST_F(InitialFacts, OfManyFactsOpenAndCloseQuickly) {
         facts.push_back({names.back(), std::to_string(i), "NOTVERYHIGH"});
     }
     system.AddFacts(names);
-    const std::string bytes = Bytes(facts);
+    const std::string bytes = InitialBytes(facts);
     temp.Put("old.ikw", bytes);
     const auto start = Clock::now();
     ShownDialog dialog("Init_Box", InitKnw);

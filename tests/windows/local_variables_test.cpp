@@ -14,7 +14,7 @@ namespace {
 using namespace zentrik_test;
 using Texts = std::vector<std::string>;
 
-std::string Bytes(const std::vector<Texts>& variables) {
+std::string VariableBytes(const std::vector<Texts>& variables) {
     std::string bytes;
     for (const Texts& texts : variables) {
         V_V variable;
@@ -35,7 +35,7 @@ protected:
     }
 
     void Given(const std::vector<Texts>& variables) {
-        temp.Put("old.var", Bytes(variables));
+        temp.Put("old.var", VariableBytes(variables));
         System.VarState = 1;
     }
     static void Fill(const DialogHandle& dialog, const Texts& texts) {
@@ -81,7 +81,7 @@ TEST_F(LocalVariables, OpenEmptyWithoutAWordWhenTheFileIsGone) {
 }
 
 TEST_F(LocalVariables, LeaveOutAPartRecord) {
-    temp.Put("old.var", Bytes({{"A", "int", "1"}}) + "half a record");
+    temp.Put("old.var", VariableBytes({{"A", "int", "1"}}) + "half a record");
     System.VarState = 1;
     ShownDialog dialog("Var_Box", VarNew);
     EXPECT_EQ(dialog.Rows(VAR_LIST), (Texts{"A \t int \t 1"}));
@@ -179,7 +179,7 @@ TEST_F(LocalVariables, AreWrittenInTheOrderOfTheRows) {
     dialog.Press(VAR_CLOSE);
     EXPECT_FALSE(dialog.IsOpen());
     EXPECT_EQ(temp.Content("new.var"),
-              Bytes({{"C", "int", "3"}, {"B", "int", "2"}, {"A", "int", "1"}}));
+              VariableBytes({{"C", "int", "3"}, {"B", "int", "2"}, {"A", "int", "1"}}));
     EXPECT_TRUE(boxes.shown.empty());
 }
 
@@ -192,7 +192,7 @@ TEST_F(LocalVariables, GiveTheSystemItsRowOnClose) {
     EXPECT_EQ(System.Engmod, 1);
     EXPECT_EQ(system.Rows(), (Texts{"System Name", "\tuntitled.lse", "System Locar Var",
                                     "\tC:\\work\\untitled.var"}));
-    EXPECT_EQ(temp.Content("new.var"), Bytes({{"level", "long", "1"}}));
+    EXPECT_EQ(temp.Content("new.var"), VariableBytes({{"level", "long", "1"}}));
 }
 
 TEST_F(LocalVariables, OfFullLengthAreWrittenWhole) {
@@ -208,7 +208,7 @@ TEST_F(LocalVariables, OfFullLengthAreWrittenWhole) {
     EXPECT_EQ(Filled(dialog), longest);
     EXPECT_GT(SendMessageA(dialog.Item(VAR_LIST), LB_GETHORIZONTALEXTENT, 0, 0), 3 * 254 * 2);
     dialog.Press(VAR_CLOSE);
-    EXPECT_EQ(temp.Content("new.var"), Bytes({longest}));
+    EXPECT_EQ(temp.Content("new.var"), VariableBytes({longest}));
 }
 
 TEST_F(LocalVariables, TakeNoMoreKeysThanAFieldHolds) {
@@ -244,7 +244,7 @@ TEST_F(LocalVariables, StayInTheDialogWhenTheDiskIsFull) {
     EXPECT_EQ(System.VarState, 0);
     dialog.Press(VAR_CLOSE);
     EXPECT_FALSE(dialog.IsOpen());
-    EXPECT_EQ(temp.Content("new.var"), Bytes({{"level", "long", "1"}}));
+    EXPECT_EQ(temp.Content("new.var"), VariableBytes({{"level", "long", "1"}}));
 }
 
 TEST_F(LocalVariables, CancelGoesBackToTheFileBefore) {
