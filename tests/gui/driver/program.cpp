@@ -59,8 +59,8 @@ DWORD Program::ExitCode(DWORD patience) const {
 void Program::WaitFor(const std::string& what, const std::function<bool()>& condition,
                       DWORD patience) const {
     const ULONGLONG end = GetTickCount64() + patience;
-    // Polls, for windows of another process give no handle to wait on: less and less often, for each
-    // look takes time from the program. A program that ends cuts the wait short.
+    // Polls, for windows of another process give no handle to wait on: less and less often, for
+    // each look takes time from the program. A program that ends cuts the wait short.
     for (DWORD pause = 2; !condition(); pause = std::min<DWORD>(pause + pause / 2, 30)) {
         if (WaitForSingleObject(process_.hProcess, pause) == WAIT_OBJECT_0 && !condition())
             Fail("the program ended; awaited: " + what);
