@@ -71,8 +71,10 @@ TEST_P(HelpTest, TheGuideOpensInTheBrowser) {
     Dialog tools = app.WaitDialog("Compile Tools");
     tools.Click(TOOL_HELP);
     ExpectPage(app, "the-runtime-and-the-compiler");
-    SetForegroundWindow(tools.Window());
     program.WaitFor("the focus in the dialog", [&] {
+        // The browser that ends may take it away again.
+        if (GetForegroundWindow() != tools.Window())
+            SetForegroundWindow(tools.Window());
         GUITHREADINFO info{};
         info.cbSize = sizeof info;
         return GetGUIThreadInfo(program.ThreadId(), &info) &&
