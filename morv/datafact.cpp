@@ -155,7 +155,7 @@ bool DATAFACT::Set(double value, double certainty, const char* verb) {
     morv::Now().changes.push_back(
         {this, nullptr, now_.value, now_.certainty, morv::RunningRule(), first});
     for (morv::Rule* rule : past_->readers)
-        rule->clean = false;
+        *rule->clean = 0;
     changed_ = hot.tick + 1;
     now_ = {value, certainty};
     morv::Justification& why = morv::Justify(why_, verb);
@@ -185,6 +185,12 @@ void DATAFACT::assign(double value, double certainty) {
 }
 
 void DATAFACT::TakeUp(double value, double certainty, const char* source) {
+    // Nearly always nothing has changed.
+    if (source_ == source && value == now_.value && certainty == now_.certainty &&
+        certainty <= hot.path && !hot.trace) {
+        hot.reading = hot.computing = false;
+        return;
+    }
     if (source_ != source) {
         source_ = source;
         constexpr char kItems[] = "DDEinfo.";

@@ -89,7 +89,7 @@ void DATAFACTRESULT::Set(double certainty, const char* verb, const DATAFACTRESUL
     }
     morv::Now().changes.push_back({nullptr, this, 0, now_, morv::RunningRule(), first});
     for (morv::Rule* rule : past_->readers)
-        rule->clean = false;
+        *rule->clean = 0;
     changed_ = hot.tick + 1;
     now_ = certainty;
     morv::Justification& why = morv::Justify(why_, verb);

@@ -230,7 +230,7 @@ bool Stands(const Rule& rule) {
     const std::less_equal<const Rule*> in_front;
     for (const RuleRun& run : rule.system->Rules())
         if (in_front(run.rules, &rule) && !in_front(run.rules + run.count, &rule))
-            return rule.clean && WasPassed(rule, run);
+            return *rule.clean != 0 && WasPassed(rule, run);
     return false;
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 
 namespace morv {
 
@@ -89,8 +90,10 @@ DATAFACT* NoFact() {
 }
 
 void System::Add(Rule* rules, const char* const* numbers, int count) {
+    std::vector<char> clean(static_cast<std::size_t>(count), 0);
     for (int i = 0; i < count; ++i) {
         rules[i].system = this;
+        rules[i].clean = clean.data() + i;
         rules[i].number = numbers != nullptr ? numbers[i] : "";
         for (const Source* source = rules[i].sources;
              source != nullptr && (source->fact != nullptr || source->result != nullptr); ++source)
@@ -100,6 +103,7 @@ void System::Add(Rule* rules, const char* const* numbers, int count) {
                 source->result->AddReader(rules[i]);
     }
     rules_.push_back({rules, count});
+    clean_.push_back(std::move(clean));
 }
 
 const Rule* RunningRule() {
@@ -241,11 +245,16 @@ Left RunRules(Rule* rules, int count) {
     const bool all = !outermost || Now().trace;
     rules->called = hot.tick;
     rules->passed = count;
+    char* const clean = rules->clean;
     for (int i = 0; i < count; ++i) {
-        if (rules[i].clean && !all)
-            continue;
+        if (!all) {
+            const void* next = std::memchr(clean + i, 0, static_cast<std::size_t>(count - i));
+            if (next == nullptr)
+                break;
+            i = static_cast<int>(static_cast<const char*>(next) - clean);
+        }
         const Entered entered(rules[i]);
-        rules[i].clean = outermost && rules[i].sources != nullptr;
+        clean[i] = outermost && rules[i].sources != nullptr;
         const Left left = rules[i].run(rules[i]);
         if (left.left) {
             rules->passed = i + 1;

@@ -86,11 +86,11 @@ struct Rule {
     const Source* sources; // all that it reads, when it needs not run until one of them changes
     const char* number = "";
     System* system = nullptr;
-    long ran = -1;      // the tick it ran in last
-    long fired = -1;    // the one in which it concluded, assigned or took back something last
-    bool clean = false; // nothing has changed since for which it would have to run
-    long called = -1;   // the tick that began with it last to run rules in a row,
-    int passed = 0;     // and how many of them it ran or left out
+    long ran = -1;         // the tick it ran in last
+    long fired = -1;       // the one in which it concluded, assigned or took back something last
+    char* clean = nullptr; // 1: nothing has changed since for which it would have to run; else 0
+    long called = -1;      // the tick that began with it last to run rules in a row,
+    int passed = 0;        // and how many of them it ran or left out
 };
 
 struct RuleRun {
@@ -113,6 +113,7 @@ public:
 private:
     const char* name_;
     std::vector<RuleRun> rules_;
+    std::vector<std::vector<char>> clean_; // what the rules of each run point to, side by side
 };
 
 // Something that an expression read.

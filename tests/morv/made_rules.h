@@ -70,7 +70,7 @@ static void Unclean() {
     for (morv::System* system : morv::Now().systems)
         for (const morv::RuleRun& run : system->Rules())
             for (int i = 0; i < run.count; ++i)
-                run.rules[i].clean = false;
+                *run.rules[i].clean = 0;
 }
 int main(int count, char**) {
     const auto tick = [&](long ticks) {
