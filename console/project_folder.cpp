@@ -23,6 +23,13 @@ template <std::size_t N> bool Clean(char (&field)[N]) {
     return ends;
 }
 
+// Each field is cleaned, also behind one without an end.
+template <typename... Fields> bool CleanAll(Fields&... fields) {
+    bool ends = true;
+    ((ends = Clean(fields) && ends), ...);
+    return ends;
+}
+
 bool CleanRecord(TagRecord& record) {
     return Clean(record.name);
 }
@@ -30,31 +37,30 @@ bool CleanRecord(NameRecord& record) {
     return Clean(record.name);
 }
 bool CleanRecord(Dat& fact) {
-    return Clean(fact.Name) & Clean(fact.Description) & Clean(fact.KnowType) & Clean(fact.Units);
+    return CleanAll(fact.Name, fact.Description, fact.KnowType, fact.Units);
 }
 bool CleanRecord(V_V& variable) {
-    return Clean(variable.Name) & Clean(variable.Type) & Clean(variable.Val);
+    return CleanAll(variable.Name, variable.Type, variable.Val);
 }
 bool CleanRecord(I_K& initial) {
-    return Clean(initial.K_Name) & Clean(initial.K_Val) & Clean(initial.Pres);
+    return CleanAll(initial.K_Name, initial.K_Val, initial.Pres);
 }
 bool CleanRecord(RuleIndexRecord& record) {
     return Clean(record.name);
 }
 bool CleanRecord(DDE_ITEM& item) {
-    return Clean(item.DName) & Clean(item.DType);
+    return CleanAll(item.DName, item.DType);
 }
 bool CleanRecord(SystemHead& head) {
-    return Clean(head.KTypeName) & Clean(head.RuleName) & Clean(head.RuleSizeName) &
-           Clean(head.HeaderName) & Clean(head.VarName) & Clean(head.InitName) &
-           Clean(head.KnowName);
+    return CleanAll(head.KTypeName, head.RuleName, head.RuleSizeName, head.HeaderName, head.VarName,
+                    head.InitName, head.KnowName);
 }
 bool CleanRecord(ProjectRecord& head) {
-    bool ends = Clean(head.MainName) & Clean(head.DDEName) & Clean(head.ResAux);
+    bool ends = CleanAll(head.MainName, head.DDEName, head.ResAux);
     for (auto& name : head.EngineNames)
-        ends &= Clean(name);
+        ends = Clean(name) && ends;
     for (auto& name : head.ExternFiles)
-        ends &= Clean(name);
+        ends = Clean(name) && ends;
     return ends;
 }
 

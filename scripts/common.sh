@@ -19,14 +19,14 @@ fail() {
     exit 1
 }
 
-# build PRESET [TARGET...]: configures where that was not done and builds. Shows what the compiler
-# says only when it fails; returns whether it worked.
+# build PRESET [TARGET...]: configures where that was not done, or for other presets, and builds. Shows
+# what the compiler says only when it fails; returns whether it worked.
 build() {
     local preset=$1 log=$logs/build-$1.log target=()
     shift
     [ $# -eq 0 ] || target=(--target "$@")
     step "Building $preset${*:+ ($*)}"
-    if { [ -f "$out/$preset/build.ninja" ] || (cd "$top" && cmake --preset "$preset"); } >"$log" 2>&1 &&
+    if { [ "$out/$preset/build.ninja" -nt "$top/CMakePresets.json" ] || (cd "$top" && cmake --preset "$preset"); } >"$log" 2>&1 &&
         cmake --build "$out/$preset" "${target[@]}" >>"$log" 2>&1; then
         return 0
     fi
