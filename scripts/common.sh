@@ -26,7 +26,8 @@ build() {
     shift
     [ $# -eq 0 ] || target=(--target "$@")
     step "Building $preset${*:+ ($*)}"
-    if { [ "$out/$preset/build.ninja" -nt "$top/CMakePresets.json" ] || (cd "$top" && cmake --fresh --preset "$preset"); } >"$log" 2>&1 &&
+    if { [ "$out/$preset/build.ninja" -nt "$top/CMakePresets.json" ] ||
+        (cd "$top" && cmake --fresh --preset "$preset"); } >"$log" 2>&1 &&
         cmake --build "$out/$preset" "${target[@]}" >>"$log" 2>&1; then
         return 0
     fi
