@@ -71,8 +71,8 @@ bool Begin(HSZ item) {
     return true;
 }
 
-HDDEDATA CALLBACK Answer(UINT type, UINT format, HCONV, HSZ topic, HSZ name, HDDEDATA data,
-                         ULONG_PTR, ULONG_PTR) {
+HDDEDATA CALLBACK AnswerDde(UINT type, UINT format, HCONV, HSZ topic, HSZ name, HDDEDATA data,
+                            ULONG_PTR, ULONG_PTR) {
     if (type == XTYP_CONNECT)
         return Told(DdeCmpStringHandles(topic, g_topic) == 0 &&
                     DdeCmpStringHandles(name, g_service) == 0);
@@ -94,7 +94,7 @@ HDDEDATA CALLBACK Answer(UINT type, UINT format, HCONV, HSZ topic, HSZ name, HDD
 } // namespace
 
 bool StartDdeServer() {
-    if (DdeInitializeA(&g_instance, Answer, APPCLASS_STANDARD, 0) != DMLERR_NO_ERROR)
+    if (DdeInitializeA(&g_instance, AnswerDde, APPCLASS_STANDARD, 0) != DMLERR_NO_ERROR)
         return false;
     g_service = DdeCreateStringHandleA(g_instance, ApZk, CP_WINANSI);
     g_topic = DdeCreateStringHandleA(g_instance, ItemZk, CP_WINANSI);
