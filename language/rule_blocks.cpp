@@ -1,5 +1,7 @@
 #include "language/rule_blocks.h"
 
+#include "language/rule_marks.h"
+
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -54,10 +56,8 @@ class Blocks {
 public:
     Blocks(const std::string& text, int line, const std::string& system,
            std::vector<Complaint>& complaints, bool poked)
-        : tokens_(Tokens(text)), first_line_(line), system_(system), complaints_(complaints) {
-        MarkAssignments();
-        if (poked)
-            MarkPoked();
+        : tokens_(Tokens(text)), walk_(tokens_), marks_(MarksAround(tokens_, poked)),
+          first_line_(line), system_(system), complaints_(complaints) {
         Next(false);
     }
 
@@ -116,10 +116,13 @@ private:
         parts_.back().text += tokens_[at_++].text;
     }
 
-    // As it stands, with what was put around it.
+    // The next token with what is put around it.
+    std::string Marked() const {
+        return marks_.before[at_] + tokens_[at_].text + marks_.after[at_];
+    }
+
     void Copy() {
-        const std::string code = (at_ < before_.size() ? before_[at_] : "") + tokens_[at_].text +
-                                 (at_ < after_.size() ? after_[at_] : "");
+        const std::string code = Marked();
         Part& part = parts_.back();
         if (part.rule && part.title.empty() && tokens_[at_].kind == Token::Comment)
             part.title = CommentText(tokens_[at_].text);
@@ -256,7 +259,7 @@ private:
                 parts.emplace_back();
                 continue;
             }
-            parts.back().code += before_[at_] + token.text + after_[at_];
+            parts.back().code += Marked();
             parts.back().plain += token.kind == Token::Comment ? " " : token.text;
         }
         ComplainAt(line, word + " whose bracket is not closed");
@@ -313,131 +316,6 @@ private:
             Next(false);
     }
 
-    // The next token from `at` in steps of `step` that is no blank or comment; none is the size.
-    std::size_t Solid(std::size_t at, int step) const {
-        for (at += static_cast<std::size_t>(step); at < tokens_.size();
-             at += static_cast<std::size_t>(step))
-            if (IsSolid(tokens_[at]))
-                return at;
-        return tokens_.size();
-    }
-
-    bool Is(std::size_t at, const char* text) const {
-        return at < tokens_.size() && tokens_[at].text == text;
-    }
-
-    // Where the "." or "->" in front of the word at `at` begins; the size when there is none.
-    std::size_t MemberMark(std::size_t at) const {
-        const std::size_t mark = Solid(at, -1);
-        if (Is(mark, "."))
-            return mark;
-        return Is(mark, ">") && mark > 0 && Is(mark - 1, "-") ? mark - 1 : tokens_.size();
-    }
-
-    // Where the bracket that closes at `at` opens; the size when it does not.
-    std::size_t Opening(std::size_t at) const {
-        int depth = 0;
-        for (; at < tokens_.size(); --at) { // below 0 is beyond the size
-            const std::string& text = tokens_[at].text;
-            if (text == ")" || text == "]")
-                ++depth;
-            else if ((text == "(" || text == "[") && --depth == 0)
-                return at;
-            else if (text == ";" || text == "{" || text == "}")
-                break;
-        }
-        return tokens_.size();
-    }
-
-    // Whether the word at `at` may name an object or a function.
-    bool IsObjectName(std::size_t at) const {
-        static const char* const words[] = {"if",     "while",     "for",  "switch", "return",
-                                            "sizeof", "else",      "case", "do",     "Then",
-                                            "Else",   "Otherwise", "Rule", "throw",  "EndForAll"};
-        if (at >= tokens_.size() || tokens_[at].kind != Token::Word)
-            return false;
-        const std::string& word = tokens_[at].text;
-        return (word[0] < '0' || word[0] > '9') && !IsEndOfIf(word) &&
-               std::none_of(std::begin(words), std::end(words),
-                            [&](const char* each) { return word == each; });
-    }
-
-    // Where the expression whose last token is at `last` begins: names, calls and what stands in
-    // brackets, joined by ".", "->" and "::". The size when that is not sure.
-    std::size_t ObjectStart(std::size_t last) const {
-        const std::size_t none = tokens_.size();
-        std::size_t start = none;
-        for (std::size_t at = last;;) {
-            while (Is(at, ")") || Is(at, "]")) {
-                at = start = Opening(at);
-                if (at == none)
-                    return none;
-                const std::size_t before = Solid(at, -1);
-                const bool joined = IsObjectName(before) || Is(before, "]") ||
-                                    (Is(before, ")") && IsObjectName(Solid(Opening(before), -1)));
-                if (!joined)
-                    break;
-                at = before;
-            }
-            if (at < none && tokens_[at].kind == Token::Word) {
-                if (!IsObjectName(at))
-                    return start;
-                start = at;
-            } else if (start == none)
-                return none;
-            const std::size_t mark = Solid(at, -1);
-            if (Is(mark, ":") && mark > 0 && Is(mark - 1, ":")) {
-                const std::size_t scope = Solid(mark - 1, -1);
-                if (scope == none || tokens_[scope].kind != Token::Word)
-                    return Is(scope, ">") ? none : mark - 1;
-                at = scope;
-                continue;
-            }
-            const std::size_t member = MemberMark(at);
-            if (member == none)
-                return Is(mark, ">") ? none : start;
-            at = Solid(member, -1);
-            if (at == none)
-                return none;
-        }
-    }
-
-    // The value that a fact is assigned rests on what it is computed from: what is assigned is
-    // told so before its arguments are evaluated. That leaves everything else that has an assign
-    // as it is.
-    void MarkAssignments() {
-        before_.resize(tokens_.size());
-        after_.resize(tokens_.size());
-        bool in_rule = false;
-        for (std::size_t at = 0; at < tokens_.size(); ++at) {
-            if (tokens_[at].kind != Token::Word)
-                continue;
-            in_rule = Is(at, "Rule") || (in_rule && !Is(at, "EndRule"));
-            const std::size_t mark = in_rule && Is(at, "assign") ? MemberMark(at) : tokens_.size();
-            if (mark == tokens_.size() || !Is(Solid(at, 1), "("))
-                continue;
-            const std::size_t last = Solid(mark, -1);
-            const std::size_t start = last < tokens_.size() ? ObjectStart(last) : tokens_.size();
-            if (start == tokens_.size())
-                continue;
-            before_[start].insert(0, "morv::Computed(");
-            after_[last] += ")";
-        }
-    }
-
-    // Poked(ITEM) asks the runtime about an item that there must be.
-    void MarkPoked() {
-        for (std::size_t at = 0; at < tokens_.size(); ++at) {
-            const std::size_t open = Solid(at, 1), item = Solid(open, 1);
-            if (!Is(at, "Poked") || !Is(open, "(") || !Is(Solid(item, 1), ")") ||
-                tokens_[item].kind != Token::Word || MemberMark(at) < tokens_.size())
-                continue;
-            before_[at] += "morv::";
-            before_[item] += "(static_cast<void>(DDEinfo.";
-            after_[item] += "), " + Quoted(tokens_[item].text) + ")";
-        }
-    }
-
     void Conclude(const std::string& name) {
         const auto [outer, otherwise] = Around();
         parts_.back().conclusions.push_back({name, outer, otherwise});
@@ -445,13 +323,13 @@ private:
 
     // A word of C++.
     void Statement(const std::string& word) {
-        const std::size_t next = Solid(at_, 1);
-        if (word == "deduce" && Is(next, "(") && Is(Solid(next, 1), "&")) {
-            const std::size_t name = Solid(Solid(next, 1), 1);
+        const std::size_t next = walk_.Next(at_);
+        if (word == "deduce" && walk_.Is(next, "(") && walk_.Is(walk_.Next(next), "&")) {
+            const std::size_t name = walk_.Next(walk_.Next(next));
             if (name < tokens_.size())
                 Conclude(tokens_[name].text);
-        } else if (word == "assign" && MemberMark(at_) < tokens_.size()) {
-            const std::size_t name = Solid(MemberMark(at_), -1);
+        } else if (word == "assign" && walk_.MemberMark(at_) < tokens_.size()) {
+            const std::size_t name = walk_.Previous(walk_.MemberMark(at_));
             if (name < tokens_.size() && tokens_[name].kind == Token::Word)
                 Conclude(tokens_[name].text);
         }
@@ -459,7 +337,8 @@ private:
     }
 
     std::vector<Token> tokens_;
-    std::vector<std::string> before_, after_; // what is put around each token
+    TokenWalk walk_;
+    Marks marks_;
     int first_line_;
     std::string system_;
     std::vector<Complaint>& complaints_;
