@@ -294,6 +294,25 @@ TEST_P(FindingTest, AnOppositeLeadsToItsSystemAndRulesToTheRuleEditorsText) {
     rules.Close();
 }
 
+TEST_P(FindingTest, TheRuleEditorsTextGoesBeforeAnotherOfTheSameFile) {
+    App& app = RunRules({{"Rule 1\r\n one\n Else two\r\nEndRule\r\n"}}, GetParam());
+    app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("s1.lse"));
+    app.StartDoubleClick(kSystem, 3);
+    RuleBox rules(app);
+    app.CommandWithFile(CM_OPEN_FILE, "Open File", app.Path("s1.rul"));
+    const HWND other = app.Inner(kEditor);
+    ASSERT_NE(other, rules.Edit());
+    Debug(app);
+    OpenRow(app, 1);
+    EXPECT_EQ(app.Inner(kEditor), rules.Edit());
+    EXPECT_EQ(Selected(app), " Else two");
+    // Without it the other one is shown.
+    rules.Close();
+    OpenRow(app, 1);
+    EXPECT_EQ(app.Inner(kEditor), other);
+    EXPECT_EQ(Selected(app), " Else two");
+}
+
 INSTANTIATE_TEST_SUITE_P(Kinds, FindingTest, testing::Values(Kind::Nt, Kind::Win98));
 
 } // namespace
