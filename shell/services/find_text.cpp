@@ -115,8 +115,9 @@ void FindNext(HWND edit, bool down) {
 void ReplaceNext(HWND edit) {
     const std::string text = EditText(edit);
     const Selection selected = SelectionOf(edit, text);
-    const std::string taken = text.substr(selected.begin, selected.end - selected.begin);
-    if (!taken.empty() && Compared(taken) == Compared(what))
+    const Wanted wanted = WhatIsWanted();
+    if (selected.end == selected.begin + wanted.what.size() &&
+        FindForward(Compared(text), wanted, selected.begin) == selected.begin)
         SendMessageA(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(with));
     FindNext(edit, true);
 }
