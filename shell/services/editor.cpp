@@ -170,7 +170,8 @@ void ShowLine(const char* path, int line) {
     const LinePlace place = FindLine(text, line);
     const std::size_t begin = CharactersIn(std::string_view(text).substr(0, place.begin));
     const std::size_t size = CharactersIn(std::string_view(text).substr(place.begin, place.size));
-    SendMessageA(edit, EM_SETSEL, begin, static_cast<LPARAM>(begin + size));
+    // Backwards: the caret is at the line's beginning, which so comes into sight.
+    SendMessageA(edit, EM_SETSEL, begin + size, static_cast<LPARAM>(begin));
     SendMessageA(edit, EM_SCROLLCARET, 0, 0);
     SetFocus(edit);
 }
