@@ -14,6 +14,8 @@
 #include "shell/services/ZENTRIK.h"
 
 int TagNum;
+int TagType;
+int ResultType;
 
 namespace {
 
@@ -26,9 +28,7 @@ struct NamesEditor {
     char (&file)[kNameSize];
     const char* untitled;
     NameQuestion question;
-    // 1 = the file is loaded when the dialog opens. It stays set for the rest of the run, so once
-    // a resource was opened a new list loads the untitled file of the current folder.
-    int type = 0;
+    int& type;
     int modified = 0;
 };
 
@@ -39,6 +39,7 @@ NamesEditor g_tags = {
     .untitled = "untitled.tag",
     .question = {"MORV Tag Resource (*.tag)\0*.tag\0 All Files (*.*)\0*.*\0", "Save Tags As...",
                  ".tag"},
+    .type = TagType,
 };
 
 NamesEditor g_results = {
@@ -48,6 +49,7 @@ NamesEditor g_results = {
     .untitled = "untitled.rst",
     .question = {"MORV Result Resource (*.rst)\0*.rst\0 All Files (*.*)\0*.*\0",
                  "Save Resource As...", ".rst"},
+    .type = ResultType,
 };
 
 void Open(HWND hwnd, NamesEditor& editor) {
@@ -185,11 +187,11 @@ void OpenResource(HWND hwnd) {
     const std::string extension = path.substr(std::min(path.find('.'), path.size()));
     if (extension == ".tag") {
         SetText(TagsFileName, path);
-        g_tags.type = 1;
+        TagType = 1;
         RunDialog(hwnd, "Tags_Box", TagNew);
     } else if (extension == ".rst") {
         SetText(ResultFileName, path);
-        g_results.type = 1;
+        ResultType = 1;
         RunDialog(hwnd, "Res_Box", ResultNew);
     } else if (extension == ".fac") {
         SetText(KnowFileName, path);

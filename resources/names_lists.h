@@ -5,6 +5,11 @@
 
 extern int TagNum; // tags added since the program started
 
+// 1: the file is loaded when the dialog opens. It stays so for the rest of the run, so once a
+// resource was opened a new list loads the untitled file of the current folder.
+extern int TagType;
+extern int ResultType;
+
 void NewTag(HWND hwnd);
 void NewResult(HWND hwnd);
 void OpenResource(HWND hwnd); // asks for a tags, results or facts base file and edits it

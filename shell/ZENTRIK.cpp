@@ -8,6 +8,7 @@
 #include "shell/core/files.h"
 #include "shell/core/messages.h"
 #include "shell/mdi_windows.h"
+#include "shell/services/dialog.h"
 #include "shell/services/editor.h"
 #include "shell/services/guarded.h"
 #include "shell/services/handles.h"
@@ -155,6 +156,9 @@ LRESULT FrameProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
         return OnSize(LOWORD(lParam), HIWORD(lParam));
     case WM_COMMAND:
         return OnCommand(hwnd, wParam, lParam);
+    case WM_ACTIVATE:
+        TellFrontChanged();
+        break;
     case WM_SYSCOMMAND:
         if ((wParam & 0xFFF0) != SC_CLOSE)
             break;

@@ -21,10 +21,11 @@ void StayAbove(HWND dialog, bool active) {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-// Wine shows the frame above the dialog once the frame was clicked, although the dialog still
-// counts as topmost. It comes into sight when it becomes topmost anew.
+// Wine shows the frame above the dialog once the frame or a dialog of the frame has become active,
+// although this one still counts as topmost. It comes into sight when it becomes topmost anew.
 void ComeIntoSight(HWND dialog) {
-    if (busy || !GetActiveWindow())
+    const HWND active = GetActiveWindow();
+    if (busy || !active || active == dialog)
         return;
     StayAbove(dialog, false);
     StayAbove(dialog, true);
@@ -96,7 +97,7 @@ constexpr DialogTable kTable = {.open = Start,
                                 .actions = kActions,
                                 .close_box = Run<CloseRules>,
                                 .program_activated = StayAbove,
-                                .left = ComeIntoSight};
+                                .front_changed = ComeIntoSight};
 
 std::optional<Savable> RulesAtExit(HWND child) {
     if (!EditRule || child != RuleChild())

@@ -4,6 +4,7 @@
 #include "shell/services/editor.h"
 #include "shell/services/mdi.h"
 #include "shell/services/text_measure.h"
+#include "shell/services/wait_cursor.h"
 #include "system/core/rule_files.h"
 
 #include <algorithm>
@@ -85,6 +86,7 @@ void PutRuleText(const std::string& text) {
 }
 
 void LoadRuleText(const std::string& text) {
+    const WaitCursor wait;
     SetWindowTextA(RuleEdit(), text.c_str());
     SetModified(RuleEdit(), false);
 }

@@ -15,7 +15,7 @@ constexpr DialogPage kPages[] = {
     {"Add_Box", "resources-of-the-system"},
     {"Dde_Box", "dde-items"},
     {"Debug_Box", "debug"},
-    {"Goto_Box", "rules"},
+    {"Goto_Box", kGuideTextKeys},
     {"HL_Box", "the-project"},
     {"Init_Box", "initial-facts"},
     {"Knowledge_Box", "a-system-its-facts-base-and-knowledge-types"},

@@ -6,6 +6,7 @@
 
 constexpr std::string_view kGuideContents = "index"; // all pages with their chapters
 constexpr std::string_view kGuideIndex = "words";    // all headings by the alphabet
+constexpr std::string_view kGuideTextKeys = "rules"; // finding and replacing, the line to go to
 constexpr std::string_view kGuideTools = "the-runtime-and-the-compiler";
 
 // The page about a dialog, by the dialog's name in the resources; empty when there is none.

@@ -27,3 +27,15 @@ std::string WithLf(std::string_view text) {
             without += text[i];
     return without;
 }
+
+LinePlace FindLine(std::string_view text, int line) {
+    std::size_t begin = 0;
+    for (std::size_t end = text.find('\n'); line > 0 && end != text.npos; --line) {
+        begin = end + 1;
+        end = text.find('\n', begin);
+    }
+    std::size_t end = std::min(text.find('\n', begin), text.size());
+    if (end > begin && end < text.size() && text[end - 1] == '\r')
+        --end;
+    return {begin, end - begin};
+}

@@ -13,7 +13,7 @@ namespace {
 const char* opening = ""; // the name of the dialog that RunDialog is about to make
 
 constexpr char kEnded[] = "ZentrikEnded"; // a property of dialogs
-constexpr UINT kLeft = WM_APP;            // a message to dialogs
+constexpr UINT_PTR kFrontTimer = 1;       // runs from TellFrontChanged until the dialog was told
 
 struct OpenDialog {
     HWND window;
@@ -72,13 +72,14 @@ INT_PTR Answer(const DialogTable& table, HWND dialog, UINT message, WPARAM wPara
         table.program_activated(dialog, wParam != 0);
         return TRUE;
     case WM_ACTIVATE:
-        // Posted: the order of the windows changes only after this message.
-        if (LOWORD(wParam) == WA_INACTIVE && table.left)
-            PostMessageA(dialog, kLeft, 0, 0);
+        TellFrontChanged();
         return FALSE;
-    case kLeft:
-        if (table.left)
-            table.left(dialog);
+    case WM_TIMER:
+        if (wParam != kFrontTimer || !table.front_changed)
+            return FALSE;
+        KillTimer(dialog, kFrontTimer);
+        if (IsDialogOpen(dialog))
+            table.front_changed(dialog);
         return TRUE;
     case WM_HELP:
         return ShowPage(dialog);
@@ -123,6 +124,13 @@ bool ShowUnsavedDialog(Dialogs among) {
     SetForegroundWindow(unsaved->window);
     FlashWindow(unsaved->window, TRUE);
     return true;
+}
+
+void TellFrontChanged() {
+    // A timer, for a posted message would be lost: the loop of a dialog that ends drops one.
+    for (const OpenDialog& open : open_dialogs)
+        if (open.table->front_changed)
+            SetTimer(open.window, kFrontTimer, 0, nullptr);
 }
 
 INT_PTR DialogColours(UINT message, WPARAM wParam) {

@@ -23,7 +23,7 @@ struct DialogTable {
     void (*close_box)(HWND dialog) = nullptr; // null: as IDCANCEL
     void (*destroyed)(HWND dialog) = nullptr;
     void (*program_activated)(HWND dialog, bool active) = nullptr;
-    void (*left)(HWND dialog) = nullptr;    // after another window has become the active one
+    void (*front_changed)(HWND dialog) = nullptr; // after another window has become active
     bool (*changed)(HWND dialog) = nullptr; // it has what would be lost if the program ended now
 };
 
@@ -67,6 +67,10 @@ template <class T> struct DialogState {
         delete reinterpret_cast<T*>(SetWindowLongPtrA(dialog, DWLP_USER, 0));
     }
 };
+
+// A window of the program becomes active, or is no longer: the open dialogs are told once the
+// windows have changed their order.
+void TellFrontChanged();
 
 // Answers the colour messages of a dialog: light grey, with texts on a grey of 200.
 // Returns 0 for any other message.

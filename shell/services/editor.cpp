@@ -7,6 +7,7 @@
 #include "shell/core/record_text.h"
 #include "shell/services/asking.h"
 #include "shell/services/mdi.h"
+#include "shell/services/text_measure.h"
 #include "shell/services/wait_cursor.h"
 
 #include <algorithm>
@@ -83,6 +84,10 @@ Savable TextOf(HWND child) {
     };
 }
 
+bool IsRuleText(HWND child) {
+    return RuleTextOf && RuleTextOf(child);
+}
+
 // At exit the text of the rule editor is saved as rules.
 Savable AtExit(HWND child) {
     const std::optional<Savable> rules = RuleTextOf ? RuleTextOf(child) : std::nullopt;
@@ -150,7 +155,8 @@ void OpenEdit(const char* nom) {
 }
 
 void ShowLine(const char* path, int line) {
-    const std::vector<HWND> editors = Editors();
+    std::vector<HWND> editors = Editors();
+    std::ranges::stable_partition(editors, IsRuleText);
     const auto shows = [path](HWND child) {
         return lstrcmpiA(ChildTitle(child).c_str(), path) == 0;
     };
@@ -159,11 +165,13 @@ void ShowLine(const char* path, int line) {
     else
         OpenEdit(path);
     const HWND edit = TextHwnd();
-    const int last = static_cast<int>(SendMessageA(edit, EM_GETLINECOUNT, 0, 0)) - 1;
-    const auto shown = static_cast<WPARAM>(std::clamp(line, 0, std::max(last, 0)));
-    const LRESULT begin = SendMessageA(edit, EM_LINEINDEX, shown, 0);
-    const LRESULT size = SendMessageA(edit, EM_LINELENGTH, static_cast<WPARAM>(begin), 0);
-    SendMessageA(edit, EM_SETSEL, static_cast<WPARAM>(begin), begin + size);
+    // Windows' edit controls do not count a line that ends in LF alone, Wine's do.
+    const std::string text = EditText(edit);
+    const LinePlace place = FindLine(text, line);
+    const std::size_t begin = CharactersIn(std::string_view(text).substr(0, place.begin));
+    const std::size_t size = CharactersIn(std::string_view(text).substr(place.begin, place.size));
+    // Backwards: the caret is at the line's beginning, which so comes into sight.
+    SendMessageA(edit, EM_SETSEL, begin + size, static_cast<LPARAM>(begin));
     SendMessageA(edit, EM_SCROLLCARET, 0, 0);
     SetFocus(edit);
 }

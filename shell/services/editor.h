@@ -19,8 +19,8 @@ extern std::optional<Savable> (*RuleTextOf)(HWND child);
 // Opens an editor on `nom`; a missing file gives an empty one.
 void OpenEdit(const char* nom);
 
-// Shows a line (from 0) of a file, selected, in the editor on that file or in a new one. A line
-// behind the end of the text is its last one.
+// Shows a line (from 0) of a file, selected: in the rule editor's text or another one of that file,
+// or in a new one. A line behind the end of the text is its last one.
 void ShowLine(const char* path, int line);
 
 void OpenFile();            // asks for a file and opens an editor on it

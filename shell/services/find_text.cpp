@@ -1,8 +1,10 @@
 #include "shell/services/find_text.h"
 
+#include "shell/core/guide_pages.h"
 #include "shell/core/messages.h"
 #include "shell/core/text_search.h"
 #include "shell/services/editor.h"
+#include "shell/services/guide.h"
 #include "shell/services/mdi.h"
 #include "shell/services/text_measure.h"
 
@@ -41,7 +43,9 @@ LRESULT CALLBACK TakeKeys(int code, WPARAM removed, LPARAM lParam) {
     return CallNextHookEx(nullptr, code, removed, lParam);
 }
 
-UINT_PTR CALLBACK FollowDialog(HWND, UINT message, WPARAM, LPARAM) {
+UINT_PTR CALLBACK FollowDialog(HWND hwnd, UINT message, WPARAM, LPARAM) {
+    if (message == WM_HELP)
+        return OpenGuide(hwnd, kGuideTextKeys);
     if (message == WM_DESTROY) {
         UnhookWindowsHookEx(key_hook);
         dialog = nullptr;
@@ -111,8 +115,9 @@ void FindNext(HWND edit, bool down) {
 void ReplaceNext(HWND edit) {
     const std::string text = EditText(edit);
     const Selection selected = SelectionOf(edit, text);
-    const std::string taken = text.substr(selected.begin, selected.end - selected.begin);
-    if (!taken.empty() && Compared(taken) == Compared(what))
+    const Wanted wanted = WhatIsWanted();
+    if (selected.end == selected.begin + wanted.what.size() &&
+        FindForward(Compared(text), wanted, selected.begin) == selected.begin)
         SendMessageA(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(with));
     FindNext(edit, true);
 }

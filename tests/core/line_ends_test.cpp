@@ -25,4 +25,28 @@ TEST(LineEnds, ComeBackAsTheyWere) {
         EXPECT_EQ(WithLf(WithCrLf(text)), text);
 }
 
+std::string Line(const std::string& text, int line) {
+    const LinePlace place = FindLine(text, line);
+    return text.substr(place.begin, place.size);
+}
+
+TEST(LineEnds, ALineIsCountedByEveryLf) {
+    const std::string text = "one\ntwo\r\n\r\nthr\ree\r\r\nfour\r";
+    EXPECT_EQ(Line(text, 0), "one");
+    EXPECT_EQ(Line(text, 1), "two");
+    EXPECT_EQ(FindLine(text, 2).begin, 9u);
+    EXPECT_EQ(Line(text, 2), "");
+    EXPECT_EQ(Line(text, 3), "thr\ree\r");
+    EXPECT_EQ(Line(text, 4), "four\r");
+}
+
+TEST(LineEnds, BehindTheLastLineThereIsNone) {
+    EXPECT_EQ(Line("a\nb", 7), "b");
+    EXPECT_EQ(Line("a\nb", -1), "a");
+    EXPECT_EQ(FindLine("a\r\n", 7).begin, 3u);
+    EXPECT_EQ(FindLine("a\r\n", 7).size, 0u);
+    EXPECT_EQ(FindLine("", 0).size, 0u);
+    EXPECT_EQ(Line("\r\n", 0), "");
+}
+
 } // namespace

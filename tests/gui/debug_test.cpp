@@ -294,6 +294,37 @@ TEST_P(FindingTest, AnOppositeLeadsToItsSystemAndRulesToTheRuleEditorsText) {
     rules.Close();
 }
 
+TEST_P(FindingTest, ALongLineIsShownFromItsBeginning) {
+    const std::string long_line = "  Else " + std::string(600, 'x');
+    App& app = RunRules({{"Rule 1\r\n" + long_line + "\r\nEndRule\r\n"}}, GetParam());
+    Debug(app);
+    OpenRow(app, 1);
+    EXPECT_EQ(Selected(app), long_line);
+    const HWND edit = app.Inner(kEditor);
+    const auto begin = static_cast<WPARAM>(app.EditorText().find(long_line));
+    const auto place = app.Process().Send(edit, EM_POSFROMCHAR, begin);
+    EXPECT_GE(static_cast<short>(LOWORD(place)), 0);
+}
+
+TEST_P(FindingTest, TheRuleEditorsTextGoesBeforeAnotherOfTheSameFile) {
+    App& app = RunRules({{"Rule 1\r\n one\n Else two\r\nEndRule\r\n"}}, GetParam());
+    app.CommandWithFile(CM_OPEN_SYSTEM, "Open MORV System", app.Path("s1.lse"));
+    app.StartDoubleClick(kSystem, 3);
+    RuleBox rules(app);
+    app.CommandWithFile(CM_OPEN_FILE, "Open File", app.Path("s1.rul"));
+    const HWND other = app.Inner(kEditor);
+    ASSERT_NE(other, rules.Edit());
+    Debug(app);
+    OpenRow(app, 1);
+    EXPECT_EQ(app.Inner(kEditor), rules.Edit());
+    EXPECT_EQ(Selected(app), " Else two");
+    // Without it the other one is shown.
+    rules.Close();
+    OpenRow(app, 1);
+    EXPECT_EQ(app.Inner(kEditor), other);
+    EXPECT_EQ(Selected(app), " Else two");
+}
+
 INSTANTIATE_TEST_SUITE_P(Kinds, FindingTest, testing::Values(Kind::Nt, Kind::Win98));
 
 } // namespace

@@ -2,7 +2,7 @@
 #include "tests/gui/gui_test.h"
 
 #include "build/core/tools_file.h"
-#include "tests/gui/driver/failure.h"
+#include "tests/gui/foreign_folder.h"
 #include "tests/gui/sample_project.h"
 
 namespace gui {
@@ -353,24 +353,6 @@ TEST_P(StartFolderTest, ThatIsTooLongIsToldAtOnce) {
     MakeFolders(folder);
     ExpectRefused(Program(Exe(), folder));
 }
-
-// While it lives, a folder with a letter of no European code page is this process's current one.
-class ForeignFolder {
-public:
-    explicit ForeignFolder(const WorkFolder& work) {
-        GetCurrentDirectoryW(MAX_PATH, before_);
-        const std::string parent = work.Folder();
-        const std::wstring folder = std::wstring(parent.begin(), parent.end()) + L"\\\u5de5";
-        if (!CreateDirectoryW(folder.c_str(), nullptr) || !SetCurrentDirectoryW(folder.c_str()))
-            Fail("cannot make a folder with a foreign name");
-    }
-    ForeignFolder(const ForeignFolder&) = delete;
-    ForeignFolder& operator=(const ForeignFolder&) = delete;
-    ~ForeignFolder() { SetCurrentDirectoryW(before_); }
-
-private:
-    wchar_t before_[MAX_PATH] = L"";
-};
 
 TEST_P(StartFolderTest, WithALetterOutsideTheCodePageIsToldAtOnce) {
     const ForeignFolder folder(work_);

@@ -1,6 +1,7 @@
 // The help file, and the guide beside the program in the browser, for which a program stands in
 // that notes its start.
 #include "tests/gui/driver/input.h"
+#include "tests/gui/foreign_folder.h"
 #include "tests/gui/gui_test.h"
 
 #include <set>
@@ -84,6 +85,23 @@ TEST_P(HelpTest, TheGuideOpensInTheBrowser) {
     ExpectPage(app, "the-runtime-and-the-compiler");
     tools.Click(IDCANCEL);
     app.Finish();
+    app.Exit();
+}
+
+// As in the profile of a user whose name has such a letter.
+TEST_P(HelpTest, TheGuideOpensBesideAProgramWhoseFolderHasALetterOutsideTheCodePage) {
+    const ForeignFolder folder(work_);
+    CopyTo(Exe(), GetParam());
+    MakeFolders("help");
+    PutFile("help\\index.html", "");
+    ASSERT_TRUE(DeleteFileA(Page("index").c_str()));
+    Program program(GetParam(), work_.Folder());
+    App app(program);
+    app.Command(CM_HELP_CONTENTS);
+    const std::string started = work_.Path("browser.args");
+    program.WaitFor("the browser", [&] { return FileExists(started); });
+    EXPECT_NE(FileContent(started).find("\\help\\index.html\""), std::string::npos)
+        << FileContent(started);
     app.Exit();
 }
 

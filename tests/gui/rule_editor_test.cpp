@@ -255,6 +255,9 @@ class LfRulesTest : public GuiRuleEditorTest, public testing::WithParamInterface
 
 TEST_P(LfRulesTest, ShowTheirLinesAndAreSavedWithCrLf) {
     RuleBox& box = RunOn("Rule 1\na\nEndRule\n", "-", GetParam());
+    app_->Inner().WaitCursorSeen(app_->Frame()); // forgets what was before
+    Open("a.rul");
+    EXPECT_TRUE(app_->Inner().WaitCursorSeen(app_->Frame()));
     EXPECT_EQ(box.Content(), kFirst);
     EXPECT_FALSE(box.Modified());
     box.Command(RM_SAVE_FILE);

@@ -31,6 +31,9 @@ protected:
             PutFile(work.Path("a.rul"), ManyRules());
             PutFile(work.Path("a.siz"), IndexFile(std::vector<int>(kRuleCount, 1)));
             PutFile(work.Path("a.tag"), TagBytes({"pump"}));
+            ProjectSpec spec;
+            spec.systems.push_back(work.Path("missing.lse"));
+            PutProject(work.Path("p.mrv"), spec);
         });
         app.Start(CM_RULES);
         RuleBox box(app);
@@ -60,6 +63,11 @@ protected:
                pixels[2] == kLightGrey;
     }
 
+    void ExpectInSight(const RuleBox& box, const std::string& when) {
+        Running().Process().WaitFor("the dialog on the screen " + when,
+                                    [&] { return IsInSight(box); });
+    }
+
     // The caret is behind the text's last character, and its line is in sight.
     void ExpectEndInSight(const RuleBox& box) {
         const auto end = static_cast<WPARAM>(box.Content().size());
@@ -84,6 +92,44 @@ TEST_P(RuleViewTest, TheDialogStaysInSightWhenTheTextIsClicked) {
         Running().Process().WaitFor("the focus in the dialog",
                                     [&] { return Focus() == GetDlgItem(box.Window(), RULE_TAGS); });
     }
+}
+
+TEST_P(RuleViewTest, TheDialogStaysInSightBesideADialogOfTheFrameAndAfterIt) {
+    RuleBox box = RunRules();
+    App& app = Running();
+    app.Start(CM_HISTORY_LENGTH);
+    Dialog dialog = app.WaitDialog("History Length");
+    ExpectInSight(box, "beside another dialog");
+    dialog.Click(IDCANCEL);
+    app.Finish();
+    ExpectInSight(box, "after the dialog");
+    app.CommandWithFile(CM_OPEN_FILE, "Open File", app.Path("a.tag"));
+    ExpectInSight(box, "after a file dialog");
+    app.Start(CM_UNDO);
+    const Box undo = app.WaitBox("Undo notification");
+    ExpectInSight(box, "beside a box");
+    app.Press(undo);
+    app.Finish();
+    ExpectInSight(box, "after the box");
+}
+
+TEST_P(RuleViewTest, TheDialogStaysInSightBesideTheCheck) {
+    RuleBox box = RunRules();
+    App& app = Running();
+    app.CommandWithFile(CM_OPEN_MORV, "Open MORV Project", app.Path("p.mrv"));
+    ExpectInSight(box, "with the project");
+    app.Start(CM_DEBUG);
+    Dialog debug = app.WaitDialog("Debug");
+    ExpectInSight(box, "beside the dialog");
+    debug.Press(DEBUG_START);
+    const Box failed = app.WaitBox("Debug"); // a system is missing
+    ExpectInSight(box, "beside its box");
+    app.Press(failed);
+    app.Finish();
+    ExpectInSight(box, "after its box");
+    debug.Close();
+    app.Finish();
+    ExpectInSight(box, "after the dialog");
 }
 
 TEST_P(RuleViewTest, ASelectedRuleIsScrolledTo) {

@@ -204,6 +204,24 @@ TEST_P(TextKeysTest, CtrlHReplaces) {
     Wait("the letter gone", [&] { return Text().starts_with("alve"); });
 }
 
+TEST_P(TextKeysTest, APartOfAWordThatIsSelectedIsNotReplacedAsAWholeOne) {
+    RunWith(kText);
+    Running().Process().Send(edit_, EM_SETSEL, 20, 24); // of "pumps"
+    Dialog dialog = OpenDialog('H', "Replace");
+    EXPECT_EQ(dialog.Text(kWhat), "pump");
+    dialog.SetText(kWith, "valve");
+    Check(dialog, kWholeWord);
+    dialog.Press(kReplaceNext);
+    Running().ExpectBox("\"pump\" was not found", "Find");
+    Running().Finish();
+    EXPECT_EQ(Text(), kText);
+    Check(dialog, kWholeWord);
+    dialog.Press(kReplaceNext);
+    Running().ExpectBox("\"pump\" was not found", "Find");
+    Running().Finish();
+    EXPECT_EQ(Text(), "Pump one\r\npump two\r\nvalves\r\nlast");
+}
+
 TEST_P(TextKeysTest, TheFindDialogGoesWithItsText) {
     RunWith(kText);
     Dialog dialog = OpenDialog('F', "Find");

@@ -4,6 +4,8 @@
 #include "tests/core/core_test.h"
 
 #include "build/tools.h"
+#include "shell/services/editor.h"
+#include "shell/services/find_text.h"
 #include "shell/services/guide.h"
 #include "shell/services/help.h"
 #include "shell/services/VARMORV.h"
@@ -191,6 +193,20 @@ TEST_F(HelpTest, F1OpensThePageOfTheDialog) {
     });
     AboutZentrik(hFrame);
     EXPECT_EQ(guide.opened.back(), files_.Path("index.html"));
+}
+
+TEST_F(HelpTest, F1OpensThePageOfTheSystemsDialogsForFinding) {
+    const Guide guide(PutPages({"rules"}));
+    OpenEdit("untitled");
+    AskWhatToFind(TextHwnd());
+    const HWND find = FindWindowA("#32770", "Find");
+    SendMessageA(find, WM_HELP, 0, 0);
+    AskWhatToReplace(TextHwnd());
+    const HWND replace = FindWindowA("#32770", "Replace");
+    SendMessageA(replace, WM_HELP, 0, 0);
+    EXPECT_EQ(guide.opened, std::vector<std::string>(2, files_.Path("rules.html")));
+    EXPECT_EQ(guide.owners, (std::vector<HWND>{find, replace}));
+    EditState = 0;
 }
 
 TEST_F(HelpTest, F1WithoutAGuideDoesNothing) {

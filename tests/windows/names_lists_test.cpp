@@ -20,16 +20,20 @@ void Add(const DialogHandle& dialog, int edit, const std::string& name) {
     dialog.Press(IDOK);
 }
 
-// Both lists of names, in a current folder of their own.
+// Both lists of names as at the start of the program, in a work folder of their own.
 class NamesLists : public testing::Test {
 protected:
     NamesLists() {
         GetCurrentDirectoryA(sizeof before_, before_);
-        SetCurrentDirectoryA(temp.Path("").c_str());
+        SetText(WorkPath, temp.Path("")); // which is the current one after every file dialog
+        SetCurrentDirectoryA(WorkPath);
         Project.ResNum = 0;
-        TagNum = 0;
+        TagNum = TagType = ResultType = 0;
     }
-    ~NamesLists() override { SetCurrentDirectoryA(before_); }
+    ~NamesLists() override {
+        SetCurrentDirectoryA(before_);
+        SetText(WorkPath, "");
+    }
 
     void Put(const std::string& name, const Texts& names) {
         WriteNames(temp.Path(name).c_str(), names);
@@ -51,7 +55,6 @@ private:
     char before_[MAX_PATH];
 };
 
-// These come first: opening a resource changes what a new list shows for the rest of the run.
 TEST_F(NamesLists, ANewListIsEmptyAndAsksForAFile) {
     Put("untitled.tag", {"not loaded"});
     DialogSteps steps;

@@ -7,6 +7,7 @@
 
 #include "shell/core/paths.h"
 #include "shell/services/editor.h"
+#include "shell/services/VARMORV.h"
 #include "shell/services/ZENTRIK.h"
 #include "system/core/rule_files.h"
 #include "system/core/rule_index.h"
@@ -38,17 +39,19 @@ inline std::string Record(const std::string& name, int bor = 0) {
     return std::string(BytesOf(record));
 }
 
-// The rule editor beside a text window, in a folder of its own.
+// The rule editor beside a text window, in a work folder of its own.
 class RuleEditorTest : public testing::Test {
 protected:
     RuleEditorTest() {
         GetCurrentDirectoryA(sizeof before_, before_);
-        SetCurrentDirectoryA(temp_.Path("").c_str());
+        SetText(WorkPath, temp_.Path("")); // which is the current one after every file dialog
+        SetCurrentDirectoryA(WorkPath);
     }
     ~RuleEditorTest() override {
         box_.reset();
         EditRule = 0;
         SetCurrentDirectoryA(before_);
+        SetText(WorkPath, "");
     }
 
     void OpenText(const std::string& path) {
