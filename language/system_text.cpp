@@ -46,6 +46,16 @@ bool IsPlainType(const std::string& type) {
     }) && type.find_first_not_of("abcdefghijklmnopqrstuvwxyz ") == std::string::npos;
 }
 
+// Whether a declaration may begin with it: "std::string", "Curve", "const char *".
+bool IsType(const std::string& type) {
+    const std::vector<Token> tokens = Tokens(type);
+    return !tokens.empty() && tokens[0].kind == Token::Word &&
+           std::all_of(tokens.begin(), tokens.end(), [](const Token& token) {
+               return token.kind == Token::Word || token.kind == Token::Blank ||
+                      IsOneOf(token.text, {":", "<", ">", ",", "*"});
+           });
+}
+
 bool IsOneWord(const std::string& text) {
     const std::vector<Token> tokens = Tokens(text);
     return tokens.size() == 1 && tokens[0].kind == Token::Word && (text[0] < '0' || text[0] > '9');
@@ -106,10 +116,12 @@ private:
             Find([](const std::string& line) { return line == "\t//- Local Var Declaration"; }) &&
             Between(Line(1), "\t", ";", declared)) {
             const std::size_t blank = declared.rfind(' ');
-            if (blank == std::string::npos || !IsPlainType(declared.substr(0, blank)) ||
+            if (blank == std::string::npos || !IsType(declared.substr(0, blank)) ||
                 !IsOneWord(declared.substr(blank + 1)))
                 return;
             result_.variables.push_back({declared.substr(0, blank), declared.substr(blank + 1)});
+            if (!IsPlainType(result_.variables.back().type))
+                result_.own_type = result_.variables.back().type;
             at_ += 2;
         }
     }
@@ -154,9 +166,9 @@ private:
         return true;
     }
 
+    // A system whose file of variables is empty has the heading alone.
     void ReadValues() {
-        if (result_.variables.empty() ||
-            !Find([](const std::string& line) { return line == "// - System Local Vars"; }))
+        if (!Find([](const std::string& line) { return line == "// - System Local Vars"; }))
             return;
         for (std::size_t i = 0; i < result_.variables.size(); ++i) {
             std::string value;
