@@ -8,7 +8,7 @@
 #include <cstring>
 #include <deque>
 #include <limits>
-#include <utility>
+#include <optional>
 
 using morv::CertaintyWord;
 using morv::hot;
@@ -29,16 +29,17 @@ DATAFACT::DATAFACT(const DATAFACT& other)
       fact_value(other.fact_value), text(other.text), now_(other.now_), origin_(other.Origin()) {}
 
 DATAFACT& DATAFACT::operator=(const DATAFACT& other) {
-    name = other.name;
-    type = other.type;
-    description = other.description;
-    fact_value = other.fact_value;
     if (past_ == nullptr) {
+        name = other.name;
+        type = other.type;
+        description = other.description;
+        fact_value = other.fact_value;
         text = other.text;
         now_ = other.now_;
         origin_ = other.Origin();
         return *this;
     }
+    const morv::Aside aside;
     morv::Read();
     other.value();
     hot.reading = false;
@@ -171,9 +172,13 @@ void DATAFACT::Give(double value, double certainty, const char* verb) {
 }
 
 void DATAFACT::assign(double value, double certainty) {
-    const bool computed = std::exchange(hot.computing, false);
-    const double most = computed ? hot.rests_on : double(FULL);
+    const bool computed = hot.computing == this;
+    std::optional<morv::Aside> aside;
+    if (!computed)
+        aside.emplace();
     hot.reading = false;
+    hot.computing = nullptr;
+    const double most = computed ? hot.rests_on : double(FULL);
     Give(value, std::min(morv::InRange(certainty), most), "assigned");
     morv::Act([&] {
         // What is unknown now is so for what it was computed from.
@@ -187,10 +192,8 @@ void DATAFACT::assign(double value, double certainty) {
 void DATAFACT::TakeUp(double value, double certainty, const char* source) {
     // Nearly always nothing has changed.
     if (source_ == source && value == now_.value && certainty == now_.certainty &&
-        certainty <= hot.path && !hot.trace) {
-        hot.reading = hot.computing = false;
+        certainty <= hot.path && !hot.trace)
         return;
-    }
     if (source_ != source) {
         source_ = source;
         constexpr char kItems[] = "DDEinfo.";
@@ -200,7 +203,6 @@ void DATAFACT::TakeUp(double value, double certainty, const char* source) {
             item_ = &item;
         }
     }
-    hot.reading = hot.computing = false;
     if (Set(value, std::min(morv::InRange(certainty), hot.path), "taken up") && why_ != nullptr) {
         why_->initial = source;
         why_->poked = item_ != nullptr ? item_->tick : 0;

@@ -30,7 +30,7 @@ public:
     constexpr DATAFACT() = default;
     // A copy has no history. What reads it reads the fact that it was copied from.
     DATAFACT(const DATAFACT& other);
-    // A fact of a system is given the value; it is no more certain than an assigned one.
+    // A fact of a system is given the value alone, no more certain than an assigned one.
     DATAFACT& operator=(const DATAFACT& other);
 
     int name = 0; // the number of the fact

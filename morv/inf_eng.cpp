@@ -113,8 +113,20 @@ const Rule* RunningRule() {
     return scope != nullptr ? scope->rule : nullptr;
 }
 
-Condition::Condition(Site& site, bool value)
-    : site_(&site), certainty_(hot.rests_on), from_(hot.read_from), to_(hot.read_count) {
+// Drops what blocks of the same branch read that have ended: nobody asks for it any more.
+static void LeaveRoom() {
+    const int base = hot.scope != nullptr ? hot.scope->reads : 0;
+    if (hot.read_from <= Hot::kMostReads / 2 || base >= hot.read_from)
+        return;
+    std::copy(hot.reads + hot.read_from, hot.reads + hot.read_count, hot.reads + base);
+    hot.read_count -= hot.read_from - base;
+    hot.read_from = base;
+}
+
+Condition::Condition(Site& site, bool value) : site_(&site), certainty_(hot.rests_on) {
+    LeaveRoom();
+    from_ = hot.read_from;
+    to_ = hot.read_count;
     hot.reading = false;
     truth_ = certainty_ <= 0 ? Truth::Unknown : value ? Truth::True : Truth::False;
     site.outcome = truth_;
@@ -126,7 +138,10 @@ Condition::Condition(Site& site, bool value)
     }
 }
 
-Condition::Condition(Site& site) : site_(&site), certainty_(FULL), from_(hot.read_count) {
+Condition::Condition(Site& site) : site_(&site), certainty_(FULL) {
+    hot.read_from = hot.read_count;
+    LeaveRoom();
+    from_ = hot.read_from;
     site.outcome = Truth::NotSeen;
 }
 
@@ -266,7 +281,6 @@ Left RunRules(Rule* rules, int count) {
 
 Run::Run(System& system) : system_(system), from_(Now().changes.size()), trace_(hot.trace) {
     ++Now().rounds;
-    hot.reading = hot.computing = false;
     hot.trace = IsTraced(system, nullptr);
 }
 

@@ -145,9 +145,9 @@ struct Hot {
     double path = FULL;     // the certainty of the conditions around the statement that runs
     double rests_on = FULL; // the least certain of what the expression at hand read
     bool reading = false;   // an expression is being evaluated
-    bool computing = false; // for an assignment
-    bool trace = false;     // of what runs now
-    int acts = 0;           // what the rule did so far
+    const DATAFACT* computing = nullptr; // the fact that it will be assigned to, if any
+    bool trace = false;                  // of what runs now
+    int acts = 0;                        // what the rule did so far
     int read_from = 0, read_count = 0;
     long tick = 0;
     Scope* scope = nullptr;
@@ -179,12 +179,43 @@ inline void Note(const ReadRecord& read) {
 // from. Whatever else has an assign is left alone.
 template <class Object> Object&& Computed(Object&& object) {
     using Plain = std::remove_cv_t<std::remove_pointer_t<std::decay_t<Object>>>;
-    if (std::is_same<Plain, DATAFACT>::value) {
+    if constexpr (std::is_same_v<Plain, DATAFACT>) {
         Read();
-        hot.computing = true;
+        if constexpr (std::is_same_v<std::decay_t<Object>, Plain>)
+            hot.computing = &object;
+        else
+            hot.computing = object;
     }
     return static_cast<Object&&>(object);
 }
+
+// The expression at hand is put aside while something else runs: a function that it calls may
+// assign to facts, or run a system.
+class Aside {
+public:
+    Aside()
+        : reading_(hot.reading), computing_(hot.computing), rests_on_(hot.rests_on),
+          read_from_(hot.read_from), read_count_(hot.read_count) {
+        hot.reading = false;
+        hot.computing = nullptr;
+        hot.read_from = hot.read_count;
+    }
+    Aside(const Aside&) = delete;
+    Aside& operator=(const Aside&) = delete;
+    ~Aside() {
+        hot.reading = reading_;
+        hot.computing = computing_;
+        hot.rests_on = rests_on_;
+        hot.read_from = read_from_;
+        hot.read_count = read_count_;
+    }
+
+private:
+    const bool reading_;
+    const DATAFACT* const computing_;
+    const double rests_on_;
+    const int read_from_, read_count_;
+};
 
 // The condition of a block. It is unknown while it depends on facts that are; then neither branch
 // of the block runs.
@@ -283,6 +314,7 @@ public:
     int Changed();      // how many facts and results are not what they were before
 
 private:
+    const Aside aside_;
     System& system_;
     const std::size_t from_; // of the changes
     const bool trace_;

@@ -1,0 +1,123 @@
+// What an expression rests on: also when it calls functions that assign to facts or run systems,
+// and behind many other expressions.
+#include "made_rules.h"
+
+namespace {
+
+using morv_test::MadeProject;
+using morv_test::MadeRules;
+
+constexpr char kExterns[] = R"(
+bool tally(DATAFACT& fact) { fact.assign(fact.value() + 1, FULL); return true; }
+double noted(DATAFACT& fact, double value) { fact.assign(value, FULL); return value; }
+void set_to(DATAFACT& fact, double value) { fact.assign(value, FULL); }
+bool kept(DATAFACT& to, const DATAFACT& from) { to = from; return true; }
+)";
+
+std::string ManyBlocks() {
+    std::string rule = "Rule 5\n  // Many blocks\n";
+    for (int i = 0; i < 200; ++i)
+        rule += "  If (L.value() > 90 && W.known() && S.value() > " + std::to_string(i) +
+                ") Then retract(&MANY); EndIf\n";
+    return rule + "  If (L.value() > 1.0) Then deduce(&MANY, FULL); EndIf\n"
+                  "  IfOr (L.value() > 80, L.value() > 2.0) Then deduce(&LAST, FULL); EndIfOr\n"
+                  "  V.assign(L.value() + 1, FULL);\nEndRule\n";
+}
+
+MadeProject Project() {
+    MadeProject project;
+    project.items = {"Level"};
+    project.results = {"YES", "NO", "INNER", "NESTED", "MANY", "LAST", "KEPT", "OF_TYPE"};
+    project.externs = kExterns;
+    project.systems = {{"inner", {"L=Level FULL"}, "", R"(Rule 1
+  If (L.value() > 1.0) Then deduce(&INNER, FULL); EndIf
+EndRule
+)"},
+                       {"plant",
+                        {"L=Level HIGH", "T", "U", "S", "V:WEAR", "W", "C:WEAR"},
+                        "",
+                        R"(Rule 1
+  // Tally
+  T.assign(0, FULL);
+  If (tally(T) && U.value() > 3.0) Then deduce(&YES, FULL); Else deduce(&NO, FULL); EndIf
+EndRule
+Rule 2
+  // Set
+  If (L.value() > 1.0) Then set_to(S, 3); EndIf
+EndRule
+Rule 3
+  V.assign(noted(W, 4) * L.value(), FULL);
+EndRule
+Rule 4
+  // Nested
+  If (L.value() > 1.0 && inner.engine() >= 0) Then deduce(&NESTED, FULL); EndIf
+  If (kept(C, L) && U.known() == 0) Then deduce(&KEPT, FULL); EndIf
+  IfAny (WEAR, PF->value() == 5.0) Then deduce(&OF_TYPE, FULL); EndIfAny
+EndRule
+)" + ManyBlocks()}};
+    project.main = "\tplant.engine();\n";
+    return project;
+}
+
+class Expressions : public testing::Test {
+protected:
+    static void SetUpTestSuite() { rules_ = new MadeRules(Project()); }
+    static void TearDownTestSuite() {
+        delete rules_;
+        rules_ = nullptr;
+    }
+
+    static std::string Run(const std::string& commands) { return rules_->Run(commands); }
+
+    static void ExpectSays(const std::string& said, const std::string& text) {
+        EXPECT_NE(said.find(text), std::string::npos) << text << "\nis not in\n" << said;
+    }
+
+    static inline MadeRules* rules_ = nullptr;
+};
+
+TEST_F(Expressions, RestOnWhatTheyReadBehindAFunctionThatAssigns) {
+    const std::string said = Run("poke Level 5\ntick 2\nshow YES\nshow NO\nwhy not NO\nshow T\n");
+    ExpectSays(said, "YES 0 NULL\nNO 0 NULL\n");
+    ExpectSays(said, "  rule 1 of plant: Tally, If tally(T) && U.value() > 3.0 is unknown");
+    ExpectSays(said, "T 1 FULL\n");
+}
+
+TEST_F(Expressions, OfAnAssignmentAreNotThoseOfAnAssignmentInAFunction) {
+    const std::string said = Run("poke Level 5\ntick\nshow V\nshow W\nwhy S\n");
+    ExpectSays(said, "V 6 HIGH\nW 4 FULL\n");
+    EXPECT_EQ(said.substr(said.find("S = 3")), "S = 3 bar, lowest (HIGH)\n"
+                                               "  assigned in tick 1 by rule 2 of plant: Set\n"
+                                               "    If L.value() > 1.0 : true (HIGH)\n"
+                                               "      L = 5 bar, lowest (HIGH)\n"
+                                               "        from item Level = 5, poked in tick 1\n");
+}
+
+TEST_F(Expressions, RestOnWhatTheyReadAroundARunOfASystem) {
+    const std::string said = Run("poke Level 5\ntick\nshow INNER\nwhy NESTED\n");
+    ExpectSays(said, "INNER 1 FULL\n");
+    ExpectSays(said, "NESTED holds (HIGH)\n"
+                     "  deduced in tick 1 by rule 4 of plant: Nested\n"
+                     "    If L.value() > 1.0 && inner.engine() >= 0 : true (HIGH)\n"
+                     "      L = 5 bar, lowest (HIGH)\n");
+}
+
+TEST_F(Expressions, ACopyGivesAFactTheValueAlone) {
+    const std::string said = Run("poke Level 5\ntick 2\nshow KEPT\nshow OF_TYPE\nwhy C\n");
+    ExpectSays(said, "KEPT 1 FULL\nOF_TYPE 1 HIGH\n"); // C is still one of WEAR
+    ExpectSays(said, "C = 5 bar, lowest (HIGH)\n  copied in tick 1 by rule 4 of plant: Nested\n"
+                     "    computed from\n      L = 5 bar, lowest (HIGH)\n");
+}
+
+TEST_F(Expressions, AreTakenDownBehindManyOthers) {
+    const std::string said = Run("poke Level 5\ntick\nwhy MANY\nwhy LAST\nwhy V\n");
+    ExpectSays(said, "    If L.value() > 1.0 : true (HIGH)\n      L = 5 bar, lowest (HIGH)\n"
+                     "        from item Level = 5, poked in tick 1\n");
+    ExpectSays(said, "    IfOr L.value() > 80, L.value() > 2.0 : true (HIGH)\n"
+                     "      L = 5 bar, lowest (HIGH)\n");
+    ExpectSays(said, "V = 6 bar, lowest (HIGH)\n"
+                     "  assigned in tick 1 by rule 5 of plant: Many blocks\n"
+                     "    computed from\n      L = 5 bar, lowest (HIGH)\n");
+}
+
+} // namespace
