@@ -7,7 +7,7 @@ namespace {
 using morv_test::MadeProject;
 using morv_test::MadeRules;
 
-constexpr char kExterns[] = R"(
+constexpr char kFunctions[] = R"(
 bool tally(DATAFACT& fact) { fact.assign(fact.value() + 1, FULL); return true; }
 double noted(DATAFACT& fact, double value) { fact.assign(value, FULL); return value; }
 void set_to(DATAFACT& fact, double value) { fact.assign(value, FULL); }
@@ -24,11 +24,11 @@ std::string ManyBlocks() {
                   "  V.assign(L.value() + 1, FULL);\nEndRule\n";
 }
 
-MadeProject Project() {
+MadeProject Expressing() {
     MadeProject project;
     project.items = {"Level"};
     project.results = {"YES", "NO", "INNER", "NESTED", "MANY", "LAST", "KEPT", "OF_TYPE"};
-    project.externs = kExterns;
+    project.externs = kFunctions;
     project.systems = {{"inner", {"L=Level FULL"}, "", R"(Rule 1
   If (L.value() > 1.0) Then deduce(&INNER, FULL); EndIf
 EndRule
@@ -61,7 +61,7 @@ EndRule
 
 class Expressions : public testing::Test {
 protected:
-    static void SetUpTestSuite() { rules_ = new MadeRules(Project()); }
+    static void SetUpTestSuite() { rules_ = new MadeRules(Expressing()); }
     static void TearDownTestSuite() {
         delete rules_;
         rules_ = nullptr;
