@@ -16,9 +16,8 @@ bool kept(DATAFACT& to, const DATAFACT& from) { to = from; return true; }
 
 std::string ManyBlocks() {
     std::string rule = "Rule 5\n  // Many blocks\n";
-    for (int i = 0; i < 200; ++i)
-        rule += "  If (L.value() > 90 && W.known() && S.value() > " + std::to_string(i) +
-                ") Then retract(&MANY); EndIf\n";
+    for (int i = 0; i < 300; ++i)
+        rule += "  If (L.value() > 90 + " + std::to_string(i) + ") Then retract(&MANY); EndIf\n";
     return rule + "  If (L.value() > 1.0) Then deduce(&MANY, FULL); EndIf\n"
                   "  IfOr (L.value() > 80, L.value() > 2.0) Then deduce(&LAST, FULL); EndIfOr\n"
                   "  V.assign(L.value() + 1, FULL);\nEndRule\n";
