@@ -1,6 +1,7 @@
 #include "explain.h"
 
 #include "justify.h"
+#include "names.h"
 #include "state.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@ namespace morv {
 namespace {
 
 constexpr std::size_t kMostLines = 1000;
+constexpr char kItems[] = "DDEinfo."; // what stands before an item in the text of rules
 
 bool IsOf(const System& system, const DATAFACT* fact) {
     return fact->System() == &system;
@@ -120,10 +122,12 @@ private:
 
     // The end of every branch: where a value came in.
     void Initial(const Justification& why, std::size_t depth) {
-        const std::string text = why.initial, items = "DDEinfo.";
-        if (text.compare(0, items.size(), items) != 0)
+        const std::string text = why.initial;
+        const std::vector<std::string> items = ItemsIn(text);
+        if (items.empty())
             return Line(depth, "the initial value " + text);
-        Line(depth, "from item " + text.substr(items.size()) + " = " + Number(why.value) +
+        const bool as_it_is = text == kItems + items[0];
+        Line(depth, "from " + (as_it_is ? "item " + items[0] : text) + " = " + Number(why.value) +
                         (why.poked > 0 ? ", poked in tick " + std::to_string(why.poked)
                                        : ", which was never poked"));
     }
@@ -190,8 +194,7 @@ std::string NamedIn(const std::string& text) {
     std::string all, word;
     for (std::size_t at = 0; at <= text.size(); ++at) {
         const char c = at < text.size() ? text[at] : ' ';
-        if (c == '_' || (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') ||
-            (c >= 'A' && c <= 'Z')) {
+        if (IsOfName(c)) {
             word += c;
             continue;
         }
@@ -282,6 +285,19 @@ std::vector<const Conclusion*> Concluding(const Rule& rule, const std::string& n
 }
 
 } // namespace
+
+std::vector<std::string> ItemsIn(const std::string& text) {
+    std::vector<std::string> items;
+    std::string word;
+    for (std::size_t at = 0; (at = text.find(kItems, at)) != std::string::npos;) {
+        at += sizeof kItems - 1;
+        for (word.clear(); at < text.size() && IsOfName(text[at]); ++at)
+            word += text[at];
+        if (std::find(items.begin(), items.end(), word) == items.end())
+            items.push_back(word);
+    }
+    return items;
+}
 
 std::string TextOf(const ReadRecord& read) {
     if (read.fact != nullptr)

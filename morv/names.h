@@ -6,6 +6,11 @@
 
 namespace morv {
 
+// Whether a letter may stand in a name.
+inline bool IsOfName(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+}
+
 std::string SmallLetters(std::string text); // those of ASCII, as names have them
 
 // The name of a fact or result that is meant by `typed`, in whatever case; `typed` where none is.

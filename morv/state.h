@@ -20,6 +20,9 @@ struct Item {
     long tick = 0; // that sees it first; 0: never poked
 };
 
+// The items in the text of an initial value: Level and Least of "DDEinfo.Level-DDEinfo.Least".
+std::vector<std::string> ItemsIn(const std::string& text);
+
 // A change of a fact or a result, with what it was before.
 struct Change {
     DATAFACT* fact;

@@ -25,7 +25,7 @@ std::string ManyBlocks() {
 
 MadeProject Expressing() {
     MadeProject project;
-    project.items = {"Level"};
+    project.items = {"Level", "Zero", "Share"};
     project.results = {"YES", "NO", "INNER", "NESTED", "MANY", "LAST", "KEPT", "OF_TYPE"};
     project.externs = kFunctions;
     project.systems = {{"inner", {"L=Level FULL"}, "", R"(Rule 1
@@ -33,7 +33,8 @@ MadeProject Expressing() {
 EndRule
 )"},
                        {"plant",
-                        {"L=Level HIGH", "T", "U", "S", "V:WEAR", "W", "C:WEAR"},
+                        {"L=Level HIGH", "T", "U", "S", "V:WEAR", "W", "C:WEAR",
+                         "M=Level+DDEinfo.Zero*2 LOW", "Age"},
                         "",
                         R"(Rule 1
   // Tally
@@ -42,6 +43,7 @@ EndRule
 EndRule
 Rule 2
   // Set
+  Age.assign(M.age(), FULL);
   If (L.value() > 1.0) Then set_to(S, 3); EndIf
 EndRule
 Rule 3
@@ -99,6 +101,16 @@ TEST_F(Expressions, RestOnWhatTheyReadAroundARunOfASystem) {
                      "  deduced in tick 1 by rule 4 of plant: Nested\n"
                      "    If L.value() > 1.0 && inner.engine() >= 0 : true (HIGH)\n"
                      "      L = 5 bar, lowest (HIGH)\n");
+}
+
+TEST_F(Expressions, OfSeveralItemsAreAsOldAsTheLastPoke) {
+    const std::string said = Run("tick\nwhy M\nshow Age\npoke Level 5\ntick 3\nshow Age\n"
+                                 "poke Zero 1\ntick\nwhy M\nshow Age\n");
+    ExpectSays(said, "  from DDEinfo.Level+DDEinfo.Zero*2 = 0, which was never poked\n"
+                     "Age 2.14748e+09 FULL\n");
+    ExpectSays(said, "Age 2 FULL\n");
+    ExpectSays(said, "M = 7 bar, lowest (LOW)\n"
+                     "  from DDEinfo.Level+DDEinfo.Zero*2 = 7, poked in tick 5\nAge 0 FULL\n");
 }
 
 TEST_F(Expressions, ACopyGivesAFactTheValueAlone) {
