@@ -67,7 +67,7 @@ bool DoPoke(Words& words, const Front&) {
     const std::string item = words.Next();
     const std::string value = words.Rest();
     return item.empty() || value.empty() ? Refuse("poke takes an item and a value")
-                                         : PokeItem(item, value);
+                                         : PokeItem(item, value, From::User);
 }
 
 bool DoTick(Words& words, const Front& front) {
@@ -91,6 +91,9 @@ bool DoTrace(Words& words, const Front&) {
     SetTrace(state == "on", system, rule);
     Output("trace " + state + (system.empty() ? "" : " " + system) +
            (rule.empty() ? "" : " " + rule));
+    if (!system.empty() && !MayRun(system, rule))
+        Output("so far there is no " + (rule.empty() ? "system " : "rule " + rule + " of ") +
+               system);
     return true;
 }
 

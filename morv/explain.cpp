@@ -348,9 +348,23 @@ std::vector<std::string> Fired(const std::string& system, const std::string& num
     return {};
 }
 
+bool MayRun(const std::string& system, const std::string& rule) {
+    for (const System* each : Now().systems) {
+        if (system != each->Name())
+            continue;
+        if (rule.empty())
+            return true;
+        for (const RuleRun& run : each->Rules())
+            for (const Rule* at = run.rules; at != run.rules + run.count; ++at)
+                if (rule == at->number)
+                    return true;
+    }
+    return Now().systems.empty();
+}
+
 std::string StateText(const std::string& name) {
     if (const DATAFACT* fact = FactOf(name))
-        return Number(fact->Value()) + " " + CertaintyWord(fact->certainty());
+        return Number(fact->Value(), 15) + " " + CertaintyWord(fact->certainty());
     if (const DATAFACTRESULT* result = ResultOf(name))
         return (result->certainty() > 0 ? "1 " : "0 ") +
                std::string(CertaintyWord(result->certainty()));

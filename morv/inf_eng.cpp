@@ -27,18 +27,31 @@ std::string Word(Truth truth) {
 
 bool IsTraced(const System& system, const Rule* rule) {
     const State& now = Now();
-    return now.trace && (now.trace_system.empty() || now.trace_system == system.Name()) &&
-           (now.trace_rule.empty() || (rule != nullptr && now.trace_rule == rule->number));
+    const auto meant = [&](const std::string& of_system, const std::string& number) {
+        return (of_system.empty() || of_system == system.Name()) &&
+               (number.empty() || (rule != nullptr && number == rule->number));
+    };
+    return now.trace && meant(now.trace_system, now.trace_rule) &&
+           std::none_of(now.untraced.begin(), now.untraced.end(),
+                        [&](const auto& each) { return meant(each.first, each.second); });
 }
 
 } // namespace
 
 void SetTrace(bool on, const std::string& system, const std::string& rule) {
     State& now = Now();
+    hot.trace = false;
+    // Without some that are not traced the trace goes on.
+    const bool all =
+        system.empty() || (system == now.trace_system && (rule.empty() || rule == now.trace_rule));
+    if (!on && !all) {
+        now.untraced.emplace_back(system, rule);
+        return;
+    }
     now.trace = on;
     now.trace_system = system;
     now.trace_rule = rule;
-    hot.trace = false;
+    now.untraced.clear();
 }
 
 std::string ReadText() {
@@ -63,9 +76,10 @@ void Trace(const std::string& line) {
     Output(std::string(depth * 2, ' ') + line);
 }
 
-std::string Number(double value) {
+std::string Number(double value, int digits) {
+    const bool whole = std::fabs(value) < 1e15 && value == std::trunc(value);
     char text[40];
-    std::snprintf(text, sizeof text, "%.6g", value);
+    std::snprintf(text, sizeof text, "%.*g", whole ? 15 : digits, value);
     return text;
 }
 

@@ -42,7 +42,8 @@ struct State {
     std::vector<const Rule*> restless;      // the rules that changed something in the last round
     std::vector<std::string> assigned_from; // what the value to be assigned was computed from
     bool trace = false;
-    std::string trace_system, trace_rule; // empty: all
+    std::string trace_system, trace_rule;                      // empty: all
+    std::vector<std::pair<std::string, std::string>> untraced; // of these: system and rule
     std::string (*clock)() = nullptr;
     std::string time; // of this tick
     bool running = false, refused = false;
@@ -77,7 +78,8 @@ inline bool Same(double one, double other) {
     return one == other || (std::isnan(one) && std::isnan(other));
 }
 
-std::string Number(double value);
+// With six digits, but whole numbers as they are: 0.333333, 1234567.
+std::string Number(double value, int digits = 6);
 
 // "rule 3 of steam: its title"
 std::string NameOf(const Rule& rule);

@@ -107,10 +107,19 @@ TEST_F(Expressions, OfSeveralItemsAreAsOldAsTheLastPoke) {
     const std::string said = Run("tick\nwhy M\nshow Age\npoke Level 5\ntick 3\nshow Age\n"
                                  "poke Zero 1\ntick\nwhy M\nshow Age\n");
     ExpectSays(said, "  from DDEinfo.Level+DDEinfo.Zero*2 = 0, which was never poked\n"
-                     "Age 2.14748e+09 FULL\n");
+                     "Age 2147483647 FULL\n");
     ExpectSays(said, "Age 2 FULL\n");
     ExpectSays(said, "M = 7 bar, lowest (LOW)\n"
                      "  from DDEinfo.Level+DDEinfo.Zero*2 = 7, poked in tick 5\nAge 0 FULL\n");
+}
+
+TEST_F(Expressions, AreToldWholeWhereSixDigitsAreTooFew) {
+    const std::string said = Run("poke Level 1234567\ntick\nshow L\nwhy L\npoke Level 1234567.25\n"
+                                 "tick\nshow L\npoke Level 0.1\ntick\nshow L\n");
+    ExpectSays(said, "\nL 1234567 HIGH\nL = 1234567 bar, highest, outside its limits (HIGH)\n"
+                     "  from item Level = 1234567, poked in tick 1\n");
+    ExpectSays(said, "\nL 1234567.25 HIGH\n");
+    ExpectSays(said, "\nL 0.1 HIGH\n");
 }
 
 TEST_F(Expressions, ACopyGivesAFactTheValueAlone) {

@@ -234,11 +234,28 @@ TEST_F(Made, InitialValuesAreTakenUpInTheFirstRoundOfATick) {
     ExpectSays(said, "N 2 FULL\n"); // from what the item says again, one round
 }
 
+TEST_F(Made, TheTraceMayLeaveOutASystemOrARule) {
+    const std::string said = Run("trace on\ntrace off chain\ntrace off asked 5\npoke Level 5\n"
+                                 "tick\n");
+    ExpectSaysNot(said, "Rule 1 of chain");
+    ExpectSays(said, "Rule 4 of asked");
+    ExpectSaysNot(said, "Rule 5 of asked");
+    ExpectSays(said, "Rule 1 of after");
+    const std::string all = Run("trace on chain\ntrace off\ntick\ntrace on chain\ntrace off chain\n"
+                                "tick\ntrace off asked 5\ntrace on asked 5\ntrace off behind\n"
+                                "tick\ntrace on nothing\ntrace on chain 6\n");
+    ExpectSaysNot(all, "Rule 1 of chain");
+    ExpectSays(all, "Rule 5 of asked: Sure\n");
+    ExpectSaysNot(all, "Rule 4 of asked");
+    ExpectSays(all, "trace on nothing\nso far there is no system nothing\n"
+                    "trace on chain 6\nso far there is no rule 6 of chain\n");
+}
+
 TEST_F(Made, AFactKnowsHowLongAgoItsItemWasPoked) {
     const std::string said =
         Run("tick\nshow G\npoke Level 5\ntick\nshow G\ntick 3\nshow G\npoke Level 5\ntick\n"
             "show G\n");
-    ExpectSays(said, "G 2.14748e+09 FULL\n");
+    ExpectSays(said, "G 2147483647 FULL\n");
     const std::size_t first = said.find("G 0 FULL\n");
     const std::size_t later = said.find("G 3 FULL\n");
     EXPECT_LT(first, later) << said;
