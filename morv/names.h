@@ -6,9 +6,10 @@
 
 namespace morv {
 
-// Whether a letter may stand in a name.
+// Whether a letter may stand in a name: those beyond ASCII may.
 inline bool IsOfName(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+           (static_cast<unsigned char>(c) & 0x80U) != 0;
 }
 
 std::string SmallLetters(std::string text); // those of ASCII, as names have them

@@ -134,6 +134,8 @@ TEST_F(Commands, ANameIsFoundInALine) {
     TheEngine().states = {{"steam.Flow", "1 FULL"}, {"HOT", "1 FULL"}};
     EXPECT_EQ(morv::NameIn("the steam.Flow"), "steam.Flow");
     EXPECT_EQ(morv::NameIn("If (steam.HOT.holds())"), "HOT");
+    TheEngine().states = {{"HOT", "1 FULL"}, {"HOT\xC3\xA9", "1 FULL"}};
+    EXPECT_EQ(morv::NameIn("If (HOT\xC3\xA9.holds())"), "HOT\xC3\xA9");
 }
 
 } // namespace
