@@ -275,11 +275,15 @@ std::string WhyNotBy(const Rule& rule, const std::vector<const Conclusion*>& pla
     return name + " concludes it";
 }
 
-// Where a rule concludes `name`; one that assigns to PF may assign to any fact.
-std::vector<const Conclusion*> Concluding(const Rule& rule, const std::string& name, bool fact) {
+// Where a rule concludes `name`. One that assigns to PF may assign to each fact of the types that
+// it went through; before it did that, to any.
+std::vector<const Conclusion*> Concluding(const Rule& rule, const std::string& name,
+                                          const DATAFACT* fact) {
+    const bool may_be =
+        fact != nullptr && (rule.types == 0 || (rule.types & Rule::Bit(fact->type)) != 0);
     std::vector<const Conclusion*> places;
     for (const Conclusion* act = rule.acts; act != rule.acts + rule.act_count; ++act)
-        if (name == act->name || (fact && std::string("PF") == act->name))
+        if (name == act->name || (may_be && std::string("PF") == act->name))
             places.push_back(act);
     return places;
 }
@@ -331,7 +335,7 @@ std::vector<std::string> WhyNot(const std::string& name) {
             continue;
         for (const RuleRun& run : system->Rules())
             for (const Rule* rule = run.rules; rule != run.rules + run.count; ++rule)
-                if (const auto places = Concluding(*rule, plain, fact != nullptr); !places.empty())
+                if (const auto places = Concluding(*rule, plain, fact); !places.empty())
                     lines.push_back("  " + WhyNotBy(*rule, places, result));
     }
     if (lines.size() == 1)

@@ -351,7 +351,8 @@ Run::~Run() {
             now.changes.end());
 }
 
-std::vector<DATAFACT*> FactsOf(const Rule& rule, DATAFACTTYPE type) {
+std::vector<DATAFACT*> FactsOf(Rule& rule, DATAFACTTYPE type) {
+    rule.types |= Rule::Bit(type);
     std::vector<DATAFACT*> facts;
     for (DATAFACT* fact : rule.system->engine->facts_)
         if (fact->type == type)

@@ -91,6 +91,11 @@ struct Rule {
     char* clean = nullptr; // 1: nothing has changed since for which it would have to run; else 0
     long called = -1;      // the tick that began with it last to run rules in a row,
     int passed = 0;        // and how many of them it ran or left out
+    unsigned long long types = 0; // whose facts PF was, so far: a bit each, shared by some
+
+    static unsigned long long Bit(DATAFACTTYPE type) {
+        return 1ULL << (static_cast<unsigned>(type) % 64);
+    }
 };
 
 struct RuleRun {
@@ -321,7 +326,7 @@ private:
 };
 
 // The facts of a type in the system of a rule.
-std::vector<DATAFACT*> FactsOf(const Rule& rule, DATAFACTTYPE type);
+std::vector<DATAFACT*> FactsOf(Rule& rule, DATAFACTTYPE type);
 
 // Gives a fact its initial value, whose text is `source`.
 void TakeUp(DATAFACT& fact, double value, double certainty, const char* source);
@@ -344,7 +349,7 @@ protected:
     void Facts(morv::System& system, const morv::FactRow* rows, bool each_time);
 
 private:
-    friend std::vector<DATAFACT*> morv::FactsOf(const morv::Rule& rule, DATAFACTTYPE type);
+    friend std::vector<DATAFACT*> morv::FactsOf(morv::Rule& rule, DATAFACTTYPE type);
     std::vector<DATAFACT*> facts_;
 };
 

@@ -55,6 +55,11 @@ Rule 4
   If (kept(C, L) && U.known() == 0) Then deduce(&KEPT, FULL); EndIf
   IfAny (WEAR, PF->value() == 5.0) Then deduce(&OF_TYPE, FULL); EndIfAny
 EndRule
+Rule 6
+  ForAll (WEAR)
+    If (PF->value() > 500.0) Then PF->assign(1, FULL); EndIf
+  EndForAll
+EndRule
 )" + ManyBlocks()}};
     project.main = "\tplant.engine();\n";
     return project;
@@ -120,6 +125,13 @@ TEST_F(Expressions, AreToldWholeWhereSixDigitsAreTooFew) {
                      "  from item Level = 1234567, poked in tick 1\n");
     ExpectSays(said, "\nL 1234567.25 HIGH\n");
     ExpectSays(said, "\nL 0.1 HIGH\n");
+}
+
+TEST_F(Expressions, OfEachFactMayAssignOnlyToFactsOfTheirType) {
+    const std::string said = Run("poke Level 5\ntick\nwhy not U\nwhy not C\n");
+    ExpectSays(said, "U unknown\n  no rule assigns it\n");
+    ExpectSays(said, "C = 5 bar, lowest (HIGH)\n"
+                     "  rule 6 of plant, If PF->value() > 500.0 is false\n");
 }
 
 TEST_F(Expressions, ACopyGivesAFactTheValueAlone) {
