@@ -5,9 +5,11 @@
 #include "state.h"
 
 #include <algorithm>
+#include <exception>
 #include <functional>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 namespace morv {
 
@@ -429,7 +431,27 @@ std::vector<std::string> ChangesInWords() {
     return lines;
 }
 
-// One tick at a time, also when the rules throw.
+// What users write may throw, such as a conversion of a text that is no number. That ends the tick;
+// it is told when it begins.
+void RunMain() {
+    State& now = Now();
+    now.thrower = nullptr;
+    std::string what;
+    try {
+        MORVmain();
+    } catch (const std::exception& failure) {
+        what = std::string("threw ") + failure.what();
+    } catch (...) {
+        what = "threw something";
+    }
+    if (!what.empty())
+        what = (now.thrower != nullptr ? NameOf(*now.thrower) : "what runs in the tick") + " " +
+               what + ": the tick ends there";
+    if (std::exchange(now.thrown, what) != what && !what.empty())
+        Output(what);
+}
+
+// One tick at a time.
 struct Running {
     Running() { Now().running = true; }
     ~Running() { Now().running = Now().refused = false; }
@@ -449,7 +471,7 @@ void Tick() {
     ++hot.tick;
     now.changes.clear();
     now.time = now.clock != nullptr ? now.clock() : "";
-    MORVmain();
+    RunMain();
     now.told = ChangesInWords();
     for (const std::string& line : now.told)
         Output("Tick " + std::to_string(hot.tick) + ": " + line);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <exception>
 
 namespace morv {
 
@@ -259,13 +260,32 @@ Entered::Entered(Rule& rule)
     }
 }
 
+// Notes which rule ends the tick by throwing.
+static void NoteThrower(Rule& rule) {
+    if (Now().thrower == nullptr)
+        Now().thrower = &rule;
+}
+
 Entered::~Entered() {
+    // Of rules that are functions RunRules sees it, where it costs nothing.
+    if (hot.scope->rule->run == nullptr && std::uncaught_exceptions() > 0)
+        NoteThrower(*hot.scope->rule);
     if (hot.acts > 0)
         hot.scope->rule->fired = hot.tick;
     else if (hot.trace)
         Trace("nothing concluded");
     hot.acts += acts_;
     hot.trace = trace_;
+}
+
+static Left RunOne(Rule& rule, Rule& first, int before) {
+    try {
+        return rule.run(rule);
+    } catch (...) {
+        first.passed = before + 1;
+        NoteThrower(rule);
+        throw;
+    }
 }
 
 Left RunRules(Rule* rules, int count) {
@@ -284,7 +304,7 @@ Left RunRules(Rule* rules, int count) {
         }
         const Entered entered(rules[i]);
         clean[i] = outermost && rules[i].sources != nullptr;
-        const Left left = rules[i].run(rules[i]);
+        const Left left = RunOne(rules[i], *rules, i);
         if (left.left) {
             rules->passed = i + 1;
             return left;

@@ -47,6 +47,8 @@ struct State {
     std::string (*clock)() = nullptr;
     std::string time; // of this tick
     bool running = false, refused = false;
+    const Rule* thrower = nullptr; // that ended this tick, if known
+    std::string thrown;            // what was told of the one that ended the last tick
     long rounds = 0;
 };
 

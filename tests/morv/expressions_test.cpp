@@ -8,9 +8,11 @@ using morv_test::MadeProject;
 using morv_test::MadeRules;
 
 constexpr char kFunctions[] = R"(
+#include <stdexcept>
 bool tally(DATAFACT& fact) { fact.assign(fact.value() + 1, FULL); return true; }
 double noted(DATAFACT& fact, double value) { fact.assign(value, FULL); return value; }
 void set_to(DATAFACT& fact, double value) { fact.assign(value, FULL); }
+void throw_text(const char* text) { throw std::runtime_error(text); }
 bool kept(DATAFACT& to, const DATAFACT& from) { to = from; return true; }
 )";
 
@@ -25,11 +27,15 @@ std::string ManyBlocks() {
 
 MadeProject Expressing() {
     MadeProject project;
-    project.items = {"Level", "Zero", "Share"};
+    project.items = {"Level", "Zero", "Throws"};
     project.results = {"YES", "NO", "INNER", "NESTED", "MANY", "LAST", "KEPT", "OF_TYPE"};
     project.externs = kFunctions;
     project.systems = {{"inner", {"L=Level FULL"}, "", R"(Rule 1
   If (L.value() > 1.0) Then deduce(&INNER, FULL); EndIf
+EndRule
+Rule 2
+  // Split
+  If (DDEinfo.Throws == 3) Then throw_text("in a piece"); EndIf
 EndRule
 )"},
                        {"plant",
@@ -54,6 +60,13 @@ Rule 4
   If (L.value() > 1.0 && inner.engine() >= 0) Then deduce(&NESTED, FULL); EndIf
   If (kept(C, L) && U.known() == 0) Then deduce(&KEPT, FULL); EndIf
   IfAny (WEAR, PF->value() == 5.0) Then deduce(&OF_TYPE, FULL); EndIfAny
+EndRule
+Rule 7
+  // Throws
+  If (L.value() > 1.0) Then
+    If (DDEinfo.Throws == 1) Then throw_text("no \"number\""); EndIf
+    If (DDEinfo.Throws == 2) Then throw 2; EndIf
+  EndIf
 EndRule
 Rule 6
   ForAll (WEAR)
@@ -132,6 +145,23 @@ TEST_F(Expressions, OfEachFactMayAssignOnlyToFactsOfTheirType) {
     ExpectSays(said, "U unknown\n  no rule assigns it\n");
     ExpectSays(said, "C = 5 bar, lowest (HIGH)\n"
                      "  rule 6 of plant, If PF->value() > 500.0 is false\n");
+}
+
+TEST_F(Expressions, ThatThrowEndTheTickAndAreToldOnce) {
+    const std::string said =
+        Run("poke Level 5\npoke Throws 1\ntick 2\nshow MANY\nfired plant 1\nfired plant 5\n"
+            "poke Throws 2\ntick\npoke Throws 3\ntick\npoke Throws 0\ntick\nwhy MANY\n"
+            "show T\npoke Throws 1\ntick\n");
+    const std::string once = "rule 7 of plant: Throws threw no \"number\": the tick ends there\n";
+    const std::size_t first = said.find(once), last = said.rfind(once);
+    EXPECT_LT(first, said.find("MANY 0 NULL\n")) << said;
+    EXPECT_EQ(said.find(once, first + 1), last) << said;
+    EXPECT_GT(last, said.find("T 1 FULL\n")) << said;
+    ExpectSays(said,
+               "rule 1 of plant: Tally fired\nrule 5 of plant: Many blocks did not run yet\n");
+    ExpectSays(said, "rule 7 of plant: Throws threw something: the tick ends there\n");
+    ExpectSays(said, "  deduced in tick 5 by rule 5 of plant: Many blocks\n");
+    ExpectSays(said, "rule 2 of inner: Split threw in a piece: the tick ends there\n");
 }
 
 TEST_F(Expressions, ACopyGivesAFactTheValueAlone) {
