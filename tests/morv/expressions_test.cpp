@@ -16,6 +16,15 @@ void throw_text(const char* text) { throw std::runtime_error(text); }
 bool kept(DATAFACT& to, const DATAFACT& from) { to = from; return true; }
 )";
 
+std::string DeepBlocks() {
+    std::string rule = "Rule 3\n  // Deep\n", end;
+    for (int i = 0; i < 100; ++i) {
+        rule += "  If (L.value() > " + std::to_string(i) + ") Then\n";
+        end += "  EndIf\n";
+    }
+    return rule + "  deduce(&DEEP, FULL);\n" + end + "EndRule\n";
+}
+
 std::string ManyBlocks() {
     std::string rule = "Rule 5\n  // Many blocks\n";
     for (int i = 0; i < 300; ++i)
@@ -28,7 +37,7 @@ std::string ManyBlocks() {
 MadeProject Expressing() {
     MadeProject project;
     project.items = {"Level", "Zero", "Throws"};
-    project.results = {"YES", "NO", "INNER", "NESTED", "MANY", "LAST", "KEPT", "OF_TYPE"};
+    project.results = {"YES", "NO", "INNER", "NESTED", "MANY", "LAST", "KEPT", "OF_TYPE", "DEEP"};
     project.externs = kFunctions;
     project.systems = {{"inner", {"L=Level FULL"}, "", R"(Rule 1
   If (L.value() > 1.0) Then deduce(&INNER, FULL); EndIf
@@ -37,7 +46,7 @@ Rule 2
   // Split
   If (DDEinfo.Throws == 3) Then throw_text("in a piece"); EndIf
 EndRule
-)"},
+)" + DeepBlocks()},
                        {"plant",
                         {"L=Level HIGH", "T", "U", "S", "V:WEAR", "W", "C:WEAR",
                          "M=Level+DDEinfo.Zero*2 LOW", "Age"},
@@ -169,6 +178,13 @@ TEST_F(Expressions, ACopyGivesAFactTheValueAlone) {
     ExpectSays(said, "KEPT 1 FULL\nOF_TYPE 1 HIGH\n"); // C is still one of WEAR
     ExpectSays(said, "C = 5 bar, lowest (HIGH)\n  copied in tick 1 by rule 4 of plant: Nested\n"
                      "    computed from\n      L = 5 bar, lowest (HIGH)\n");
+}
+
+TEST_F(Expressions, AreTakenDownHoweverDeepTheyStand) {
+    const std::string said = Run("poke Level 200\ntick\nwhy DEEP\n");
+    ExpectSays(
+        said, "  deduced in tick 1 by rule 3 of inner: Deep\n    If L.value() > 0 : true (FULL)\n");
+    ExpectSays(said, "    If L.value() > 99 : true (FULL)\n");
 }
 
 TEST_F(Expressions, AreTakenDownBehindManyOthers) {
