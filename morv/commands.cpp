@@ -88,17 +88,19 @@ bool DoTrace(Words& words, const Front&) {
         return Refuse("trace takes on or off");
     const std::string system = words.Next();
     const std::string rule = words.Next();
+    if (!system.empty() && !IsThere(system, rule))
+        return Refuse("there is no " + (rule.empty() ? "system " : "rule " + rule + " of ") +
+                      system);
     SetTrace(state == "on", system, rule);
     Output("trace " + state + (system.empty() ? "" : " " + system) +
            (rule.empty() ? "" : " " + rule));
-    if (!system.empty() && !MayRun(system, rule))
-        Output("so far there is no " + (rule.empty() ? "system " : "rule " + rule + " of ") +
-               system);
     return true;
 }
 
 bool DoFired(Words& words, const Front&) {
     const std::string system = words.Next(), rule = words.Next();
+    if (rule.empty())
+        return Refuse("fired takes a system and the number of a rule");
     const std::vector<std::string> lines = Fired(system, rule);
     return lines.empty() ? Refuse("there is no rule " + rule + " of " + system) : Tell(lines);
 }

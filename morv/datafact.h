@@ -83,7 +83,7 @@ private:
     const DATAFACT* Origin() const { return past_ != nullptr ? this : origin_; }
 
     Reading now_;
-    const char* source_ = nullptr; // the text of its initial value
+    const char* source_ = nullptr;     // the text of its initial value
     const DATAFACT* origin_ = nullptr; // the fact of a system that a copy has its value from
     const morv::System* system_ = nullptr;
     morv::FactPast* past_ = nullptr;

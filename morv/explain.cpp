@@ -190,8 +190,8 @@ const Site* Missing(const Rule& rule, const Conclusion& conclusion) {
     return missing;
 }
 
-// What the facts and results named in a condition are now.
-std::string NamedIn(const std::string& text) {
+// What the facts and results named in a condition of the system are now.
+std::string NamedIn(const std::string& text, const System& system) {
     std::set<std::string> told;
     std::string all, word;
     for (std::size_t at = 0; at <= text.size(); ++at) {
@@ -200,7 +200,7 @@ std::string NamedIn(const std::string& text) {
             word += c;
             continue;
         }
-        const DATAFACT* fact = word.empty() ? nullptr : FactOf(word);
+        const DATAFACT* fact = word.empty() ? nullptr : FactOf(system.Name() + ("." + word));
         const DATAFACTRESULT* result = word.empty() ? nullptr : ResultOf(word);
         if ((fact != nullptr || result != nullptr) && told.insert(word).second)
             all += (all.empty() ? " [" : "; ") +
@@ -211,13 +211,14 @@ std::string NamedIn(const std::string& text) {
 }
 
 // What a condition was when it was looked at last.
-std::string SiteText(const Site& site) {
+std::string SiteText(const Site& site, const System& system) {
     static const char* const kinds[] = {"If ", "IfOr ", "IfXor ", "IfAny "};
     const char* const was = site.outcome == Truth::Unknown   ? " is unknown"
                             : site.outcome == Truth::NotSeen ? " was not looked at"
                             : site.outcome == Truth::True    ? " is true"
                                                              : " is false";
-    return kinds[static_cast<int>(site.kind)] + std::string(site.text) + was + NamedIn(site.text);
+    return kinds[static_cast<int>(site.kind)] + std::string(site.text) + was +
+           NamedIn(site.text, system);
 }
 
 // Whether the rules were run in this tick from one on that stands in front of this rule, up to it.
@@ -249,7 +250,7 @@ std::vector<std::string> FiredBy(const Rule& rule) {
         return {name + " fired"};
     std::vector<std::string> lines = {name + " did not fire"};
     for (int i = 0; i < rule.site_count; ++i)
-        lines.push_back("  " + SiteText(rule.sites[i]));
+        lines.push_back("  " + SiteText(rule.sites[i], *rule.system));
     return lines;
 }
 
@@ -264,7 +265,7 @@ std::string WhyNotBy(const Rule& rule, const std::vector<const Conclusion*>& pla
     const Site* first = Missing(rule, *places[0]);
     if (std::all_of(places.begin(), places.end(),
                     [&](const Conclusion* place) { return Missing(rule, *place) != nullptr; }))
-        return name + ", " + SiteText(*first);
+        return name + ", " + SiteText(*first, *rule.system);
     if (result != nullptr && result->certainty() <= 0)
         for (const DATAFACTRESULT* opposite : result->Opposites())
             if (opposite->certainty() > 0)
@@ -354,7 +355,7 @@ std::vector<std::string> Fired(const std::string& system, const std::string& num
     return {};
 }
 
-bool MayRun(const std::string& system, const std::string& rule) {
+bool IsThere(const std::string& system, const std::string& rule) {
     for (const System* each : Now().systems) {
         if (system != each->Name())
             continue;
@@ -365,7 +366,7 @@ bool MayRun(const std::string& system, const std::string& rule) {
                 if (rule == at->number)
                     return true;
     }
-    return Now().systems.empty();
+    return false;
 }
 
 std::string StateText(const std::string& name) {

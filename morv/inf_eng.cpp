@@ -121,6 +121,42 @@ void System::Add(Rule* rules, const char* const* numbers, int count) {
     clean_.push_back(std::move(clean));
 }
 
+void System::Register(const FactRow* rows) {
+    for (; rows->fact != nullptr; ++rows) {
+        rows->fact->Register(rows->text, this);
+        facts.push_back(rows->fact);
+        Now().facts.push_back(rows->fact);
+    }
+}
+
+void System::Set(const FactRow* rows) {
+    for (const FactRow* row = rows; row->fact != nullptr; ++row) {
+        if (row->description == nullptr)
+            continue;
+        DATAFACT& fact = *row->fact;
+        fact.name = row->number;
+        fact.type = row->type;
+        fact.description.Set(row->description);
+        fact.fact_value.units.Set(row->units);
+        fact.fact_value.inf_limit = row->inf_limit;
+        fact.fact_value.sup_limit = row->sup_limit;
+        fact.fact_value.step_v = row->step_v;
+        fact.fact_value.lowest = row->lowest;
+        fact.fact_value.low = row->low;
+        fact.fact_value.normal = row->normal;
+        fact.fact_value.high = row->high;
+        fact.fact_value.highest = row->highest;
+    }
+}
+
+Known::Known(System& system, const FactRow* rows, std::initializer_list<RuleTable> tables) {
+    Now().systems.push_back(&system);
+    system.Register(rows);
+    System::Set(rows);
+    for (const RuleTable& table : tables)
+        system.Add(table.rules, table.numbers, table.count);
+}
+
 const Rule* RunningRule() {
     const Scope* scope = hot.scope;
     while (scope != nullptr && scope->rule == nullptr)
@@ -374,7 +410,7 @@ Run::~Run() {
 std::vector<DATAFACT*> FactsOf(Rule& rule, DATAFACTTYPE type) {
     rule.types |= Rule::Bit(type);
     std::vector<DATAFACT*> facts;
-    for (DATAFACT* fact : rule.system->engine->facts_)
+    for (DATAFACT* fact : rule.system->facts)
         if (fact->type == type)
             facts.push_back(fact);
     return facts;
@@ -394,38 +430,6 @@ bool Poked(const char* name) {
 }
 
 } // namespace morv
-
-void INFERENCE_ENGINE::Facts(morv::System& system, const morv::FactRow* rows, bool each_time) {
-    const bool first = system.engine == nullptr;
-    if (first) {
-        system.engine = this;
-        morv::Now().systems.push_back(&system);
-    }
-    if (!first && !each_time)
-        return;
-    for (const morv::FactRow* row = rows; row->fact != nullptr; ++row) {
-        DATAFACT& fact = *row->fact;
-        if (first) {
-            fact.Register(row->text, &system);
-            facts_.push_back(&fact);
-            morv::Now().facts.push_back(&fact);
-        }
-        if (row->description == nullptr)
-            continue;
-        fact.name = row->number;
-        fact.type = row->type;
-        fact.description.Set(row->description);
-        fact.fact_value.units.Set(row->units);
-        fact.fact_value.inf_limit = row->inf_limit;
-        fact.fact_value.sup_limit = row->sup_limit;
-        fact.fact_value.step_v = row->step_v;
-        fact.fact_value.lowest = row->lowest;
-        fact.fact_value.low = row->low;
-        fact.fact_value.normal = row->normal;
-        fact.fact_value.high = row->high;
-        fact.fact_value.highest = row->highest;
-    }
-}
 
 int settle(INFERENCE_ENGINE& engine, int most) {
     int changed = 0;

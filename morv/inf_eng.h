@@ -10,6 +10,7 @@
 #include <initializer_list>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 class INFERENCE_ENGINE;
@@ -107,18 +108,32 @@ struct RuleRun {
 class System {
 public:
     explicit System(const char* name) : name_(name) {}
-    bool First() const { return rules_.empty(); }
+    bool First() { return std::exchange(first_, false); } // whether it is asked for the first time
     void Add(Rule* rules, const char* const* numbers, int count);
+    void Register(const FactRow* rows); // makes the facts known
+    static void Set(const FactRow* rows);
     const char* Name() const { return name_; }
     const std::vector<RuleRun>& Rules() const { return rules_; }
 
-    INFERENCE_ENGINE* engine = nullptr;
+    std::vector<DATAFACT*> facts;
     long taken_up = -1; // the tick that took the initial values up last
 
 private:
     const char* name_;
+    bool first_ = true;
     std::vector<RuleRun> rules_;
     std::vector<std::vector<char>> clean_; // what the rules of each run point to, side by side
+};
+
+struct RuleTable {
+    Rule* rules;
+    const char* const* numbers;
+    int count;
+};
+
+// Makes a system with its facts and rules known.
+struct Known {
+    Known(System& system, const FactRow* rows, std::initializer_list<RuleTable> tables);
 };
 
 // Something that an expression read.
@@ -343,14 +358,6 @@ public:
     virtual ~INFERENCE_ENGINE() = default;
     // Runs all rules once; returns how many facts and results changed.
     virtual int engine() = 0;
-
-protected:
-    // Makes the system with its facts known, and sets them, the first time or each time.
-    void Facts(morv::System& system, const morv::FactRow* rows, bool each_time);
-
-private:
-    friend std::vector<DATAFACT*> morv::FactsOf(morv::Rule& rule, DATAFACTTYPE type);
-    std::vector<DATAFACT*> facts_;
 };
 
 // Runs the rules until nothing changes, `most` times at most; then it names those that still change

@@ -141,12 +141,13 @@ TEST_F(Expressions, OfSeveralItemsAreAsOldAsTheLastPoke) {
 }
 
 TEST_F(Expressions, AreToldWholeWhereSixDigitsAreTooFew) {
-    const std::string said = Run("poke Level 1234567\ntick\nshow L\nwhy L\npoke Level 1234567.25\n"
-                                 "tick\nshow L\npoke Level 0.1\ntick\nshow L\n");
-    ExpectSays(said, "\nL 1234567 HIGH\nL = 1234567 bar, highest, outside its limits (HIGH)\n"
+    const std::string said =
+        Run("poke Level 1234567\ntick\nshow plant.L\nwhy plant.L\npoke Level 1234567.25\n"
+            "tick\nshow plant.L\npoke Level 0.1\ntick\nshow plant.L\n");
+    ExpectSays(said, "\nplant.L 1234567 HIGH\nL = 1234567 bar, highest, outside its limits (HIGH)\n"
                      "  from item Level = 1234567, poked in tick 1\n");
-    ExpectSays(said, "\nL 1234567.25 HIGH\n");
-    ExpectSays(said, "\nL 0.1 HIGH\n");
+    ExpectSays(said, "\nplant.L 1234567.25 HIGH\n");
+    ExpectSays(said, "\nplant.L 0.1 HIGH\n");
 }
 
 TEST_F(Expressions, OfEachFactMayAssignOnlyToFactsOfTheirType) {
@@ -171,6 +172,12 @@ TEST_F(Expressions, ThatThrowEndTheTickAndAreToldOnce) {
     ExpectSays(said, "rule 7 of plant: Throws threw something: the tick ends there\n");
     ExpectSays(said, "  deduced in tick 5 by rule 5 of plant: Many blocks\n");
     ExpectSays(said, "rule 2 of inner: Split threw in a piece: the tick ends there\n");
+}
+
+TEST_F(Expressions, AreToldWithTheFactsOfTheirOwnSystem) {
+    // The system inner saw its L last in tick 1.
+    const std::string said = Run("poke Level 5\ntick\npoke Level 0.25\ntick\nwhy not NESTED\n");
+    ExpectSays(said, "inner.engine() >= 0 is false [L = 0.25 bar, lowest (HIGH)]");
 }
 
 TEST_F(Expressions, ACopyGivesAFactTheValueAlone) {

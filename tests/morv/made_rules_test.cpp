@@ -247,8 +247,18 @@ TEST_F(Made, TheTraceMayLeaveOutASystemOrARule) {
     ExpectSaysNot(all, "Rule 1 of chain");
     ExpectSays(all, "Rule 5 of asked: Sure\n");
     ExpectSaysNot(all, "Rule 4 of asked");
-    ExpectSays(all, "trace on nothing\nso far there is no system nothing\n"
-                    "trace on chain 6\nso far there is no rule 6 of chain\n");
+    ExpectSays(all, "there is no system nothing\n"
+                    "there is no rule 6 of chain\n");
+}
+
+TEST_F(Made, WhatThereIsIsKnownBeforeTheFirstTick) {
+    EXPECT_EQ(Run("trace on asked 5\ntrace off\nfired asked 5\nshow asked.L\nwhy THIRD\nwhy N\n"
+                  "why not THIRD\nfired asked 77\n"),
+              "trace on asked 5\ntrace off\nrule 5 of asked: Sure did not run yet\n"
+              "asked.L 0 NULL\nTHIRD does not hold\n  it was never concluded\n"
+              "N unknown\n  it was never given a value\n"
+              "THIRD does not hold\n  rule 1 of chain: Third did not run yet\n"
+              "there is no rule 77 of asked\n");
 }
 
 TEST_F(Made, AFactKnowsHowLongAgoItsItemWasPoked) {

@@ -83,11 +83,9 @@ TEST_F(Commands, TraceIsForAllForASystemOrForARule) {
         EXPECT_EQ(TheEngine().trace, asked);
         EXPECT_EQ(Told(), Lines{line});
     }
-    EXPECT_TRUE(Do("trace on steamm"));
-    EXPECT_TRUE(Do("trace off steam 4"));
-    EXPECT_EQ(Told(), (Lines{"trace on steamm", "so far there is no system steamm",
-                             "trace off steam 4", "so far there is no rule 4 of steam"}));
     TheEngine().trace.clear();
+    ExpectRefused("trace on steamm", "there is no system steamm");
+    ExpectRefused("trace off steam 4", "there is no rule 4 of steam");
     ExpectRefused("trace", "trace takes on or off");
     ExpectRefused("trace maybe", "trace takes on or off");
 }
@@ -96,6 +94,8 @@ TEST_F(Commands, FiredTellsOfARuleThatThereIs) {
     EXPECT_TRUE(Do("fired steam 3"));
     EXPECT_EQ(Told(), Lines{"steam 3 fired"});
     ExpectRefused("fired steam 4", "there is no rule 4 of steam");
+    ExpectRefused("fired steam", "fired takes a system and the number of a rule");
+    ExpectRefused("fired", "fired takes a system and the number of a rule");
 }
 
 TEST_F(Commands, HoldAndGoAreForTheClock) {

@@ -37,7 +37,7 @@ std::vector<std::string> Fired(const std::string& system, const std::string& rul
                                             : std::vector<std::string>{};
 }
 
-bool MayRun(const std::string& system, const std::string& rule) {
+bool IsThere(const std::string& system, const std::string& rule) {
     return system == "steam" && (rule.empty() || rule == "3");
 }
 
