@@ -3,6 +3,7 @@
 #include "language/tokens.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace morv {
 
@@ -35,6 +36,39 @@ bool IsValue(const std::string& text) {
         any = any || token.kind != Token::Blank;
     }
     return any && depth == 0;
+}
+
+bool AreHex(const std::string& text, std::size_t at, std::size_t count) {
+    return at + count <= text.size() &&
+           text.find_first_not_of("0123456789abcdefABCDEF", at) >= at + count;
+}
+
+// Whether C++ takes it as a text, or as several in a row.
+bool IsText(const std::string& value) {
+    for (const Token& token : Tokens(value)) {
+        if (token.kind != Token::Blank && (token.kind != Token::Text || token.text[0] != '"'))
+            return false;
+        for (std::size_t at = 0; (at = token.text.find('\\', at)) != std::string::npos; at += 2) {
+            // The last quote must close the text.
+            const char next = at + 2 < token.text.size() ? token.text[at + 1] : '\0';
+            if (next == 'x' || next == 'u' || next == 'U') {
+                if (!AreHex(token.text, at + 2, next == 'x' ? 1 : next == 'u' ? 4 : 8))
+                    return false;
+            } else if (next == '\0' || std::strchr("abfnrtv01234567\\\"'?", next) == nullptr)
+                return false;
+        }
+    }
+    return IsValue(value);
+}
+
+// What users typed stands between quotes as it is, with quotes and backslashes of its own.
+std::string AsText(const std::string& value) {
+    if (IsText(value) || value.size() < 2 || value.front() != '"' || value.back() != '"')
+        return value;
+    std::string text = "\"";
+    for (const char c : value.substr(1, value.size() - 2))
+        text += (c == '"' || c == '\\' ? "\\" : "") + std::string(1, c);
+    return text + "\"";
 }
 
 bool IsPlainType(const std::string& type) {
@@ -157,6 +191,8 @@ private:
                               ");", value)
                 : i < 4 ? Between(Line(i + 1), object + fields[i], ";", value)
                         : Between(Line(i + 1), object + ".fact_value" + fields[i], ";", value);
+            if (i == 2 || i == 3)
+                value = AsText(value);
             if (!as_expected || !IsValue(value))
                 return false;
             settings.values.push_back({Number(i + 1), value});

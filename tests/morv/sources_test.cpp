@@ -135,6 +135,29 @@ TEST(Sources, InitialValuesAreTakenUpWhateverTheVariables) {
     EXPECT_EQ(Count(TextOf(whole, "rules.cpp"), "\ns=Pairs(1, 2);"), 1u);
 }
 
+TEST(Sources, DescriptionsAndUnitsAreTextsAsTheyWereTyped) {
+    const auto described = [](const std::string& description) {
+        std::string source = Source(1, "0", Rules(1, 0));
+        const std::string empty = "A1.description, \"\"";
+        source.replace(source.find(empty), empty.size(), "A1.description, \"" + description + "\"");
+        return TextOf(Translated(source), "facts1.cpp");
+    };
+    for (const auto& [typed, written] :
+         {std::pair{R"(5" pipe)", R"("5\" pipe")"},
+          {R"(C:\)", R"("C:\\")"},
+          {R"(C:\users, "x"; {)", R"("C:\\users, \"x\"; {")"},
+          {R"(C:\xyz)", R"("C:\\xyz")"},
+          {R"(a \ b)", R"("a \\ b")"},
+          // What C++ takes means what it did.
+          {R"(5\" pipe\n\x41\u00e9\\)", R"("5\" pipe\n\x41\u00e9\\")"},
+          {R"(5"" pipe)", R"("5"" pipe")"},
+          {"50 %", "\"50 %\""},
+          {"// no /* comment", "\"// no /* comment\""}})
+        EXPECT_EQ(Count(described(typed), std::string("NOTYPE,\n") + written + ",\n\"\",\n"), 1u)
+            << typed << "\n"
+            << described(typed);
+}
+
 TEST(Sources, InitialValuesStayWhereTheyMeanSomethingElseElsewhere) {
     for (const auto& [value, code] :
          {std::pair{"start", "static struct { double x; } hidden;\n#define start hidden.x\n"},
