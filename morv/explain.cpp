@@ -22,11 +22,12 @@ bool IsOf(const System& system, const DATAFACT* fact) {
     return fact->System() == &system;
 }
 
-// What the names of facts, "A" and "steam.A", and of results mean. Of several things of a name it
-// is the first one.
+// What the names of facts, "A" and "steam.A", and of results mean. Of several facts of a name it is
+// the first one; of a fact and a result the result.
 struct Meanings {
     std::unordered_map<std::string, const DATAFACT*> facts;
     std::unordered_map<std::string, const DATAFACTRESULT*> results;
+    std::set<std::string> shared;                 // names of several facts, or of both
     std::size_t fact_count = 0, result_count = 0; // how many are in
 };
 
@@ -34,20 +35,18 @@ struct Meanings {
 const Meanings& AllMeanings() {
     static Meanings all;
     const State& now = Now();
+    for (; all.result_count < now.results.size(); ++all.result_count) {
+        const DATAFACTRESULT* result = now.results[all.result_count];
+        all.results.emplace(result->text, result);
+    }
     for (; all.fact_count < now.facts.size(); ++all.fact_count) {
         const DATAFACT* fact = now.facts[all.fact_count];
-        all.facts.emplace(fact->text, fact);
+        if (!all.facts.emplace(fact->text, fact).second || all.results.count(fact->text) != 0)
+            all.shared.insert(fact->text);
         if (fact->System() != nullptr)
             all.facts.emplace(fact->System()->Name() + std::string(".") + fact->text, fact);
     }
-    for (; all.result_count < now.results.size(); ++all.result_count)
-        all.results.emplace(now.results[all.result_count]->text, now.results[all.result_count]);
     return all;
-}
-
-const DATAFACT* FactOf(const std::string& name) {
-    const auto found = AllMeanings().facts.find(name);
-    return found == AllMeanings().facts.end() ? nullptr : found->second;
 }
 
 const DATAFACTRESULT* ResultOf(const std::string& name) {
@@ -55,8 +54,25 @@ const DATAFACTRESULT* ResultOf(const std::string& name) {
     return found == AllMeanings().results.end() ? nullptr : found->second;
 }
 
+const DATAFACT* FactOf(const std::string& name) {
+    const auto found = AllMeanings().facts.find(name);
+    return found == AllMeanings().facts.end() || ResultOf(name) != nullptr ? nullptr
+                                                                           : found->second;
+}
+
 std::string InWords(const DATAFACT& fact) {
     return fact.Told(0, fact.Value(), fact.certainty());
+}
+
+// What a name means without its system is not sure where several facts have it.
+std::string WithSystem(const DATAFACT& fact) {
+    const bool shared = fact.System() != nullptr && AllMeanings().shared.count(fact.text) != 0;
+    return shared ? std::string(fact.System()->Name()) + "." + fact.text : fact.text;
+}
+
+std::string InFullWords(const DATAFACT& fact) {
+    const std::string name = fact.text;
+    return WithSystem(fact) + InWords(fact).substr(name.size());
 }
 
 // The tree of reasons, line by line.
@@ -64,7 +80,7 @@ class Tree {
 public:
     std::vector<std::string> Of(const DATAFACT* fact, const DATAFACTRESULT* result) {
         if (fact != nullptr)
-            Line(0, InWords(*fact));
+            Line(0, InFullWords(*fact));
         else
             Line(0, result->Told(0, result->certainty()));
         Reasons(fact, result, 1);
@@ -331,7 +347,7 @@ std::vector<std::string> WhyNot(const std::string& name) {
     if (fact == nullptr && result == nullptr)
         return {Unknown(name)};
     const std::string plain = fact != nullptr ? std::string(fact->text) : name;
-    std::vector<std::string> lines = {fact != nullptr ? InWords(*fact)
+    std::vector<std::string> lines = {fact != nullptr ? InFullWords(*fact)
                                                       : result->Told(0, result->certainty())};
     for (const System* system : Now().systems) {
         if (fact != nullptr && !IsOf(*system, fact))
@@ -379,19 +395,9 @@ std::string StateText(const std::string& name) {
 }
 
 std::vector<std::string> Names() {
-    std::set<std::string> once, twice;
-    for (const DATAFACT* fact : Now().facts)
-        if (!once.insert(std::string(fact->text)).second)
-            twice.insert(std::string(fact->text));
-    for (const DATAFACTRESULT* result : Now().results)
-        if (once.count(std::string(result->text)) != 0)
-            twice.insert(std::string(result->text));
     std::vector<std::string> names;
-    for (const DATAFACT* fact : Now().facts) {
-        const std::string name(fact->text);
-        const bool shared = twice.count(name) != 0 && fact->System() != nullptr;
-        names.push_back(shared ? std::string(fact->System()->Name()) + "." + name : name);
-    }
+    for (const DATAFACT* fact : Now().facts)
+        names.push_back(WithSystem(*fact));
     for (const DATAFACTRESULT* result : Now().results)
         names.push_back(std::string(result->text));
     return names;
@@ -427,7 +433,7 @@ std::vector<std::string> ChangesInWords() {
                                         : std::string(change.result->text) + " no longer holds");
         } else if (change.fact->type == ACTION && (!Same(change.value, change.fact->Value()) ||
                                                    change.certainty != change.fact->certainty()))
-            lines.push_back(InWords(*change.fact));
+            lines.push_back(InFullWords(*change.fact));
     }
     return lines;
 }

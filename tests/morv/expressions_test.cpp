@@ -48,7 +48,7 @@ Rule 2
 EndRule
 )" + DeepBlocks()},
                        {"plant",
-                        {"L=Level HIGH", "T", "U", "S", "V:WEAR", "W", "C:WEAR",
+                        {"L=Level HIGH", "INNER=Zero LOW", "T", "U", "S", "V:WEAR", "W", "C:WEAR",
                          "M=Level+DDEinfo.Zero*2 LOW", "Age"},
                         "",
                         R"(Rule 1
@@ -144,8 +144,9 @@ TEST_F(Expressions, AreToldWholeWhereSixDigitsAreTooFew) {
     const std::string said =
         Run("poke Level 1234567\ntick\nshow plant.L\nwhy plant.L\npoke Level 1234567.25\n"
             "tick\nshow plant.L\npoke Level 0.1\ntick\nshow plant.L\n");
-    ExpectSays(said, "\nplant.L 1234567 HIGH\nL = 1234567 bar, highest, outside its limits (HIGH)\n"
-                     "  from item Level = 1234567, poked in tick 1\n");
+    ExpectSays(said,
+               "\nplant.L 1234567 HIGH\nplant.L = 1234567 bar, highest, outside its limits (HIGH)\n"
+               "  from item Level = 1234567, poked in tick 1\n");
     ExpectSays(said, "\nplant.L 1234567.25 HIGH\n");
     ExpectSays(said, "\nplant.L 0.1 HIGH\n");
 }
@@ -172,6 +173,15 @@ TEST_F(Expressions, ThatThrowEndTheTickAndAreToldOnce) {
     ExpectSays(said, "rule 7 of plant: Throws threw something: the tick ends there\n");
     ExpectSays(said, "  deduced in tick 5 by rule 5 of plant: Many blocks\n");
     ExpectSays(said, "rule 2 of inner: Split threw in a piece: the tick ends there\n");
+}
+
+TEST_F(Expressions, AFactCalledLikeAResultIsToldWithItsSystem) {
+    const std::string said = Run("poke Level 5\npoke Zero 3\ntick\nshow\nwhy INNER\n"
+                                 "why plant.INNER\n");
+    ExpectSays(said, "\nplant.INNER 3 LOW\n");
+    ExpectSays(said, "\nINNER 1 FULL\n");
+    ExpectSays(said, "INNER holds (FULL)\n  deduced in tick 1 by rule 1 of inner\n");
+    ExpectSays(said, "plant.INNER = 3 bar, lowest (LOW)\n  from item Zero = 3, poked in tick 1\n");
 }
 
 TEST_F(Expressions, AreToldWithTheFactsOfTheirOwnSystem) {

@@ -274,7 +274,7 @@ TEST_F(Made, AFactKnowsHowLongAgoItsItemWasPoked) {
 
 TEST_F(Made, AFactWhoseNameIsInSeveralSystemsIsToldWithItsSystem) {
     const std::string said = Run("poke Level 35\ntick\nshow defines.L\nwhy asked.L\nshow\n");
-    ExpectSays(said, "defines.L 35 HIGH\nL = 35 bar, normal (HIGH)\n"
+    ExpectSays(said, "defines.L 35 HIGH\nasked.L = 35 bar, normal (HIGH)\n"
                      "  from item Level = 35, poked in tick 1\n");
     ExpectSays(said, "\nextern_code.L 35 HIGH\n");
 }
