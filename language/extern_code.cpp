@@ -137,8 +137,7 @@ private:
     }
 
     static bool IsWord(const std::string& text) {
-        const char c = text[0];
-        return c == '_' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+        return InWord(text[0]) && (text[0] < '0' || text[0] > '9');
     }
 
     void Read(std::size_t from, Words solid, std::size_t body) {
@@ -220,10 +219,7 @@ private:
 
     // Whether two tokens would become another one without a blank between them.
     static bool Sticks(char last, char next) {
-        const auto of_word = [](char c) {
-            return c == '_' || c == '"' || c == '\'' || (c >= '0' && c <= '9') ||
-                   (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-        };
+        const auto of_word = [](char c) { return c == '"' || c == '\'' || InWord(c); };
         return (of_word(last) && of_word(next)) || (last == '/' && next == '*') ||
                (last == next && (last == '+' || last == '-'));
     }

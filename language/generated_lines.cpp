@@ -8,6 +8,7 @@ namespace {
 
 constexpr char kEngine[] = "Inference_Engine_";
 constexpr char kBegin[] = "Begin ";
+constexpr char kUtf8Mark[] = "\xEF\xBB\xBF"; // editors begin files with it
 
 } // namespace
 
@@ -15,6 +16,8 @@ std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);) {
+        if (line.starts_with(kUtf8Mark))
+            line.erase(0, 3);
         if (!line.empty() && line.back() == '\r')
             line.pop_back();
         lines.push_back(line);

@@ -31,7 +31,7 @@ std::string OddToken(const std::vector<Token>& tokens) {
             return "has signs that stand for others";
         if (!IsName(tokens[at]))
             continue;
-        if (IsOneOf(text, {"goto", "engine", "Facts", "FactsOf", "asm", "co_await", "co_yield"}) ||
+        if (IsOneOf(text, {"goto", "engine", "FactsOf", "asm", "co_await", "co_yield"}) ||
             text.compare(0, 2, "__") == 0 || text.compare(0, 5, "morv_") == 0)
             return "says " + text;
         if (IsOneOf(text, {"this", "description"}) && !IsMember(tokens, at))
@@ -173,7 +173,7 @@ std::string WhyRule(const std::vector<Token>& tokens, const std::set<std::string
     for (const std::string& word : words)
         if (loops && IsOneOf(word, {"break", "continue", "case", "default"}))
             return "says " + word + ", and there is a loop around the rules";
-        else if (IsOneOf(word, {"goto", "this", "engine", "Facts", "FactsOf"}))
+        else if (IsOneOf(word, {"goto", "this", "engine", "FactsOf"}))
             return "says " + word;
     return "";
 }

@@ -3,6 +3,7 @@
 #include "language/tokens.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace morv {
 
@@ -37,6 +38,39 @@ bool IsValue(const std::string& text) {
     return any && depth == 0;
 }
 
+bool AreHex(const std::string& text, std::size_t at, std::size_t count) {
+    return at + count <= text.size() &&
+           text.find_first_not_of("0123456789abcdefABCDEF", at) >= at + count;
+}
+
+// Whether C++ takes it as a text, or as several in a row.
+bool IsText(const std::string& value) {
+    for (const Token& token : Tokens(value)) {
+        if (token.kind != Token::Blank && (token.kind != Token::Text || token.text[0] != '"'))
+            return false;
+        for (std::size_t at = 0; (at = token.text.find('\\', at)) != std::string::npos; at += 2) {
+            // The last quote must close the text.
+            const char next = at + 2 < token.text.size() ? token.text[at + 1] : '\0';
+            if (next == 'x' || next == 'u' || next == 'U') {
+                if (!AreHex(token.text, at + 2, next == 'x' ? 1 : next == 'u' ? 4 : 8))
+                    return false;
+            } else if (next == '\0' || std::strchr("abfnrtv01234567\\\"'?", next) == nullptr)
+                return false;
+        }
+    }
+    return IsValue(value);
+}
+
+// What users typed stands between quotes as it is, with quotes and backslashes of its own.
+std::string AsText(const std::string& value) {
+    if (IsText(value) || value.size() < 2 || value.front() != '"' || value.back() != '"')
+        return value;
+    std::string text = "\"";
+    for (const char c : value.substr(1, value.size() - 2))
+        text += (c == '"' || c == '\\' ? "\\" : "") + std::string(1, c);
+    return text + "\"";
+}
+
 bool IsPlainType(const std::string& type) {
     static const char* const words[] = {"bool",  "char",   "short",    "int",   "long",
                                         "float", "double", "unsigned", "signed"};
@@ -44,6 +78,16 @@ bool IsPlainType(const std::string& type) {
     return !names.empty() && std::all_of(names.begin(), names.end(), [](const std::string& name) {
         return std::find(std::begin(words), std::end(words), name) != std::end(words);
     }) && type.find_first_not_of("abcdefghijklmnopqrstuvwxyz ") == std::string::npos;
+}
+
+// Whether a declaration may begin with it: "std::string", "Curve", "const char *".
+bool IsType(const std::string& type) {
+    const std::vector<Token> tokens = Tokens(type);
+    return !tokens.empty() && tokens[0].kind == Token::Word &&
+           std::all_of(tokens.begin(), tokens.end(), [](const Token& token) {
+               return token.kind == Token::Word || token.kind == Token::Blank ||
+                      IsOneOf(token.text, {":", "<", ">", ",", "*"});
+           });
 }
 
 bool IsOneWord(const std::string& text) {
@@ -106,10 +150,12 @@ private:
             Find([](const std::string& line) { return line == "\t//- Local Var Declaration"; }) &&
             Between(Line(1), "\t", ";", declared)) {
             const std::size_t blank = declared.rfind(' ');
-            if (blank == std::string::npos || !IsPlainType(declared.substr(0, blank)) ||
+            if (blank == std::string::npos || !IsType(declared.substr(0, blank)) ||
                 !IsOneWord(declared.substr(blank + 1)))
                 return;
             result_.variables.push_back({declared.substr(0, blank), declared.substr(blank + 1)});
+            if (!IsPlainType(result_.variables.back().type))
+                result_.own_type = result_.variables.back().type;
             at_ += 2;
         }
     }
@@ -145,6 +191,8 @@ private:
                               ");", value)
                 : i < 4 ? Between(Line(i + 1), object + fields[i], ";", value)
                         : Between(Line(i + 1), object + ".fact_value" + fields[i], ";", value);
+            if (i == 2 || i == 3)
+                value = AsText(value);
             if (!as_expected || !IsValue(value))
                 return false;
             settings.values.push_back({Number(i + 1), value});
@@ -154,9 +202,9 @@ private:
         return true;
     }
 
+    // A system whose file of variables is empty has the heading alone.
     void ReadValues() {
-        if (result_.variables.empty() ||
-            !Find([](const std::string& line) { return line == "// - System Local Vars"; }))
+        if (!Find([](const std::string& line) { return line == "// - System Local Vars"; }))
             return;
         for (std::size_t i = 0; i < result_.variables.size(); ++i) {
             std::string value;

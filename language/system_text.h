@@ -11,7 +11,6 @@ struct LineText {
     std::string text;
 };
 
-// A local variable of a plain type.
 struct Variable {
     std::string type, name;
 };
@@ -31,6 +30,7 @@ struct InitialFact {
 struct SystemText {
     std::vector<std::string> facts;
     std::vector<Variable> variables;
+    std::string own_type; // of one of them, when it is not one of the language's own, like int
     std::vector<LineText> opposites;
     std::vector<FactSettings> settings;
     std::vector<LineText> values; // what the variables start with

@@ -4,11 +4,12 @@
 
 namespace morv {
 
-namespace {
-
 bool InWord(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
+           (static_cast<unsigned char>(c) & 0x80U) != 0;
 }
+
+namespace {
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
@@ -32,9 +33,21 @@ std::size_t TextEnd(const std::string& text, std::size_t at) {
     return std::min(at, text.size());
 }
 
+// A line that ends with "\" goes on with the next one, also in a comment.
+std::size_t LineEnd(const std::string& text, std::size_t at) {
+    for (;; ++at) {
+        at = text.find('\n', at);
+        if (at == std::string::npos)
+            return text.size();
+        const std::size_t last = text.find_last_not_of('\r', at - 1);
+        if (last == std::string::npos || text[last] != '\\')
+            return at;
+    }
+}
+
 std::size_t CommentEnd(const std::string& text, std::size_t at) {
     if (text[at + 1] == '/')
-        return std::min(text.find('\n', at), text.size());
+        return LineEnd(text, at + 2);
     const std::size_t end = text.find("*/", at + 2);
     return end == std::string::npos ? text.size() : end + 2;
 }

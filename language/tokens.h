@@ -23,6 +23,9 @@ std::vector<Token> SolidTokens(const std::string& text);
 
 bool IsSolid(const Token& token);
 
+// Letters, digits and "_". Names may have letters beyond ASCII.
+bool InWord(char c);
+
 bool IsOneOf(const std::string& word, std::initializer_list<const char*> words);
 
 // Whether the word is all digits.

@@ -67,7 +67,7 @@ bool DoPoke(Words& words, const Front&) {
     const std::string item = words.Next();
     const std::string value = words.Rest();
     return item.empty() || value.empty() ? Refuse("poke takes an item and a value")
-                                         : PokeItem(item, value);
+                                         : PokeItem(item, value, From::User);
 }
 
 bool DoTick(Words& words, const Front& front) {
@@ -88,6 +88,9 @@ bool DoTrace(Words& words, const Front&) {
         return Refuse("trace takes on or off");
     const std::string system = words.Next();
     const std::string rule = words.Next();
+    if (!system.empty() && !IsThere(system, rule))
+        return Refuse("there is no " + (rule.empty() ? "system " : "rule " + rule + " of ") +
+                      system);
     SetTrace(state == "on", system, rule);
     Output("trace " + state + (system.empty() ? "" : " " + system) +
            (rule.empty() ? "" : " " + rule));
@@ -96,6 +99,8 @@ bool DoTrace(Words& words, const Front&) {
 
 bool DoFired(Words& words, const Front&) {
     const std::string system = words.Next(), rule = words.Next();
+    if (rule.empty())
+        return Refuse("fired takes a system and the number of a rule");
     const std::vector<std::string> lines = Fired(system, rule);
     return lines.empty() ? Refuse("there is no rule " + rule + " of " + system) : Tell(lines);
 }

@@ -5,10 +5,9 @@
 #include "state.h"
 
 #include <cmath>
-#include <cstring>
 #include <deque>
 #include <limits>
-#include <utility>
+#include <optional>
 
 using morv::CertaintyWord;
 using morv::hot;
@@ -22,6 +21,7 @@ struct morv::FactPast {
     };
     std::deque<Entry> entries;
     std::vector<Rule*> readers;
+    std::vector<const Item*> items; // that its initial value is made of
 };
 
 DATAFACT::DATAFACT(const DATAFACT& other)
@@ -29,16 +29,17 @@ DATAFACT::DATAFACT(const DATAFACT& other)
       fact_value(other.fact_value), text(other.text), now_(other.now_), origin_(other.Origin()) {}
 
 DATAFACT& DATAFACT::operator=(const DATAFACT& other) {
-    name = other.name;
-    type = other.type;
-    description = other.description;
-    fact_value = other.fact_value;
     if (past_ == nullptr) {
+        name = other.name;
+        type = other.type;
+        description = other.description;
+        fact_value = other.fact_value;
         text = other.text;
         now_ = other.now_;
         origin_ = other.Origin();
         return *this;
     }
+    const morv::Aside aside;
     morv::Read();
     other.value();
     hot.reading = false;
@@ -98,12 +99,21 @@ double DATAFACT::certainty(int ticks_ago) const {
     return At(ticks_ago).certainty;
 }
 
+// The tick that saw one of the items of its initial value last; 0 when none was ever poked.
+long DATAFACT::LastPoke() const {
+    long last = 0;
+    if (past_ != nullptr)
+        for (const morv::Item* item : past_->items)
+            last = std::max(last, item->tick);
+    return last;
+}
+
 int DATAFACT::age() const {
     long given = given_ - 1;
-    if (source_ != nullptr)
-        given = item_ == nullptr  ? hot.tick
-                : item_->tick > 0 ? std::max(given, item_->tick)
-                                  : given;
+    if (source_ != nullptr && (past_ == nullptr || past_->items.empty()))
+        given = hot.tick;
+    else if (const long poked = LastPoke(); poked > 0)
+        given = std::max(given, poked);
     return given < 0 ? std::numeric_limits<int>::max()
                      : static_cast<int>(std::max(0L, hot.tick - given));
 }
@@ -171,9 +181,13 @@ void DATAFACT::Give(double value, double certainty, const char* verb) {
 }
 
 void DATAFACT::assign(double value, double certainty) {
-    const bool computed = std::exchange(hot.computing, false);
-    const double most = computed ? hot.rests_on : double(FULL);
+    const bool computed = hot.computing == this;
+    std::optional<morv::Aside> aside;
+    if (!computed)
+        aside.emplace();
     hot.reading = false;
+    hot.computing = nullptr;
+    const double most = computed ? hot.rests_on : double(FULL);
     Give(value, std::min(morv::InRange(certainty), most), "assigned");
     morv::Act([&] {
         // What is unknown now is so for what it was computed from.
@@ -187,23 +201,20 @@ void DATAFACT::assign(double value, double certainty) {
 void DATAFACT::TakeUp(double value, double certainty, const char* source) {
     // Nearly always nothing has changed.
     if (source_ == source && value == now_.value && certainty == now_.certainty &&
-        certainty <= hot.path && !hot.trace) {
-        hot.reading = hot.computing = false;
+        certainty <= hot.path && !hot.trace)
         return;
-    }
     if (source_ != source) {
         source_ = source;
-        constexpr char kItems[] = "DDEinfo.";
-        if (std::strncmp(source, kItems, sizeof kItems - 1) == 0) {
-            morv::Item& item = morv::Now().items[source + sizeof kItems - 1];
-            item.name = source + sizeof kItems - 1;
-            item_ = &item;
+        for (const std::string& name : morv::ItemsIn(source)) {
+            morv::Item& item = morv::Now().items[name];
+            item.name = name;
+            if (past_ != nullptr)
+                past_->items.push_back(&item);
         }
     }
-    hot.reading = hot.computing = false;
     if (Set(value, std::min(morv::InRange(certainty), hot.path), "taken up") && why_ != nullptr) {
         why_->initial = source;
-        why_->poked = item_ != nullptr ? item_->tick : 0;
+        why_->poked = LastPoke();
     }
     if (hot.trace)
         deduce(this);

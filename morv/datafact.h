@@ -11,7 +11,6 @@ namespace morv {
 
 struct FactPast;
 class System;
-struct Item;
 struct Justification;
 struct Rule;
 
@@ -30,7 +29,7 @@ public:
     constexpr DATAFACT() = default;
     // A copy has no history. What reads it reads the fact that it was copied from.
     DATAFACT(const DATAFACT& other);
-    // A fact of a system is given the value; it is no more certain than an assigned one.
+    // A fact of a system is given the value alone, no more certain than an assigned one.
     DATAFACT& operator=(const DATAFACT& other);
 
     int name = 0; // the number of the fact
@@ -80,11 +79,11 @@ private:
     bool IsOutside(double value) const;
     bool Set(double value, double certainty, const char* verb);
     void Give(double value, double certainty, const char* verb);
+    long LastPoke() const;
     const DATAFACT* Origin() const { return past_ != nullptr ? this : origin_; }
 
     Reading now_;
-    const char* source_ = nullptr; // the text of its initial value
-    const morv::Item* item_ = nullptr;
+    const char* source_ = nullptr;     // the text of its initial value
     const DATAFACT* origin_ = nullptr; // the fact of a system that a copy has its value from
     const morv::System* system_ = nullptr;
     morv::FactPast* past_ = nullptr;

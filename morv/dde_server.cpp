@@ -64,10 +64,12 @@ HDDEDATA Request(HSZ item) {
 
 bool Begin(HSZ item) {
     const std::string name = TextOf(item);
-    const std::string state = State(name);
+    // Looking for a name in another case goes through all of them.
+    const std::string meant = morv::StateText(name).empty() ? morv::MeantName(name) : name;
+    const std::string state = morv::StateText(meant);
     if (state.empty())
         return false;
-    g_links.try_emplace(name, Link{morv::MeantName(name), state});
+    g_links.try_emplace(name, Link{meant, state});
     return true;
 }
 

@@ -1,28 +1,33 @@
 #include "explain.h"
 
 #include "justify.h"
+#include "names.h"
 #include "state.h"
 
 #include <algorithm>
+#include <exception>
 #include <functional>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 namespace morv {
 
 namespace {
 
 constexpr std::size_t kMostLines = 1000;
+constexpr char kItems[] = "DDEinfo."; // what stands before an item in the text of rules
 
 bool IsOf(const System& system, const DATAFACT* fact) {
     return fact->System() == &system;
 }
 
-// What the names of facts, "A" and "steam.A", and of results mean. Of several things of a name it
-// is the first one.
+// What the names of facts, "A" and "steam.A", and of results mean. Of several facts of a name it is
+// the first one; of a fact and a result the result.
 struct Meanings {
     std::unordered_map<std::string, const DATAFACT*> facts;
     std::unordered_map<std::string, const DATAFACTRESULT*> results;
+    std::set<std::string> shared;                 // names of several facts, or of both
     std::size_t fact_count = 0, result_count = 0; // how many are in
 };
 
@@ -30,20 +35,18 @@ struct Meanings {
 const Meanings& AllMeanings() {
     static Meanings all;
     const State& now = Now();
+    for (; all.result_count < now.results.size(); ++all.result_count) {
+        const DATAFACTRESULT* result = now.results[all.result_count];
+        all.results.emplace(result->text, result);
+    }
     for (; all.fact_count < now.facts.size(); ++all.fact_count) {
         const DATAFACT* fact = now.facts[all.fact_count];
-        all.facts.emplace(fact->text, fact);
+        if (!all.facts.emplace(fact->text, fact).second || all.results.count(fact->text) != 0)
+            all.shared.insert(fact->text);
         if (fact->System() != nullptr)
             all.facts.emplace(fact->System()->Name() + std::string(".") + fact->text, fact);
     }
-    for (; all.result_count < now.results.size(); ++all.result_count)
-        all.results.emplace(now.results[all.result_count]->text, now.results[all.result_count]);
     return all;
-}
-
-const DATAFACT* FactOf(const std::string& name) {
-    const auto found = AllMeanings().facts.find(name);
-    return found == AllMeanings().facts.end() ? nullptr : found->second;
 }
 
 const DATAFACTRESULT* ResultOf(const std::string& name) {
@@ -51,8 +54,25 @@ const DATAFACTRESULT* ResultOf(const std::string& name) {
     return found == AllMeanings().results.end() ? nullptr : found->second;
 }
 
+const DATAFACT* FactOf(const std::string& name) {
+    const auto found = AllMeanings().facts.find(name);
+    return found == AllMeanings().facts.end() || ResultOf(name) != nullptr ? nullptr
+                                                                           : found->second;
+}
+
 std::string InWords(const DATAFACT& fact) {
     return fact.Told(0, fact.Value(), fact.certainty());
+}
+
+// What a name means without its system is not sure where several facts have it.
+std::string WithSystem(const DATAFACT& fact) {
+    const bool shared = fact.System() != nullptr && AllMeanings().shared.count(fact.text) != 0;
+    return shared ? std::string(fact.System()->Name()) + "." + fact.text : fact.text;
+}
+
+std::string InFullWords(const DATAFACT& fact) {
+    const std::string name = fact.text;
+    return WithSystem(fact) + InWords(fact).substr(name.size());
 }
 
 // The tree of reasons, line by line.
@@ -60,7 +80,7 @@ class Tree {
 public:
     std::vector<std::string> Of(const DATAFACT* fact, const DATAFACTRESULT* result) {
         if (fact != nullptr)
-            Line(0, InWords(*fact));
+            Line(0, InFullWords(*fact));
         else
             Line(0, result->Told(0, result->certainty()));
         Reasons(fact, result, 1);
@@ -120,10 +140,12 @@ private:
 
     // The end of every branch: where a value came in.
     void Initial(const Justification& why, std::size_t depth) {
-        const std::string text = why.initial, items = "DDEinfo.";
-        if (text.compare(0, items.size(), items) != 0)
+        const std::string text = why.initial;
+        const std::vector<std::string> items = ItemsIn(text);
+        if (items.empty())
             return Line(depth, "the initial value " + text);
-        Line(depth, "from item " + text.substr(items.size()) + " = " + Number(why.value) +
+        const bool as_it_is = text == kItems + items[0];
+        Line(depth, "from " + (as_it_is ? "item " + items[0] : text) + " = " + Number(why.value) +
                         (why.poked > 0 ? ", poked in tick " + std::to_string(why.poked)
                                        : ", which was never poked"));
     }
@@ -184,18 +206,17 @@ const Site* Missing(const Rule& rule, const Conclusion& conclusion) {
     return missing;
 }
 
-// What the facts and results named in a condition are now.
-std::string NamedIn(const std::string& text) {
+// What the facts and results named in a condition of the system are now.
+std::string NamedIn(const std::string& text, const System& system) {
     std::set<std::string> told;
     std::string all, word;
     for (std::size_t at = 0; at <= text.size(); ++at) {
         const char c = at < text.size() ? text[at] : ' ';
-        if (c == '_' || (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') ||
-            (c >= 'A' && c <= 'Z')) {
+        if (IsOfName(c)) {
             word += c;
             continue;
         }
-        const DATAFACT* fact = word.empty() ? nullptr : FactOf(word);
+        const DATAFACT* fact = word.empty() ? nullptr : FactOf(system.Name() + ("." + word));
         const DATAFACTRESULT* result = word.empty() ? nullptr : ResultOf(word);
         if ((fact != nullptr || result != nullptr) && told.insert(word).second)
             all += (all.empty() ? " [" : "; ") +
@@ -206,13 +227,14 @@ std::string NamedIn(const std::string& text) {
 }
 
 // What a condition was when it was looked at last.
-std::string SiteText(const Site& site) {
+std::string SiteText(const Site& site, const System& system) {
     static const char* const kinds[] = {"If ", "IfOr ", "IfXor ", "IfAny "};
     const char* const was = site.outcome == Truth::Unknown   ? " is unknown"
                             : site.outcome == Truth::NotSeen ? " was not looked at"
                             : site.outcome == Truth::True    ? " is true"
                                                              : " is false";
-    return kinds[static_cast<int>(site.kind)] + std::string(site.text) + was + NamedIn(site.text);
+    return kinds[static_cast<int>(site.kind)] + std::string(site.text) + was +
+           NamedIn(site.text, system);
 }
 
 // Whether the rules were run in this tick from one on that stands in front of this rule, up to it.
@@ -244,7 +266,7 @@ std::vector<std::string> FiredBy(const Rule& rule) {
         return {name + " fired"};
     std::vector<std::string> lines = {name + " did not fire"};
     for (int i = 0; i < rule.site_count; ++i)
-        lines.push_back("  " + SiteText(rule.sites[i]));
+        lines.push_back("  " + SiteText(rule.sites[i], *rule.system));
     return lines;
 }
 
@@ -259,7 +281,7 @@ std::string WhyNotBy(const Rule& rule, const std::vector<const Conclusion*>& pla
     const Site* first = Missing(rule, *places[0]);
     if (std::all_of(places.begin(), places.end(),
                     [&](const Conclusion* place) { return Missing(rule, *place) != nullptr; }))
-        return name + ", " + SiteText(*first);
+        return name + ", " + SiteText(*first, *rule.system);
     if (result != nullptr && result->certainty() <= 0)
         for (const DATAFACTRESULT* opposite : result->Opposites())
             if (opposite->certainty() > 0)
@@ -272,16 +294,33 @@ std::string WhyNotBy(const Rule& rule, const std::vector<const Conclusion*>& pla
     return name + " concludes it";
 }
 
-// Where a rule concludes `name`; one that assigns to PF may assign to any fact.
-std::vector<const Conclusion*> Concluding(const Rule& rule, const std::string& name, bool fact) {
+// Where a rule concludes `name`. One that assigns to PF may assign to each fact of the types that
+// it went through; before it did that, to any.
+std::vector<const Conclusion*> Concluding(const Rule& rule, const std::string& name,
+                                          const DATAFACT* fact) {
+    const bool may_be =
+        fact != nullptr && (rule.types == 0 || (rule.types & Rule::Bit(fact->type)) != 0);
     std::vector<const Conclusion*> places;
     for (const Conclusion* act = rule.acts; act != rule.acts + rule.act_count; ++act)
-        if (name == act->name || (fact && std::string("PF") == act->name))
+        if (name == act->name || (may_be && std::string("PF") == act->name))
             places.push_back(act);
     return places;
 }
 
 } // namespace
+
+std::vector<std::string> ItemsIn(const std::string& text) {
+    std::vector<std::string> items;
+    std::string word;
+    for (std::size_t at = 0; (at = text.find(kItems, at)) != std::string::npos;) {
+        at += sizeof kItems - 1;
+        for (word.clear(); at < text.size() && IsOfName(text[at]); ++at)
+            word += text[at];
+        if (std::find(items.begin(), items.end(), word) == items.end())
+            items.push_back(word);
+    }
+    return items;
+}
 
 std::string TextOf(const ReadRecord& read) {
     if (read.fact != nullptr)
@@ -308,14 +347,14 @@ std::vector<std::string> WhyNot(const std::string& name) {
     if (fact == nullptr && result == nullptr)
         return {Unknown(name)};
     const std::string plain = fact != nullptr ? std::string(fact->text) : name;
-    std::vector<std::string> lines = {fact != nullptr ? InWords(*fact)
+    std::vector<std::string> lines = {fact != nullptr ? InFullWords(*fact)
                                                       : result->Told(0, result->certainty())};
     for (const System* system : Now().systems) {
         if (fact != nullptr && !IsOf(*system, fact))
             continue;
         for (const RuleRun& run : system->Rules())
             for (const Rule* rule = run.rules; rule != run.rules + run.count; ++rule)
-                if (const auto places = Concluding(*rule, plain, fact != nullptr); !places.empty())
+                if (const auto places = Concluding(*rule, plain, fact); !places.empty())
                     lines.push_back("  " + WhyNotBy(*rule, places, result));
     }
     if (lines.size() == 1)
@@ -332,9 +371,23 @@ std::vector<std::string> Fired(const std::string& system, const std::string& num
     return {};
 }
 
+bool IsThere(const std::string& system, const std::string& rule) {
+    for (const System* each : Now().systems) {
+        if (system != each->Name())
+            continue;
+        if (rule.empty())
+            return true;
+        for (const RuleRun& run : each->Rules())
+            for (const Rule* at = run.rules; at != run.rules + run.count; ++at)
+                if (rule == at->number)
+                    return true;
+    }
+    return false;
+}
+
 std::string StateText(const std::string& name) {
     if (const DATAFACT* fact = FactOf(name))
-        return Number(fact->Value()) + " " + CertaintyWord(fact->certainty());
+        return Number(fact->Value(), 15) + " " + CertaintyWord(fact->certainty());
     if (const DATAFACTRESULT* result = ResultOf(name))
         return (result->certainty() > 0 ? "1 " : "0 ") +
                std::string(CertaintyWord(result->certainty()));
@@ -342,19 +395,9 @@ std::string StateText(const std::string& name) {
 }
 
 std::vector<std::string> Names() {
-    std::set<std::string> once, twice;
-    for (const DATAFACT* fact : Now().facts)
-        if (!once.insert(std::string(fact->text)).second)
-            twice.insert(std::string(fact->text));
-    for (const DATAFACTRESULT* result : Now().results)
-        if (once.count(std::string(result->text)) != 0)
-            twice.insert(std::string(result->text));
     std::vector<std::string> names;
-    for (const DATAFACT* fact : Now().facts) {
-        const std::string name(fact->text);
-        const bool shared = twice.count(name) != 0 && fact->System() != nullptr;
-        names.push_back(shared ? std::string(fact->System()->Name()) + "." + name : name);
-    }
+    for (const DATAFACT* fact : Now().facts)
+        names.push_back(WithSystem(*fact));
     for (const DATAFACTRESULT* result : Now().results)
         names.push_back(std::string(result->text));
     return names;
@@ -390,12 +433,32 @@ std::vector<std::string> ChangesInWords() {
                                         : std::string(change.result->text) + " no longer holds");
         } else if (change.fact->type == ACTION && (!Same(change.value, change.fact->Value()) ||
                                                    change.certainty != change.fact->certainty()))
-            lines.push_back(InWords(*change.fact));
+            lines.push_back(InFullWords(*change.fact));
     }
     return lines;
 }
 
-// One tick at a time, also when the rules throw.
+// What users write may throw, such as a conversion of a text that is no number. That ends the tick;
+// it is told when it begins.
+void RunMain() {
+    State& now = Now();
+    now.thrower = nullptr;
+    std::string what;
+    try {
+        MORVmain();
+    } catch (const std::exception& failure) {
+        what = std::string("threw ") + failure.what();
+    } catch (...) {
+        what = "threw something";
+    }
+    if (!what.empty())
+        what = (now.thrower != nullptr ? NameOf(*now.thrower) : "what runs in the tick") + " " +
+               what + ": the tick ends there";
+    if (std::exchange(now.thrown, what) != what && !what.empty())
+        Output(what);
+}
+
+// One tick at a time.
 struct Running {
     Running() { Now().running = true; }
     ~Running() { Now().running = Now().refused = false; }
@@ -415,7 +478,7 @@ void Tick() {
     ++hot.tick;
     now.changes.clear();
     now.time = now.clock != nullptr ? now.clock() : "";
-    MORVmain();
+    RunMain();
     now.told = ChangesInWords();
     for (const std::string& line : now.told)
         Output("Tick " + std::to_string(hot.tick) + ": " + line);

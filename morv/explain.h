@@ -21,6 +21,9 @@ std::vector<std::string> WhyNot(const std::string& name);
 // what each of its conditions was. Empty when there is no such rule.
 std::vector<std::string> Fired(const std::string& system, const std::string& rule);
 
+// Whether there is such a rule, or such a system when `rule` is empty.
+bool IsThere(const std::string& system, const std::string& rule);
+
 // "1 FULL" or "0 NULL" of a result, "12.5 HIGH" of a fact; empty when there is no such name.
 std::string StateText(const std::string& name);
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <exception>
 
 namespace morv {
 
@@ -27,18 +28,31 @@ std::string Word(Truth truth) {
 
 bool IsTraced(const System& system, const Rule* rule) {
     const State& now = Now();
-    return now.trace && (now.trace_system.empty() || now.trace_system == system.Name()) &&
-           (now.trace_rule.empty() || (rule != nullptr && now.trace_rule == rule->number));
+    const auto meant = [&](const std::string& of_system, const std::string& number) {
+        return (of_system.empty() || of_system == system.Name()) &&
+               (number.empty() || (rule != nullptr && number == rule->number));
+    };
+    return now.trace && meant(now.trace_system, now.trace_rule) &&
+           std::none_of(now.untraced.begin(), now.untraced.end(),
+                        [&](const auto& each) { return meant(each.first, each.second); });
 }
 
 } // namespace
 
 void SetTrace(bool on, const std::string& system, const std::string& rule) {
     State& now = Now();
+    hot.trace = false;
+    // Without some that are not traced the trace goes on.
+    const bool all =
+        system.empty() || (system == now.trace_system && (rule.empty() || rule == now.trace_rule));
+    if (!on && !all) {
+        now.untraced.emplace_back(system, rule);
+        return;
+    }
     now.trace = on;
     now.trace_system = system;
     now.trace_rule = rule;
-    hot.trace = false;
+    now.untraced.clear();
 }
 
 std::string ReadText() {
@@ -63,9 +77,10 @@ void Trace(const std::string& line) {
     Output(std::string(depth * 2, ' ') + line);
 }
 
-std::string Number(double value) {
+std::string Number(double value, int digits) {
+    const bool whole = std::fabs(value) < 1e15 && value == std::trunc(value);
     char text[40];
-    std::snprintf(text, sizeof text, "%.6g", value);
+    std::snprintf(text, sizeof text, "%.*g", whole ? 15 : digits, value);
     return text;
 }
 
@@ -106,6 +121,42 @@ void System::Add(Rule* rules, const char* const* numbers, int count) {
     clean_.push_back(std::move(clean));
 }
 
+void System::Register(const FactRow* rows) {
+    for (; rows->fact != nullptr; ++rows) {
+        rows->fact->Register(rows->text, this);
+        facts.push_back(rows->fact);
+        Now().facts.push_back(rows->fact);
+    }
+}
+
+void System::Set(const FactRow* rows) {
+    for (const FactRow* row = rows; row->fact != nullptr; ++row) {
+        if (row->description == nullptr)
+            continue;
+        DATAFACT& fact = *row->fact;
+        fact.name = row->number;
+        fact.type = row->type;
+        fact.description.Set(row->description);
+        fact.fact_value.units.Set(row->units);
+        fact.fact_value.inf_limit = row->inf_limit;
+        fact.fact_value.sup_limit = row->sup_limit;
+        fact.fact_value.step_v = row->step_v;
+        fact.fact_value.lowest = row->lowest;
+        fact.fact_value.low = row->low;
+        fact.fact_value.normal = row->normal;
+        fact.fact_value.high = row->high;
+        fact.fact_value.highest = row->highest;
+    }
+}
+
+Known::Known(System& system, const FactRow* rows, std::initializer_list<RuleTable> tables) {
+    Now().systems.push_back(&system);
+    system.Register(rows);
+    System::Set(rows);
+    for (const RuleTable& table : tables)
+        system.Add(table.rules, table.numbers, table.count);
+}
+
 const Rule* RunningRule() {
     const Scope* scope = hot.scope;
     while (scope != nullptr && scope->rule == nullptr)
@@ -113,8 +164,20 @@ const Rule* RunningRule() {
     return scope != nullptr ? scope->rule : nullptr;
 }
 
-Condition::Condition(Site& site, bool value)
-    : site_(&site), certainty_(hot.rests_on), from_(hot.read_from), to_(hot.read_count) {
+// Drops what blocks of the same branch read that have ended: nobody asks for it any more.
+static void LeaveRoom() {
+    const int base = hot.scope != nullptr ? hot.scope->reads : 0;
+    if (hot.read_from <= Hot::kMostReads / 2 || base >= hot.read_from)
+        return;
+    std::copy(hot.reads + hot.read_from, hot.reads + hot.read_count, hot.reads + base);
+    hot.read_count -= hot.read_from - base;
+    hot.read_from = base;
+}
+
+Condition::Condition(Site& site, bool value) : site_(&site), certainty_(hot.rests_on) {
+    LeaveRoom();
+    from_ = hot.read_from;
+    to_ = hot.read_count;
     hot.reading = false;
     truth_ = certainty_ <= 0 ? Truth::Unknown : value ? Truth::True : Truth::False;
     site.outcome = truth_;
@@ -126,7 +189,10 @@ Condition::Condition(Site& site, bool value)
     }
 }
 
-Condition::Condition(Site& site) : site_(&site), certainty_(FULL), from_(hot.read_count) {
+Condition::Condition(Site& site) : site_(&site), certainty_(FULL) {
+    hot.read_from = hot.read_count;
+    LeaveRoom();
+    from_ = hot.read_from;
     site.outcome = Truth::NotSeen;
 }
 
@@ -230,13 +296,32 @@ Entered::Entered(Rule& rule)
     }
 }
 
+// Notes which rule ends the tick by throwing.
+static void NoteThrower(Rule& rule) {
+    if (Now().thrower == nullptr)
+        Now().thrower = &rule;
+}
+
 Entered::~Entered() {
+    // Of rules that are functions RunRules sees it, where it costs nothing.
+    if (hot.scope->rule->run == nullptr && std::uncaught_exceptions() > 0)
+        NoteThrower(*hot.scope->rule);
     if (hot.acts > 0)
         hot.scope->rule->fired = hot.tick;
     else if (hot.trace)
         Trace("nothing concluded");
     hot.acts += acts_;
     hot.trace = trace_;
+}
+
+static Left RunOne(Rule& rule, Rule& first, int before) {
+    try {
+        return rule.run(rule);
+    } catch (...) {
+        first.passed = before + 1;
+        NoteThrower(rule);
+        throw;
+    }
 }
 
 Left RunRules(Rule* rules, int count) {
@@ -255,7 +340,7 @@ Left RunRules(Rule* rules, int count) {
         }
         const Entered entered(rules[i]);
         clean[i] = outermost && rules[i].sources != nullptr;
-        const Left left = rules[i].run(rules[i]);
+        const Left left = RunOne(rules[i], *rules, i);
         if (left.left) {
             rules->passed = i + 1;
             return left;
@@ -266,7 +351,6 @@ Left RunRules(Rule* rules, int count) {
 
 Run::Run(System& system) : system_(system), from_(Now().changes.size()), trace_(hot.trace) {
     ++Now().rounds;
-    hot.reading = hot.computing = false;
     hot.trace = IsTraced(system, nullptr);
 }
 
@@ -323,9 +407,10 @@ Run::~Run() {
             now.changes.end());
 }
 
-std::vector<DATAFACT*> FactsOf(const Rule& rule, DATAFACTTYPE type) {
+std::vector<DATAFACT*> FactsOf(Rule& rule, DATAFACTTYPE type) {
+    rule.types |= Rule::Bit(type);
     std::vector<DATAFACT*> facts;
-    for (DATAFACT* fact : rule.system->engine->facts_)
+    for (DATAFACT* fact : rule.system->facts)
         if (fact->type == type)
             facts.push_back(fact);
     return facts;
@@ -345,38 +430,6 @@ bool Poked(const char* name) {
 }
 
 } // namespace morv
-
-void INFERENCE_ENGINE::Facts(morv::System& system, const morv::FactRow* rows, bool each_time) {
-    const bool first = system.engine == nullptr;
-    if (first) {
-        system.engine = this;
-        morv::Now().systems.push_back(&system);
-    }
-    if (!first && !each_time)
-        return;
-    for (const morv::FactRow* row = rows; row->fact != nullptr; ++row) {
-        DATAFACT& fact = *row->fact;
-        if (first) {
-            fact.Register(row->text, &system);
-            facts_.push_back(&fact);
-            morv::Now().facts.push_back(&fact);
-        }
-        if (row->description == nullptr)
-            continue;
-        fact.name = row->number;
-        fact.type = row->type;
-        fact.description.Set(row->description);
-        fact.fact_value.units.Set(row->units);
-        fact.fact_value.inf_limit = row->inf_limit;
-        fact.fact_value.sup_limit = row->sup_limit;
-        fact.fact_value.step_v = row->step_v;
-        fact.fact_value.lowest = row->lowest;
-        fact.fact_value.low = row->low;
-        fact.fact_value.normal = row->normal;
-        fact.fact_value.high = row->high;
-        fact.fact_value.highest = row->highest;
-    }
-}
 
 int settle(INFERENCE_ENGINE& engine, int most) {
     int changed = 0;

@@ -10,6 +10,7 @@
 #include <initializer_list>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 class INFERENCE_ENGINE;
@@ -91,6 +92,11 @@ struct Rule {
     char* clean = nullptr; // 1: nothing has changed since for which it would have to run; else 0
     long called = -1;      // the tick that began with it last to run rules in a row,
     int passed = 0;        // and how many of them it ran or left out
+    unsigned long long types = 0; // whose facts PF was, so far: a bit each, shared by some
+
+    static unsigned long long Bit(DATAFACTTYPE type) {
+        return 1ULL << (static_cast<unsigned>(type) % 64);
+    }
 };
 
 struct RuleRun {
@@ -102,18 +108,32 @@ struct RuleRun {
 class System {
 public:
     explicit System(const char* name) : name_(name) {}
-    bool First() const { return rules_.empty(); }
+    bool First() { return std::exchange(first_, false); } // whether it is asked for the first time
     void Add(Rule* rules, const char* const* numbers, int count);
+    void Register(const FactRow* rows); // makes the facts known
+    static void Set(const FactRow* rows);
     const char* Name() const { return name_; }
     const std::vector<RuleRun>& Rules() const { return rules_; }
 
-    INFERENCE_ENGINE* engine = nullptr;
+    std::vector<DATAFACT*> facts;
     long taken_up = -1; // the tick that took the initial values up last
 
 private:
     const char* name_;
+    bool first_ = true;
     std::vector<RuleRun> rules_;
     std::vector<std::vector<char>> clean_; // what the rules of each run point to, side by side
+};
+
+struct RuleTable {
+    Rule* rules;
+    const char* const* numbers;
+    int count;
+};
+
+// Makes a system with its facts and rules known.
+struct Known {
+    Known(System& system, const FactRow* rows, std::initializer_list<RuleTable> tables);
 };
 
 // Something that an expression read.
@@ -145,9 +165,9 @@ struct Hot {
     double path = FULL;     // the certainty of the conditions around the statement that runs
     double rests_on = FULL; // the least certain of what the expression at hand read
     bool reading = false;   // an expression is being evaluated
-    bool computing = false; // for an assignment
-    bool trace = false;     // of what runs now
-    int acts = 0;           // what the rule did so far
+    const DATAFACT* computing = nullptr; // the fact that it will be assigned to, if any
+    bool trace = false;                  // of what runs now
+    int acts = 0;                        // what the rule did so far
     int read_from = 0, read_count = 0;
     long tick = 0;
     Scope* scope = nullptr;
@@ -179,12 +199,43 @@ inline void Note(const ReadRecord& read) {
 // from. Whatever else has an assign is left alone.
 template <class Object> Object&& Computed(Object&& object) {
     using Plain = std::remove_cv_t<std::remove_pointer_t<std::decay_t<Object>>>;
-    if (std::is_same<Plain, DATAFACT>::value) {
+    if constexpr (std::is_same_v<Plain, DATAFACT>) {
         Read();
-        hot.computing = true;
+        if constexpr (std::is_same_v<std::decay_t<Object>, Plain>)
+            hot.computing = &object;
+        else
+            hot.computing = object;
     }
     return static_cast<Object&&>(object);
 }
+
+// The expression at hand is put aside while something else runs: a function that it calls may
+// assign to facts, or run a system.
+class Aside {
+public:
+    Aside()
+        : reading_(hot.reading), computing_(hot.computing), rests_on_(hot.rests_on),
+          read_from_(hot.read_from), read_count_(hot.read_count) {
+        hot.reading = false;
+        hot.computing = nullptr;
+        hot.read_from = hot.read_count;
+    }
+    Aside(const Aside&) = delete;
+    Aside& operator=(const Aside&) = delete;
+    ~Aside() {
+        hot.reading = reading_;
+        hot.computing = computing_;
+        hot.rests_on = rests_on_;
+        hot.read_from = read_from_;
+        hot.read_count = read_count_;
+    }
+
+private:
+    const bool reading_;
+    const DATAFACT* const computing_;
+    const double rests_on_;
+    const int read_from_, read_count_;
+};
 
 // The condition of a block. It is unknown while it depends on facts that are; then neither branch
 // of the block runs.
@@ -283,13 +334,14 @@ public:
     int Changed();      // how many facts and results are not what they were before
 
 private:
+    const Aside aside_;
     System& system_;
     const std::size_t from_; // of the changes
     const bool trace_;
 };
 
 // The facts of a type in the system of a rule.
-std::vector<DATAFACT*> FactsOf(const Rule& rule, DATAFACTTYPE type);
+std::vector<DATAFACT*> FactsOf(Rule& rule, DATAFACTTYPE type);
 
 // Gives a fact its initial value, whose text is `source`.
 void TakeUp(DATAFACT& fact, double value, double certainty, const char* source);
@@ -306,14 +358,6 @@ public:
     virtual ~INFERENCE_ENGINE() = default;
     // Runs all rules once; returns how many facts and results changed.
     virtual int engine() = 0;
-
-protected:
-    // Makes the system with its facts known, and sets them, the first time or each time.
-    void Facts(morv::System& system, const morv::FactRow* rows, bool each_time);
-
-private:
-    friend std::vector<DATAFACT*> morv::FactsOf(const morv::Rule& rule, DATAFACTTYPE type);
-    std::vector<DATAFACT*> facts_;
 };
 
 // Runs the rules until nothing changes, `most` times at most; then it names those that still change

@@ -10,17 +10,17 @@ namespace {
 
 // The blocks around what runs, from the outermost on, up to the rule.
 void TakeSteps(Justification& why) {
-    const Scope* scopes[64];
-    int count = 0;
-    for (const Scope* scope = hot.scope; scope != nullptr && count < 64; scope = scope->outer) {
+    static std::vector<const Scope*> scopes; // keeps its memory from change to change
+    scopes.clear();
+    for (const Scope* scope = hot.scope; scope != nullptr; scope = scope->outer) {
         if (scope->rule != nullptr) {
             why.rule = scope->rule;
             break;
         }
-        scopes[count++] = scope;
+        scopes.push_back(scope);
     }
-    while (count > 0) {
-        const Scope& scope = *scopes[--count];
+    for (auto at = scopes.rbegin(); at != scopes.rend(); ++at) {
+        const Scope& scope = **at;
         Step step{nullptr, scope.each, scope.branch, double(FULL), 0};
         if (scope.condition != nullptr) {
             step.site = &scope.condition->site();

@@ -9,10 +9,6 @@ namespace morv {
 
 namespace {
 
-bool IsOfName(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
-}
-
 void SkipWord(const std::string& line, std::size_t& at) {
     while (at < line.size() && IsOfName(line[at]))
         ++at;

@@ -43,9 +43,8 @@ void Give(const ItemValue& value) {
     NoteInput(ItemName(value.item), value.text);
 }
 
-// A client may send the same wrong text every second.
-bool RefusePoke(const std::string& why) {
-    if (std::exchange(Current().refused, why) != why)
+bool RefusePoke(const std::string& why, From from) {
+    if (std::exchange(Current().refused, why) != why || from == From::User)
         Output("Poke refused: " + why);
     return false;
 }
@@ -77,18 +76,18 @@ void RunTick() {
         Give(value);
 }
 
-bool PokeItem(const std::string& item, const std::string& text) {
+bool PokeItem(const std::string& item, const std::string& text, From from) {
     Session& session = Current();
     const ItemValue value = LookAtValue(item, text);
     if (!value.wrong.empty())
-        return RefusePoke(value.wrong);
+        return RefusePoke(value.wrong, from);
     session.refused.clear();
     if (session.in_tick)
         session.waiting.push_back(value);
     else
         Give(value);
     const auto known = session.values.find(value.item);
-    if (known == session.values.end() || known->second != value.text) {
+    if (known == session.values.end() || known->second != value.text || from == From::User) {
         session.values[value.item] = value.text;
         Output(std::string("Poke: ") + ItemName(value.item) + " = " + value.text);
     }

@@ -11,9 +11,12 @@ namespace morv {
 void RunTick();
 bool InTick();
 
+enum class From { Program, User };
+
 // Pokes an item. A value that comes while a tick runs is for the next one. Returns whether the item
-// takes it; tells a value that differs from the one before, and why one is refused.
-bool PokeItem(const std::string& item, const std::string& text);
+// takes it; tells the value, or why it is refused. Of other programs, which may send the same every
+// second, only what differs from the one before is told.
+bool PokeItem(const std::string& item, const std::string& text, From from = From::Program);
 
 } // namespace morv
 

@@ -32,7 +32,7 @@ private:
 // Takes every line that the runtime writes; the program shows it.
 void Output(const std::string& line);
 
-// Traces every rule, those of a system, or one by its number.
+// Traces every rule, those of a system, or one by its number; or of what is traced these no more.
 void SetTrace(bool on, const std::string& system = {}, const std::string& rule = {});
 
 // One tick: the values and results until now become history, MORVmain runs, and a line tells each

@@ -20,6 +20,9 @@ struct Item {
     long tick = 0; // that sees it first; 0: never poked
 };
 
+// The items in the text of an initial value: Level and Least of "DDEinfo.Level-DDEinfo.Least".
+std::vector<std::string> ItemsIn(const std::string& text);
+
 // A change of a fact or a result, with what it was before.
 struct Change {
     DATAFACT* fact;
@@ -39,10 +42,13 @@ struct State {
     std::vector<const Rule*> restless;      // the rules that changed something in the last round
     std::vector<std::string> assigned_from; // what the value to be assigned was computed from
     bool trace = false;
-    std::string trace_system, trace_rule; // empty: all
+    std::string trace_system, trace_rule;                      // empty: all
+    std::vector<std::pair<std::string, std::string>> untraced; // of these: system and rule
     std::string (*clock)() = nullptr;
     std::string time; // of this tick
     bool running = false, refused = false;
+    const Rule* thrower = nullptr; // that ended this tick, if known
+    std::string thrown;            // what was told of the one that ended the last tick
     long rounds = 0;
 };
 
@@ -74,7 +80,8 @@ inline bool Same(double one, double other) {
     return one == other || (std::isnan(one) && std::isnan(other));
 }
 
-std::string Number(double value);
+// With six digits, but whole numbers as they are: 0.333333, 1234567.
+std::string Number(double value, int digits = 6);
 
 // "rule 3 of steam: its title"
 std::string NameOf(const Rule& rule);

@@ -130,6 +130,8 @@ private:
         std::string whole = WhyWhole(system.parts, known, extern_);
         if (whole.empty() && !taken.empty())
             whole = "it defines " + taken;
+        if (whole.empty() && !system.text.own_type.empty())
+            whole = "a variable has the type " + system.text.own_type;
         if (!header_.own_include.empty())
             whole = "its header " + header_.own_include + " may define something";
         if (macros_)

@@ -70,13 +70,20 @@ void EngineText::PutEngine(bool split) {
     PutTextTable();
     const std::string object = "morv_system" + system_.number;
     text_ += "static morv::System " + object + "(" + Quoted(system_.name) + ");\n";
+    std::string tables;
     for (const RuleGroup& group : groups_) {
+        tables += "{" + group.name + ", " + group.name + "_numbers, " +
+                  std::to_string(group.numbers.size()) + "}, ";
         text_ += (split ? "extern morv::Rule " + group.name + "[];\n" : "") +
                  "static const char* const " + group.name + "_numbers[] = {";
         for (const std::string& number : group.numbers)
             text_ += "\"" + number + "\", ";
         text_ += "};\n";
     }
+    // What there is is known before the first tick.
+    text_ += "static const morv::Known morv_known" + system_.number + "(" + object + ", " +
+             system_.space + "::morv_rows, {" + tables + "{morv_text" + system_.number +
+             ", nullptr, 1}});\n";
     if (initial_apart_)
         text_ += "namespace " + system_.space + " { void morv_initial(); }\n";
     text_ += marks_.At(system_.name + ".begin", system_.text.rest.line, system_.name);
@@ -86,12 +93,9 @@ void EngineText::PutEngine(bool split) {
     if (!split)
         for (const Variable& variable : system_.text.variables)
             text_ += variable.type + " " + variable.name + "; ";
-    text_ += "Facts(" + object + ", " + system_.space + "::morv_rows, " +
-             (system_.changes_settings ? "true" : "false") + "); if (" + object + ".First()) {";
-    for (const RuleGroup& group : groups_)
-        text_ += "\n" + object + ".Add(" + group.name + ", " + group.name + "_numbers, " +
-                 std::to_string(group.numbers.size()) + ");";
-    text_ += "\n" + object + ".Add(morv_text" + system_.number + ", nullptr, 1);";
+    if (system_.changes_settings)
+        text_ += object + ".Set(" + system_.space + "::morv_rows); ";
+    text_ += "if (" + object + ".First()) {";
     PutLines(".opposites", system_.text.opposites);
     text_ += "\n} morv::Run morv_run(" + object + "); " + system_.space + "::PF = morv::NoFact();";
     PutLines(".variables", system_.text.values);

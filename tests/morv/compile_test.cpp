@@ -121,6 +121,25 @@ TEST_F(Compile, AWrongPathStandsInTheLogOfTheProject) {
               0u);
 }
 
+TEST_F(Compile, AUtilityThatCannotBeMadeStandsInTheLogOfTheProject) {
+    // A file stands where the utility would be made.
+    temp_.Put("taken", "");
+    setenv("ZKCC_CACHE", temp_.Path("taken").c_str(), 1);
+    for (const char* work : {"C:\\my zentrik", "C:\\zentrik"}) {
+        const std::string line = morv_test::GenerateSample(work, kUtility);
+        const std::string folder = "c/" + std::string(work + 3) + "/boiler/";
+        temp_.Put(folder + "Apiboiler.exe", "before");
+        EXPECT_EQ(Run(ForShell(line)), 1 << 8);
+        const std::string log = temp_.Content(folder + "zkcc.log");
+        EXPECT_NE(log.find("Not a directory\r\n"), std::string::npos) << log;
+        EXPECT_TRUE(log.ends_with("\r\nzkcc is not made\r\nzkcc: failed\r\n")) << log;
+        EXPECT_EQ(temp_.Content(folder + "Apiboiler.exe"), "before");
+    }
+    // Words that name no project have nowhere to leave it.
+    EXPECT_EQ(Run(kUtility + " apimorv apimorv.rc noneR.cpp ddecom.cpp a b c"), 1 << 8);
+    EXPECT_EQ(Run(kUtility), 1 << 8);
+}
+
 TEST_F(Compile, AnErrorInTheRulesStandsInTheLogWithItsLine) {
     const std::string line = morv_test::GenerateSample("C:\\zentrik", kUtility);
     const std::string path = "c/zentrik/boiler/boilerR.cpp";

@@ -194,7 +194,8 @@ int main(int count, char**) {
         }
         return "\n\n\t//- Facts declaration\n\tstatic DATAFACT *PF" + names + ";\n\n\n\n" +
                (system.opposites.empty() ? "" : "\t" + system.opposites + "\n") + "\n" + settings +
-               "\n//- Deduce Facts Values\n" + initial + "\n" + system.rules;
+               "\n// - System Local Vars\n\n//- Deduce Facts Values\n" + initial + "\n" +
+               system.rules;
     }
 
     zentrik_test::TempFolder folder_;

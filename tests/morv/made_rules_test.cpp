@@ -234,11 +234,38 @@ TEST_F(Made, InitialValuesAreTakenUpInTheFirstRoundOfATick) {
     ExpectSays(said, "N 2 FULL\n"); // from what the item says again, one round
 }
 
+TEST_F(Made, TheTraceMayLeaveOutASystemOrARule) {
+    const std::string said = Run("trace on\ntrace off chain\ntrace off asked 5\npoke Level 5\n"
+                                 "tick\n");
+    ExpectSaysNot(said, "Rule 1 of chain");
+    ExpectSays(said, "Rule 4 of asked");
+    ExpectSaysNot(said, "Rule 5 of asked");
+    ExpectSays(said, "Rule 1 of after");
+    const std::string all = Run("trace on chain\ntrace off\ntick\ntrace on chain\ntrace off chain\n"
+                                "tick\ntrace off asked 5\ntrace on asked 5\ntrace off behind\n"
+                                "tick\ntrace on nothing\ntrace on chain 6\n");
+    ExpectSaysNot(all, "Rule 1 of chain");
+    ExpectSays(all, "Rule 5 of asked: Sure\n");
+    ExpectSaysNot(all, "Rule 4 of asked");
+    ExpectSays(all, "there is no system nothing\n"
+                    "there is no rule 6 of chain\n");
+}
+
+TEST_F(Made, WhatThereIsIsKnownBeforeTheFirstTick) {
+    EXPECT_EQ(Run("trace on asked 5\ntrace off\nfired asked 5\nshow asked.L\nwhy THIRD\nwhy N\n"
+                  "why not THIRD\nfired asked 77\n"),
+              "trace on asked 5\ntrace off\nrule 5 of asked: Sure did not run yet\n"
+              "asked.L 0 NULL\nTHIRD does not hold\n  it was never concluded\n"
+              "N unknown\n  it was never given a value\n"
+              "THIRD does not hold\n  rule 1 of chain: Third did not run yet\n"
+              "there is no rule 77 of asked\n");
+}
+
 TEST_F(Made, AFactKnowsHowLongAgoItsItemWasPoked) {
     const std::string said =
         Run("tick\nshow G\npoke Level 5\ntick\nshow G\ntick 3\nshow G\npoke Level 5\ntick\n"
             "show G\n");
-    ExpectSays(said, "G 2.14748e+09 FULL\n");
+    ExpectSays(said, "G 2147483647 FULL\n");
     const std::size_t first = said.find("G 0 FULL\n");
     const std::size_t later = said.find("G 3 FULL\n");
     EXPECT_LT(first, later) << said;
@@ -247,7 +274,7 @@ TEST_F(Made, AFactKnowsHowLongAgoItsItemWasPoked) {
 
 TEST_F(Made, AFactWhoseNameIsInSeveralSystemsIsToldWithItsSystem) {
     const std::string said = Run("poke Level 35\ntick\nshow defines.L\nwhy asked.L\nshow\n");
-    ExpectSays(said, "defines.L 35 HIGH\nL = 35 bar, normal (HIGH)\n"
+    ExpectSays(said, "defines.L 35 HIGH\nasked.L = 35 bar, normal (HIGH)\n"
                      "  from item Level = 35, poked in tick 1\n");
     ExpectSays(said, "\nextern_code.L 35 HIGH\n");
 }

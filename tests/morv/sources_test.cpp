@@ -107,6 +107,57 @@ TEST(Sources, ManyInitialValuesHaveASourceOfTheirOwn) {
               1 + lines(source, 0, source.find("A300.assign(")));
 }
 
+// `text` with `more` in front of `where`.
+std::string With(std::string text, const std::string& where, const std::string& more) {
+    return text.insert(text.find(where), more);
+}
+
+TEST(Sources, InitialValuesAreTakenUpWhateverTheVariables) {
+    const std::string facts = "//- Datafact\n", initial = "//- Deduce Facts Values\n";
+    const std::string heading = "\t//- Local Var Declaration\n";
+    const std::string values = "// - System Local Vars\n", rule = "Rule 1\nf(s);\nEndRule\n";
+    const std::string none = Source(3, "0", rule);
+    // An empty file of variables leaves the heading of their values.
+    const std::string empty = With(none, initial, values + "\n");
+    const std::string plain =
+        With(With(none, facts, heading + "\tunsigned int s;\n\n"), initial, values + "s=0;\n\n");
+    const std::string own =
+        With(With(none, facts, heading + "\tlong n;\n" + heading + "\tstd::vector<Pair> s;\n\n"),
+             initial, values + "n=3;\ns=Pairs(1, 2);\n\n");
+    for (const std::string& source : {none, empty, plain, own}) {
+        const morv::Translation translation = Translated(source);
+        EXPECT_EQ(Count(TextOf(translation, "rules.cpp"), "morv::TakeUp("), 3u) << source;
+        EXPECT_EQ(translation.notes.size(), source == own ? 1u : 0u) << source;
+    }
+    const morv::Translation whole = Translated(own);
+    EXPECT_EQ(whole.notes[0], "plant is built whole: a variable has the type std::vector<Pair>");
+    EXPECT_EQ(Count(TextOf(whole, "rules.cpp"), "long n; std::vector<Pair> s; "), 1u);
+    EXPECT_EQ(Count(TextOf(whole, "rules.cpp"), "\ns=Pairs(1, 2);"), 1u);
+}
+
+TEST(Sources, DescriptionsAndUnitsAreTextsAsTheyWereTyped) {
+    const auto described = [](const std::string& description) {
+        std::string source = Source(1, "0", Rules(1, 0));
+        const std::string empty = "A1.description, \"\"";
+        source.replace(source.find(empty), empty.size(), "A1.description, \"" + description + "\"");
+        return TextOf(Translated(source), "facts1.cpp");
+    };
+    for (const auto& [typed, written] :
+         {std::pair{R"(5" pipe)", R"("5\" pipe")"},
+          {R"(C:\)", R"("C:\\")"},
+          {R"(C:\users, "x"; {)", R"("C:\\users, \"x\"; {")"},
+          {R"(C:\xyz)", R"("C:\\xyz")"},
+          {R"(a \ b)", R"("a \\ b")"},
+          // What C++ takes means what it did.
+          {R"(5\" pipe\n\x41\u00e9\\)", R"("5\" pipe\n\x41\u00e9\\")"},
+          {R"(5"" pipe)", R"("5"" pipe")"},
+          {"50 %", "\"50 %\""},
+          {"// no /* comment", "\"// no /* comment\""}})
+        EXPECT_EQ(Count(described(typed), std::string("NOTYPE,\n") + written + ",\n\"\",\n"), 1u)
+            << typed << "\n"
+            << described(typed);
+}
+
 TEST(Sources, InitialValuesStayWhereTheyMeanSomethingElseElsewhere) {
     for (const auto& [value, code] :
          {std::pair{"start", "static struct { double x; } hidden;\n#define start hidden.x\n"},

@@ -159,6 +159,31 @@ TEST(Translate, BlockWordsInTextsCommentsAndLongerWordsMeanNothing) {
         Texts{});
 }
 
+TEST(Translate, ACommentGoesOnBehindABackslash) {
+    for (const char* end : {"\r\n", "\n"}) {
+        const std::string rule = std::string("Rule 1") + end + "// C:\\plant\\" + end + "If" + end +
+                                 "If (A.value() > 1) Then EndIf // \\";
+        EXPECT_EQ(Errors(rule + end + end + "EndRule"), Texts{});
+        EXPECT_EQ(Errors(rule + end + "EndRule"),
+                  Texts{"pR.cpp:9: plant, rule 1, line 1: Rule without EndRule"});
+    }
+}
+
+TEST(Translate, NamesMayHaveLettersBeyondAscii) {
+    const std::string fact = "Pressi\xC3\xB3";
+    std::string source = Source("\xEF\xBB\xBFRule 1\r\nIf (" + fact + ".value() > 1) Then f(" +
+                                fact + "If); EndIf\r\nEndRule");
+    source.replace(source.find(", A, B"), 6, ", A, " + fact);
+    const morv::Translation translation = morv::Translate(source, "pR.cpp", kProjectHeader);
+    EXPECT_EQ(translation.errors, Texts{});
+    std::string all;
+    for (const morv::Piece& piece : translation.sources)
+        all += piece.text;
+    EXPECT_TRUE(Has(all, "using morv_1::" + fact + "; ")) << all;
+    EXPECT_TRUE(Has(all, "DATAFACT " + fact + ";\n")) << all;
+    EXPECT_FALSE(Has(all, "\xEF\xBB\xBF")) << all;
+}
+
 TEST(Translate, RefusesBlocksThatDoNotFit) {
     EXPECT_EQ(Errors("Rule 1\r\nIf (a) Then EndIfOr EndIf\r\nEndRule"),
               Texts{"pR.cpp:10: plant, rule 1, line 2: EndIfOr where EndIf is due"});

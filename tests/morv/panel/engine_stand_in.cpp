@@ -37,6 +37,10 @@ std::vector<std::string> Fired(const std::string& system, const std::string& rul
                                             : std::vector<std::string>{};
 }
 
+bool IsThere(const std::string& system, const std::string& rule) {
+    return system == "steam" && (rule.empty() || rule == "3");
+}
+
 std::string StateText(const std::string& name) {
     const auto found = TheEngine().states.find(name);
     return found == TheEngine().states.end() ? "" : found->second;
