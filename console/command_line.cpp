@@ -10,6 +10,7 @@
 #include "console/run.h"
 #include "console/show.h"
 #include "console/test.h"
+#include "shell/core/files.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
@@ -72,6 +73,7 @@ public:
             drives.push_back(*drive);
         }
         UseDrives(drives, hosts_());
+        files::ReadOnlyToLook(true); // as in a checkout that is locked or only mounted to be read
         return command_(report);
     }
 

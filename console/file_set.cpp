@@ -50,10 +50,13 @@ bool FileSet::Write(const Report& report) const {
     return false;
 }
 
-void Kept::Keep(const std::string& path) {
+bool Kept::Keep(const std::string& path) {
     std::string bytes;
     const bool there = files::ReadWhole(path.c_str(), files::Mode::Read, bytes);
+    if (!there && !IsNotThere(path))
+        return false;
     files_.try_emplace(path, there, std::move(bytes));
+    return true;
 }
 
 // What was not there goes first, which makes room for the rest.

@@ -28,7 +28,8 @@ private:
 // The files of these paths as they are, to be put back.
 class Kept {
 public:
-    void Keep(const std::string& path);
+    // Returns false when what is there cannot be read, so that it could not be put back.
+    bool Keep(const std::string& path);
     void PutBack() const;
 
 private:

@@ -187,7 +187,7 @@ private:
         std::string bytes;
         if (!files::ReadWhole(path.c_str(), files::Mode::Read, bytes)) {
             // One that is there and cannot be read must not be left out.
-            if (files::Exists(path.c_str()))
+            if (!IsNotThere(path))
                 refusal_.Note(path, LastReason());
             return false;
         }

@@ -11,6 +11,8 @@ namespace {
 constexpr unsigned kBlock = 1u << 20;
 constexpr std::int64_t kLongest = std::numeric_limits<int>::max(); // of a text in memory
 
+bool g_only_look = false; // see ReadOnlyToLook
+
 // The next block of `left` bytes.
 unsigned BlockOf(std::size_t left) {
     return static_cast<unsigned>(std::min<std::size_t>(kBlock, left));
@@ -40,12 +42,16 @@ bool ReadAll(int han, std::string& text) {
 
 bool ReadWhole(const char* path, Mode mode, std::string& text) {
     text.clear();
-    const int han = Open(path, mode);
+    const int han = Open(path, mode == Mode::Update && g_only_look ? Mode::Read : mode);
     if (han == -1)
         return false;
     const bool ok = ReadAll(han, text);
     Close(han);
     return ok;
+}
+
+void ReadOnlyToLook(bool on) {
+    g_only_look = on;
 }
 
 bool WriteAll(int han, std::string_view text) {

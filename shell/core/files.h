@@ -80,6 +80,10 @@ bool NameTooLong();
 // read, or is too large to be one text.
 bool ReadWhole(const char* path, Mode mode, std::string& text);
 
+// For a program that only looks into files: ReadWhole takes Mode::Update for Mode::Read, so that a
+// file that must not be written can be read all the same.
+void ReadOnlyToLook(bool on);
+
 // Writes the whole text. Returns false on failure.
 bool WriteAll(int han, std::string_view text);
 

@@ -15,6 +15,7 @@ using zentrik_test::CheckLog;
 using zentrik_test::Console;
 using zentrik_test::ExpectStopped;
 using zentrik_test::Ran;
+using zentrik_test::WithoutRights;
 using Json = nlohmann::json;
 
 // A project C:\p\p.mrv with one system, whose rules each test gives.
@@ -274,6 +275,31 @@ TEST_F(CheckCommand, StopsAtWhatCannotBeRead) {
     Rules("Rule 1\r\nEndRule\r\n");
     Put("p/p.aux", "no whole record");
     ExpectStopped(Check(), "p.aux: damaged");
+}
+
+// A checkout may be locked, or mounted to be read only.
+TEST_F(CheckCommand, ReadsWhatMustNotBeWritten) {
+    Results({"HIGH_LEVEL"});
+    Opposite("HIGH_LEVEL\tLOW_LEVEL");
+    Rules("Rule 1\r\n Then\r\n deduce(&HIGH_LEVEL, FULL);\r\nEndRule\r\n");
+    const Lines writable = Findings();
+    EXPECT_EQ(writable.size(), 2u);
+    for (const auto& [name, bytes] : Files("p"))
+        SetRights("p/" + name, 0444);
+    const WithoutRights other;
+    EXPECT_EQ(Findings(), writable);
+}
+
+TEST_F(CheckCommand, StopsAtWhatIsThereAndCannotBeRead) {
+    Rules("Rule 1\r\n Then\r\nEndRule\r\n");
+    for (const char* name : {"s.rul", "s.siz", "p.aux", "s.lse", "p.mrv"}) {
+        SetRights(std::string("p/") + name, 0);
+        {
+            const WithoutRights other;
+            ExpectStopped(Check(), std::string(name) + ": Permission denied");
+        }
+        SetRights(std::string("p/") + name, 0644);
+    }
 }
 
 TEST_F(CheckCommand, StopsAtWrongWords) {
