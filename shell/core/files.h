@@ -63,6 +63,10 @@ bool TakePlace(const char* from, const char* to);
 // Where the file of this path is: `path` itself unless it is a link to a file elsewhere.
 std::string BehindLinks(const char* path);
 
+// True for what is there and neither a file nor a folder: something to write to, as a device or a
+// pipe, that nothing can take the place of.
+bool IsDevice(const char* path);
+
 // True when both paths lead to one file, which exists.
 bool SameFile(const char* path, const char* other);
 
