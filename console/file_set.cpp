@@ -3,6 +3,7 @@
 #include "shell/core/files.h"
 #include "shell/core/replacement.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace console {
@@ -33,6 +34,12 @@ std::optional<std::string> FileSet::FirstThere() const {
         if (files::Exists(path.c_str()))
             return path;
     return std::nullopt;
+}
+
+bool FileSet::Holds(const std::string& path) const {
+    return std::any_of(files_.begin(), files_.end(), [&](const auto& file) {
+        return files::SameFile(file.first.c_str(), path.c_str());
+    });
 }
 
 bool FileSet::Write(const Report& report) const {

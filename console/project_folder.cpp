@@ -226,11 +226,10 @@ private:
     // No file names the tags, which are opened by hand, and the scenarios: those beside the project
     // are its own.
     void Beside() {
-        for (const std::string& name : NamesIn(folder_.Home()))
-            if (Folded(name).ends_with(".tag"))
-                Take(folder_.Home() + name, Kind::Names);
-            else if (IsScenario(name))
-                Take(folder_.Home() + name, Kind::Text);
+        for (const std::string& name : NamesIn(folder_.Home(), ".tag"))
+            Take(folder_.Home() + name, Kind::Names);
+        for (const std::string& name : NamesIn(folder_.Home(), ".scenario"))
+            Take(folder_.Home() + name, Kind::Text);
     }
 
     const std::string path_;

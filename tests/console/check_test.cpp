@@ -220,6 +220,15 @@ TEST_F(CheckCommand, PrintsJson) {
     EXPECT_EQ(list[2]["level"], "warning");
 }
 
+// A folder that a drive stands for has whatever name the host gives it.
+TEST_F(CheckCommand, PrintsJsonAlsoWhereAPathIsNoUtf8) {
+    Rules("Rule 1\r\n Then\r\nEndRule\r\n");
+    const std::string odd = temp.Path("a\xff");
+    std::filesystem::rename(Host(""), odd);
+    const Ran ran = Run({"check", odd + "/p/p.mrv", "--drive", "C=" + odd, "--format", "json"});
+    EXPECT_EQ(Json::parse(ran.out)[0]["file"], temp.Path("a\xc3\xbf/p/s.rul")) << ran.err;
+}
+
 // What the schema of SARIF 2.1.0 asks for of the parts that are written.
 void ExpectSarif(const Json& log) {
     EXPECT_EQ(log.at("version"), "2.1.0");
@@ -309,8 +318,26 @@ TEST_F(CheckCommand, StopsAtWrongWords) {
     ExpectStopped(Run({"check", "a.mrv", "--format", "xml"}), "xml");
     ExpectStopped(Run({"check", "a.mrv", "--drive", "C"}), "--drive C");
     ExpectStopped(Run({"check", "a.mrv", "--drive", "C=" + Host("nowhere")}), "nowhere");
+    ExpectStopped(Run({"check", ""}), "an empty word names no file");
+    ExpectStopped(Run({"export", "a.mrv", ""}), "an empty word names no file");
+    ExpectStopped(Run({"test", "a.mrv", "--junit="}), "an empty word names no file");
     EXPECT_EQ(Run({"--help"}).code, 0);
     EXPECT_NE(Run({"check", "--help"}).out.find("--no-names"), std::string::npos);
+}
+
+// Greek is not in the code page, so a project there would have its files somewhere else.
+TEST_F(CheckCommand, StopsAtPathsThatProjectsCannotName) {
+    const std::string greek = temp.Path("\xce\x94");
+    std::filesystem::create_directory(greek);
+    const std::string lacks = "has letters that are not in Windows-1252";
+    ExpectStopped(Run({"check", greek + "/p.mrv"}), greek + "/p.mrv: projects cannot name it");
+    const std::string sample = std::string(SOURCE_FOLDER) + "/examples/boiler";
+    ExpectStopped(Run({"import", sample, greek}), lacks);
+    ExpectStopped(Run({"import", sample, "C:\\\xce\x94"}), lacks);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(temp.Path("")), {}), 2);
+    // What lies above a drive does not matter.
+    ExpectStopped(Run({"check", greek + "/p.mrv", "--drive", "D=" + greek}), "p.mrv: No such file");
+    ExpectStopped(Run({"check", temp.Path("a\xff.mrv")}), "projects cannot name it");
 }
 
 // A rule text out of words, whole or in part, with all kinds of things between them.
