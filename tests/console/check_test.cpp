@@ -2,6 +2,7 @@
 #include "console_test.h"
 
 #include "project/core/project_file.h"
+#include "resources/core/dde_item.h"
 #include "resources/core/variable.h"
 #include "system/core/rule_text.h"
 #include "system/core/system_file.h"
@@ -160,6 +161,96 @@ TEST_F(CheckCommand, WarnsOfNamesThatAreNotDeclared) {
                      "s.rul:6:10: warning: rule 1: a result is not declared: OTHER "
                      "[undeclared-result]"}));
     EXPECT_EQ(Check({"--no-names"}).code, 0);
+}
+
+// What C++ can declare within the rules, and what only looks like it.
+TEST_F(CheckCommand, KnowsWhatTheRulesDeclareThemselves) {
+    Fact("F");
+    Results({"A", "B"});
+    const std::string declared = R"(
+  int a, b = 2;
+  double x[3], y;
+  std::vector<int> v;
+  std::vector<std::pair<int,double>> vv;
+  const std::string& name = std::string("x");
+  int* p, *q;
+  int &r = a;
+  char** pp;
+  auto [c, d] = std::make_pair(1, 2);
+  static const int N = 3, M = 4;
+  for (int i = 0, j = 1; i < j; ++i) a += i + j;
+  for (auto& e : v) e += 1;
+  enum Kind { ONE, TWO };
+  struct S { int m; double n; } one, two;
+  S s; s.m = 1;
+  using T = int; T k = 0;
+  auto f = [&](double z) { return z + y; };
+  auto g = [a, w = k](int, int u, const S& t) { return u + w + t.m; };
+  unsigned long n2 = 1ul; n2 += 0x1F + 1e5;
+  goto done;
+done:
+  b += d + c + M + N + k + x[0] + f(1) + *q + (ONE == TWO) + one.m + two.m;
+  std::array<double, 3> arr{};
+  double (*fp)(double) = nullptr; (void)fp;
+  char buf[M]; sprintf(buf, "%d", a);
+  #define LIMIT 3
+  if (a > LIMIT) b = LIMIT;
+  const char *t = "x"; (void)t;
+  std::map<std::string, S> table2; S* sp = &table2["x"]; (void)sp;
+  for (const auto& [key, val] : table2) { (void)key; (void)val; }
+  b = static_cast<Kind>(a) == ONE ? a : b;
+  try { b = 1; } catch (const std::exception& ex) { (void)ex; }
+  DATAFACT before = F, after2 = F;
+  If (F.value() > 1) Then deduce(&A, FULL); Else retract(&A); deduce(&B, NORMAL); EndIf
+)";
+    Rules("Rule 1" + declared + "EndRule\n");
+    EXPECT_EQ(Findings(), Lines{});
+    const std::string undeclared = R"(
+  y = Und11 * Und12 + f(Und13);
+  IfOr (F.value() < Und14, Und15 > F.value()) Then y = Und16 & Und17; EndIfOr
+  y = a < Und18, Und19 > b;
+  If (Und20.value() > (double) Und21) Then x[Und22] = v.at(Und23); EndIf
+  y = std::max(Und24, Und25) < Und26 && b > Und27;
+  deduce(&Und28, HIGH);
+  y = DDEinfo.Und29 + Poked(Und30);
+)";
+    Rules("Rule 1" + declared + undeclared + "EndRule\n");
+    std::set<std::string> told;
+    for (const std::string& line : Findings())
+        told.insert(
+            line.substr(0, line.rfind(" [")).substr(line.rfind(' ', line.rfind(" [") - 1) + 1));
+    std::set<std::string> expected;
+    for (int i = 11; i <= 30; ++i)
+        expected.insert("Und" + std::to_string(i));
+    EXPECT_EQ(told, expected);
+}
+
+TEST_F(CheckCommand, KnowsWhatVariablesItemsAndHeadersDeclare) {
+    Fact("F");
+    Variable("table[10]");
+    Variable("*next");
+    DDE_ITEM item{};
+    SetText(item.DName, "Level");
+    Put("p/p.dde", std::string(kNameSize, '\0').append(BytesOf(item)));
+    SetText(project_.head.DDEName, "C:\\p\\p.dde");
+    SetText(project_.head.ExternFiles[1], "C:\\p\\units.cpp");
+    project_.head.ExtNum = 1;
+    Put("p/units.cpp", "#include \"pumps.h\"\r\n#include <cmath>\r\n");
+    Put("p/pumps.h", "#include \"more.h\"\nenum Pump { ON, OFF };\n");
+    Put("p/more.h", "constexpr double kLimit = 3;\n");
+    const std::string sound = "Rule 1\r\n table[1] = *next + M_PI * kLimit + ON + F.age() + "
+                              "Poked(Level);\r\n";
+    Rules(sound + "EndRule\r\n");
+    EXPECT_EQ(Findings(), Lines{});
+    Rules(sound + " f(Other, Poked(Valve));\r\nEndRule\r\n");
+    const std::string valve = "s.rul:3:17: warning: rule 1: a DDE item is not declared: Valve "
+                              "[undeclared-item]";
+    EXPECT_EQ(Findings(), (Lines{"s.rul:3:4: warning: rule 1: a variable is not declared: Other "
+                                 "[undeclared-variable]",
+                                 valve}));
+    // A header that is not there may declare anything but items.
+    std::filesystem::remove(Host("p/more.h"));
+    EXPECT_EQ(Findings(), Lines{valve});
 }
 
 TEST_F(CheckCommand, WarnsOfWhatIsDeclaredAndNotUsed) {
