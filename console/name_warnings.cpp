@@ -92,6 +92,7 @@ private:
     void CppNames(const std::string& file, const char* kind, const std::vector<std::string>& names);
     SystemNames Declared(const LoadedSystem& system);
     void Source(const std::string& text, Names& words);
+    void MayConclude(const Signs& signs, std::ptrdiff_t i);
     void System(const LoadedSystem& system);
     void Rules(const LoadedSystem& system, SystemNames& names);
     void Word(const Signs& signs, std::ptrdiff_t i, bool declares, SystemNames& names);
@@ -124,9 +125,17 @@ void NameCheck::Source(const std::string& text, Names& words) {
     for (std::ptrdiff_t i = 0; i < signs.Count(); ++i) {
         if (signs.At(i).word)
             words.insert(signs.TextAt(i));
-        if (const std::ptrdiff_t name = signs.Concluded(i); name && signs.TextAt(i) == "deduce")
-            concluded_.insert(signs.TextAt(name));
+        MayConclude(signs, i);
     }
+}
+
+// Whatever is done with a result may conclude it, unless it is only asked or taken back: it may be
+// assigned to, or given to a function.
+void NameCheck::MayConclude(const Signs& signs, std::ptrdiff_t i) {
+    const bool taken_back = signs.TextAt(i - 3) == "retract" && signs.Concluded(i - 3) == i;
+    if (!taken_back && signs.TextAt(i + 1) != "." && !signs.IsMember(i) &&
+        results_.contains(signs.TextAt(i)))
+        concluded_.insert(signs.TextAt(i));
 }
 
 void NameCheck::CppNames(const std::string& file, const char* kind,
@@ -263,8 +272,7 @@ void NameCheck::Rules(const LoadedSystem& system, SystemNames& names) {
         names.used.insert(word);
         if ((word == "ForAll" || word == "IfAny") && signs.TextAt(i + 1) == "(")
             names.used_types.insert(signs.TextAt(i + 2));
-        if (const std::ptrdiff_t name = signs.Concluded(i); name && word == "deduce")
-            concluded_.insert(signs.TextAt(name));
+        MayConclude(signs, i);
         Word(signs, i, declares, names);
     }
     Branches(signs, system);

@@ -138,6 +138,14 @@ TEST_F(CheckCommand, WarnsOfNumbersAndAnIndexThatDoNotFit) {
                                "rule editor [index-mismatch]");
 }
 
+TEST_F(CheckCommand, WarnsOfRulesWithoutAnIndex) {
+    SetText(system_.head.RuleSizeName, "");
+    Rules("Rule 1\r\n Then\r\nEndRule\r\n");
+    EXPECT_EQ(Findings(),
+              Lines{"s.lse: warning: the rules have no index, so that Debug checks none: "
+                    "save them in the rule editor [index-mismatch]"});
+}
+
 TEST_F(CheckCommand, WarnsOfBlockWordsInComments) {
     Rules("Rule 1\r\n // One If too many\r\nEndRule\r\n");
     EXPECT_EQ(Findings(), (Lines{"s.rul:1:1: rule 1: There are If without EndIf [if-open]",
@@ -267,6 +275,16 @@ TEST_F(CheckCommand, WarnsOfWhatIsDeclaredAndNotUsed) {
                      "s.var: warning: no rule uses the variable count [unused-variable]",
                      "p.aux: warning: no rule uses the result A [unused-result]",
                      "p.aux: warning: no rule concludes the result B [never-concluded]"}));
+}
+
+// A result is concluded by an assignment too, and by a function that it is given to.
+TEST_F(CheckCommand, WarnsOfResultsThatAreOnlyAskedOrTakenBack) {
+    Results({"A", "B", "C", "D", "ASKED", "TAKEN"});
+    Rules("Rule 1\r\n A = B;\r\n conclude(&B);\r\n conclude(C);\r\n deduce(&D, FULL);\r\n"
+          " if (ASKED.holds()) retract(&TAKEN);\r\nEndRule\r\n");
+    EXPECT_EQ(Findings(),
+              (Lines{"p.aux: warning: no rule concludes the result ASKED [never-concluded]",
+                     "p.aux: warning: no rule concludes the result TAKEN [never-concluded]"}));
 }
 
 TEST_F(CheckCommand, WarnsOfAResultConcludedWithItsOpposite) {
