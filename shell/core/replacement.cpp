@@ -103,7 +103,7 @@ bool Replacement::Prepare(Part& part) {
     // A file that goes takes the link to it along, not the file behind.
     part.place = part.goes ? part.path : BehindLinks(part.path.c_str());
     part.there = Exists(part.place.c_str());
-    if (part.there && IsDevice(part.place.c_str())) {
+    if (IsDevice(part.place.c_str())) {
         SetLastError(EACCES);
         return false;
     }
