@@ -37,8 +37,8 @@ private:
     int capture_ = kNowhere; // "[a = 1]" of a function within
     int enumerators_ = kNowhere;
     std::vector<int> types_;        // what is in the braces of types
-    bool begins_type_ = false;      // behind "struct" and the like
-    bool begins_enum_ = false;      //
+    bool begins_type_ = false;      // behind "struct" and the like,
+    bool begins_enum_ = false;      // and behind "enum"
     std::ptrdiff_t type_end_ = -1;  // the last '}' of a type
     std::ptrdiff_t arguments_ = -1; // the last '>' that ends the arguments of a type
 };
