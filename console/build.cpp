@@ -6,6 +6,7 @@
 #include "console/file_set.h"
 #include "console/loaded_project.h"
 #include "console/made_program.h"
+#include "console/project_folder.h"
 #include "shell/core/messages.h"
 #include "shell/core/paths.h"
 
@@ -33,28 +34,32 @@ private:
     MessageShower before_;
 };
 
-// The first file that a build needs and that is not there; empty when all are.
-std::string FirstMissing(const LoadedProject& project, const std::string& morv) {
-    std::vector<std::string> needed;
+constexpr char kNotThere[] = "No such file or directory";
+
+// The first file that a build needs and that is not there, or is not named.
+Refusal FirstMissing(const LoadedProject& project, const std::string& morv) {
+    Refusal missing;
+    const auto need = [&](const NamedFile& file, const std::string& named_in, const char* what) {
+        if (file.path.empty())
+            missing.Note(named_in, std::string("it names no ") + what);
+        else if (!file.found)
+            missing.Note(file.path, kNotThere);
+    };
+    need(project.main, project.path, "main file");
+    need(project.dde, project.path, "DDE items");
+    need(project.chosen, project.path, "results");
+    for (const NamedFile& file : project.externs)
+        need(file, project.path, "extern file");
+    for (const LoadedSystem& system : project.systems) {
+        need(system.rules, system.path, "rules");
+        if (system.header.Missing())
+            missing.Note(system.header.path, kNotThere);
+    }
     for (const char* name : {"ddecom1.dat", "ddecom2.dat", "ddecom3.dat", "ddecom4.dat",
                              "consts1.dat", "consts2.dat", "consts3.dat"})
-        needed.push_back(morv + "\\" + name);
-    for (const NamedFile* file : {&project.main, &project.dde, &project.chosen})
-        if (!file->found)
-            return file->path.empty() ? project.path : file->path;
-    for (const NamedFile& file : project.externs)
-        if (!file.found)
-            return file.path;
-    for (const LoadedSystem& system : project.systems) {
-        if (!system.rules.found)
-            return system.rules.path.empty() ? system.path : system.rules.path;
-        if (system.header.Missing())
-            return system.header.path;
-    }
-    for (const std::string& path : needed)
-        if (!files::Exists(path.c_str()))
-            return path;
-    return {};
+        if (const std::string path = morv + "\\" + name; !files::Exists(path.c_str()))
+            missing.Note(path, kNotThere);
+    return missing;
 }
 
 struct Step {
@@ -100,12 +105,8 @@ int CheckBuildable(const LoadedProject& project, const std::string& morv, const 
         return report.Stop(project.unreadable, project.reason);
     if (!project.damaged.empty())
         return report.Stop(project.damaged, project.wrong);
-    const std::string missing = FirstMissing(project, morv);
-    if (!missing.empty())
-        return report.Stop(missing, files::Exists(missing.c_str())
-                                        ? "it names no main file, rules, results or DDE items"
-                                        : "No such file or directory");
-    return kNothingFound;
+    const Refusal missing = FirstMissing(project, morv);
+    return missing.Is() ? report.Stop(missing.file, missing.reason) : kNothingFound;
 }
 
 int Generate(const BuildOptions& options, const Report& report) {
@@ -117,11 +118,13 @@ int Generate(const BuildOptions& options, const Report& report) {
     const SupportInput support{project.file.head, names, options.morv, work, nullptr};
     const bool api = options.into.empty();
     Kept kept;
-    for (const std::string& path : {names.rules_h, names.rules_cpp, names.ddecom_h,
-                                    names.ddecom_cpp, names.consts_h, work + "\\Ktype.tmp"})
-        kept.Keep(path);
+    std::vector<std::string> written = {names.rules_h,    names.rules_cpp, names.ddecom_h,
+                                        names.ddecom_cpp, names.consts_h,  work + "\\Ktype.tmp"};
     if (api)
-        kept.Keep(options.morv + "\\MorvApi.h");
+        written.push_back(options.morv + "\\MorvApi.h");
+    for (const std::string& path : written)
+        if (!kept.Keep(path))
+            return report.Stop(path, LastReason());
     const BoxTexts boxes;
     const Step failed = WriteFiles(project.file.head, names, support, api);
     if (failed.code == 0)

@@ -49,7 +49,37 @@ std::optional<std::uint32_t> TakeCharacter(std::string_view& text) {
     return character;
 }
 
+// How many bytes the next character of UTF-8 has; 0 when the bytes are none.
+std::size_t CharacterSize(std::string_view text) {
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    const unsigned char lead = byte(0);
+    const std::size_t size = lead < 0x80   ? 1
+                             : lead < 0xc2 ? 0
+                             : lead < 0xe0 ? 2
+                             : lead < 0xf0 ? 3
+                             : lead < 0xf5 ? 4
+                                           : 0;
+    if (size > text.size())
+        return 0;
+    for (std::size_t i = 1; i < size; ++i)
+        if (byte(i) >> 6 != 2)
+            return 0;
+    const bool is_none = (lead == 0xe0 && byte(1) < 0xa0) || (lead == 0xed && byte(1) >= 0xa0) ||
+                         (lead == 0xf0 && byte(1) < 0x90) || (lead == 0xf4 && byte(1) >= 0x90);
+    return is_none ? 0 : size;
+}
+
 } // namespace
+
+std::string AsUtf8(std::string text) {
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::size_t size = CharacterSize(rest);
+        if (size == 0)
+            return ToUtf8(text);
+        rest.remove_prefix(size);
+    }
+    return text;
+}
 
 std::string ToUtf8(std::string_view text) {
     std::string utf8;

@@ -14,6 +14,9 @@ std::string ToUtf8(std::string_view text);
 // The way back; nothing for a text that is no UTF-8 or has a character that the code page lacks.
 std::optional<std::string> FromUtf8(std::string_view text);
 
+// A text that may be UTF-8 already, or else is of the code page, as UTF-8.
+std::string AsUtf8(std::string text);
+
 // A text of the code page in small letters, as Windows compares file names.
 std::string Folded(std::string_view text);
 

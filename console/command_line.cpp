@@ -10,7 +10,9 @@
 #include "console/run.h"
 #include "console/show.h"
 #include "console/test.h"
+#include "shell/core/files.h"
 
+#include <algorithm>
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <map>
@@ -57,6 +59,11 @@ public:
     int Run(std::vector<std::string> words, const Report& report) {
         if (!words.empty() && !words[0].starts_with('-') && !IsCommand(words[0]))
             return report.Stop("", "no such command: " + words[0]);
+        // What a script leaves empty by mistake would name the root.
+        if (std::any_of(words.begin(), words.end(), [](const std::string& word) {
+                return word.empty() || (word.starts_with("--") && word.ends_with('='));
+            }))
+            return report.Stop("", "an empty word names no file");
         std::reverse(words.begin(), words.end()); // as the parser wants them
         try {
             app_.parse(std::move(words));
@@ -72,7 +79,12 @@ public:
             drives.push_back(*drive);
         }
         UseDrives(drives, hosts_());
-        return command_(report);
+        files::ReadOnlyToLook(true); // as in a checkout that is locked or only mounted to be read
+        try {
+            return command_(report);
+        } catch (const WrongPath& wrong) {
+            return report.Stop("", wrong.host + ": " + wrong.reason);
+        }
     }
 
 private:
@@ -284,7 +296,11 @@ private:
     // A folder that may be given as projects name it, with its drive, also where there are none.
     static std::string InnerPath(const std::string& word) {
         const bool inner = word.size() > 1 && word[1] == ':';
-        std::string path = inner ? FromUtf8(word).value_or(word) : ProjectPath(word);
+        const std::optional<std::string> bytes = FromUtf8(word);
+        std::string path = inner && bytes ? *bytes : ProjectPath(word);
+        std::replace(path.begin(), path.end(), '/', '\\');
+        if (inner && path.size() > 2 && path[2] != '\\')
+            throw WrongPath{word, "a folder's path begins at the root of its drive, like C:\\work"};
         while (path.ends_with('\\'))
             path.pop_back();
         return path;

@@ -21,8 +21,14 @@ std::optional<Drive> DriveIn(std::string_view text);
 // first that does, unless it is named. On Windows drives are what they are.
 void UseDrives(std::vector<Drive> drives, const std::vector<std::string>& hosts);
 
+// Thrown for a path that stands for none inside projects, and why.
+struct WrongPath {
+    std::string host;
+    std::string reason;
+};
+
 // A path as the host gives it, as one inside projects: on the drive whose folder it lies deepest
-// in.
+// in. Throws WrongPath when it has letters that are not in the code page.
 std::string ProjectPath(const std::string& host);
 
 // The way back, to be shown, as UTF-8: seen from the current folder when it lies in there.
@@ -31,7 +37,8 @@ std::string HostText(const std::string& path);
 // The same from the root, with '/' throughout.
 std::string FullHostText(const std::string& path);
 
-// The names of what a folder holds, in their order; `folder` is a project path.
-std::vector<std::string> NamesIn(const std::string& folder);
+// The names of what a folder holds that end with `extension`, in whatever case, in their order;
+// `folder` is a project path. Throws WrongPath as ProjectPath does.
+std::vector<std::string> NamesIn(const std::string& folder, std::string_view extension);
 
 } // namespace console

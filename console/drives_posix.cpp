@@ -86,11 +86,16 @@ std::string Below(std::string local, std::string_view rest) {
     return local;
 }
 
+// Whether a path without a drive is one of the host itself, where a link led to: in UTF-8 already.
+bool IsOfHost(const std::string& path) {
+    return path.starts_with('/') && ToUtf8(path) != path && AsUtf8(path) == path;
+}
+
 std::string LocalName(const char* path) {
     std::string local = path;
     std::replace(local.begin(), local.end(), '\\', '/');
     if (local.size() < 2 || local[1] != ':')
-        return Below("", local);
+        return IsOfHost(local) ? local : Below("", local);
     const Drive* const drive = DriveOf(local[0]);
     if (!drive)
         return local; // there is no such file
@@ -99,6 +104,15 @@ std::string LocalName(const char* path) {
     if (local.empty() || local[0] != '/')
         local.insert(local.begin(), '/');
     return Below(folder, local);
+}
+
+// `name` as projects have it; `host` is the path that it is of.
+std::string InCodePage(const std::string& name, const std::string& host) {
+    std::optional<std::string> bytes = FromUtf8(name);
+    if (!bytes)
+        throw WrongPath{host,
+                        "projects cannot name it: it has letters that are not in Windows-1252"};
+    return *std::move(bytes);
 }
 
 bool LiesIn(const std::string& path, const std::string& folder) {
@@ -145,23 +159,25 @@ std::string ProjectPath(const std::string& host) {
     const std::string rest = !best                 ? plain
                              : best->folder == "/" ? plain
                                                    : plain.substr(best->folder.size());
-    // A name that the code page lacks stays as it is, and no file is found under it.
-    std::string path = FromUtf8(rest).value_or(rest);
+    std::string path = InCodePage(rest, host);
     std::replace(path.begin(), path.end(), '/', '\\');
     if (path.empty())
         path += '\\';
     return best ? std::string{best->letter, ':'} + path : path;
 }
 
-std::vector<std::string> NamesIn(const std::string& folder) {
-    std::vector<std::string> names;
-    DIR* const dir = opendir(LocalName(folder.c_str()).c_str());
+std::vector<std::string> NamesIn(const std::string& folder, std::string_view extension) {
+    const std::string local = LocalName(folder.c_str());
+    std::vector<std::string> there, names;
+    DIR* const dir = opendir(local.c_str());
     if (!dir)
         return names;
     while (const dirent* entry = readdir(dir))
-        if (const std::optional<std::string> name = FromUtf8(entry->d_name))
-            names.push_back(*name);
+        if (Folded(entry->d_name).ends_with(extension))
+            there.emplace_back(entry->d_name);
     closedir(dir);
+    for (const std::string& name : there)
+        names.push_back(InCodePage(name, local + "/" + name));
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -176,9 +192,8 @@ std::string HostText(const std::string& path) {
     const std::string full = FullHostText(path);
     std::error_code failed;
     const std::string here = fs::current_path(failed).string();
-    return !failed && here != "/" && full != here && LiesIn(full, here)
-               ? full.substr(here.size() + 1)
-               : full;
+    const bool inside = !failed && here != "/" && full != here && LiesIn(full, here);
+    return AsUtf8(inside ? full.substr(here.size() + 1) : full);
 }
 
 } // namespace console

@@ -19,14 +19,15 @@ std::string ProjectPath(const std::string& host) {
     return path.empty() ? host : path;
 }
 
-std::vector<std::string> NamesIn(const std::string& folder) {
+std::vector<std::string> NamesIn(const std::string& folder, std::string_view extension) {
     std::vector<std::string> names;
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
     if (search == INVALID_HANDLE_VALUE)
         return names;
     do
-        names.emplace_back(found.cFileName);
+        if (Folded(found.cFileName).ends_with(extension))
+            names.emplace_back(found.cFileName);
     while (FindNextFileA(search, &found));
     FindClose(search);
     std::sort(names.begin(), names.end());

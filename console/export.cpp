@@ -18,6 +18,11 @@ int Export(const std::string& project, const std::string& folder, const Report& 
     written.Add(folder + "\\" + form.name, form.text);
     for (const auto& [name, bytes] : form.beside)
         written.Add(folder + "\\" + name, bytes);
+    // The sources beside the text have other line ends than the project needs.
+    for (const auto& [name, bytes] : files.files)
+        if (const std::string own = files.Home() + name; written.Holds(own))
+            return report.Stop(own, "it is of the project itself, which the text form must not "
+                                    "replace: name another folder");
     return written.Write(report) ? kNothingFound : kStopped;
 }
 

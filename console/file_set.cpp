@@ -3,6 +3,7 @@
 #include "shell/core/files.h"
 #include "shell/core/replacement.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace console {
@@ -35,6 +36,12 @@ std::optional<std::string> FileSet::FirstThere() const {
     return std::nullopt;
 }
 
+bool FileSet::Holds(const std::string& path) const {
+    return std::any_of(files_.begin(), files_.end(), [&](const auto& file) {
+        return files::SameFile(file.first.c_str(), path.c_str());
+    });
+}
+
 bool FileSet::Write(const Report& report) const {
     files::Replacement replacement;
     std::vector<std::string> made;
@@ -50,10 +57,13 @@ bool FileSet::Write(const Report& report) const {
     return false;
 }
 
-void Kept::Keep(const std::string& path) {
+bool Kept::Keep(const std::string& path) {
     std::string bytes;
     const bool there = files::ReadWhole(path.c_str(), files::Mode::Read, bytes);
+    if (!there && !IsNotThere(path))
+        return false;
     files_.try_emplace(path, there, std::move(bytes));
+    return true;
 }
 
 // What was not there goes first, which makes room for the rest.

@@ -17,6 +17,9 @@ public:
     // The first of these files that is there already.
     std::optional<std::string> FirstThere() const;
 
+    // Whether one of them is this file, also by another path.
+    bool Holds(const std::string& path) const;
+
     // Writes the files, with the folders that they need. On a failure those written before it are
     // as they were, and the failure was said; returns whether all was well.
     bool Write(const Report& report) const;
@@ -28,7 +31,8 @@ private:
 // The files of these paths as they are, to be put back.
 class Kept {
 public:
-    void Keep(const std::string& path);
+    // Returns false when what is there cannot be read, so that it could not be put back.
+    bool Keep(const std::string& path);
     void PutBack() const;
 
 private:

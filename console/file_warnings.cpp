@@ -77,6 +77,10 @@ private:
         Numbers(system, spans, lines);
         if (system.index.found)
             Index(system, index, spans);
+        else if (system.index.path.empty())
+            findings_.push_back(Warning(system.path, "index-mismatch",
+                                        "the rules have no index, so that Debug checks none: save "
+                                        "them in the rule editor"));
         Keywords(system, spans, lines);
     }
 

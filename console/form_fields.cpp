@@ -132,6 +132,11 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t\r") + 1 - first);
 }
 
+std::string_view WithoutMark(std::string_view text) {
+    constexpr std::string_view kMark = "\xef\xbb\xbf";
+    return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
+}
+
 std::vector<std::string_view> RowParts(std::string_view line) {
     std::vector<std::string_view> parts;
     std::size_t begin = 0;

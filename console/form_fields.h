@@ -35,6 +35,9 @@ std::vector<std::string_view> RowParts(std::string_view line);
 
 std::string_view Trimmed(std::string_view text);
 
+// Without the mark that some editors put in front of a text in UTF-8.
+std::string_view WithoutMark(std::string_view text);
+
 // The shortest text that is read as the very same number. What is no number has its bits in it.
 std::string NumberField(double value);
 std::optional<double> NumberOf(std::string_view text);

@@ -31,6 +31,7 @@ std::vector<FormSection> SectionsOf(std::string_view text, Failure& failure, int
         "project", "results", "chosen",    "tags",      "dde",     "system",  "types", "index",
         "facts",   "used",    "opposites", "variables", "initial", "entries", "files"};
     std::vector<FormSection> sections;
+    text = WithoutMark(text);
     for (int number = 1; !text.empty() && failure.text.empty(); ++number) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = Trimmed(text.substr(0, end));

@@ -10,8 +10,10 @@ namespace console {
 
 namespace {
 
+constexpr char kText[] = ".txt";
+
 bool IsText(const std::string& name) {
-    return Folded(name).ends_with(".txt");
+    return Folded(name).ends_with(kText);
 }
 
 // The text that `source` names: itself, or in a folder X the file X.txt or else the only text.
@@ -24,9 +26,7 @@ std::string TextOf(std::string source, Failure& failure) {
     if (files::Exists(own.c_str()))
         return own;
     std::string found;
-    for (const std::string& name : NamesIn(source)) {
-        if (!IsText(name))
-            continue;
+    for (const std::string& name : NamesIn(source, kText)) {
         if (!found.empty())
             failure.Note("several texts are there: name one of them");
         found = source + "\\" + name;

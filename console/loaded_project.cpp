@@ -39,9 +39,17 @@ private:
         project_.wrong = wrong;
     }
 
+    // A file that is named. One that is there and cannot be read is no missing one.
+    NamedFile Named(const std::string& path) {
+        NamedFile file = Load(path);
+        if (file.Missing() && !IsNotThere(path))
+            Unreadable(path, LastReason());
+        return file;
+    }
+
     // A file of records behind `head` bytes.
     NamedFile Records(const std::string& path, std::size_t size, std::size_t head = 0) {
-        NamedFile file = Load(path);
+        NamedFile file = Named(path);
         if (file.found && file.bytes.size() < head)
             Damaged(path, "damaged: shorter than its head");
         else if ((file.bytes.size() - std::min(head, file.bytes.size())) % size != 0)
@@ -53,11 +61,11 @@ private:
         const ProjectRecord& head = project_.file.head;
         if (result == ReadResult::Damaged)
             Damaged(project_.path, "damaged: it holds less than it counts");
-        project_.main = Load(Text(head.MainName));
+        project_.main = Named(Text(head.MainName));
         project_.dde = Records(Text(head.DDEName), sizeof(DDE_ITEM), kNameSize);
         project_.chosen = Records(Text(head.ResAux), sizeof(TagRecord));
         for (int i = 1; i <= ExternCount(head); ++i)
-            project_.externs.push_back(Load(Text(head.ExternFiles[i])));
+            project_.externs.push_back(Named(Text(head.ExternFiles[i])));
         for (const NameRecord& record : project_.file.results)
             project_.results.push_back(Records(Text(record.name), sizeof(TagRecord)));
         for (int i = 1; i <= SystemCount(head); ++i)
@@ -76,9 +84,9 @@ private:
             Damaged(path, "damaged: it holds less than it counts");
         const SystemHead& head = system.file.head;
         system.types = Records(Text(head.KTypeName), sizeof(TagRecord));
-        system.rules = Load(Text(head.RuleName));
+        system.rules = Named(Text(head.RuleName));
         system.index = Records(Text(head.RuleSizeName), sizeof(RuleIndexRecord));
-        system.header = Load(Text(head.HeaderName));
+        system.header = Named(Text(head.HeaderName));
         system.variables = Records(Text(head.VarName), sizeof(V_V));
         system.initial = Records(Text(head.InitName), sizeof(I_K));
         system.base = Records(Text(head.KnowName), sizeof(Dat));

@@ -7,6 +7,8 @@
 #include "console/file_set.h"
 #include "console/project_folder.h"
 
+#include <algorithm>
+
 namespace console {
 
 namespace {
@@ -144,6 +146,9 @@ private:
             if (count > 0)
                 report_.out << HostText(path) << ": " << count << (count == 1 ? " path" : " paths")
                             << '\n';
+        if (std::none_of(changes_.begin(), changes_.end(),
+                         [](const auto& change) { return change.second > 0; }))
+            report_.out << "no path inside lies in " << ToUtf8(options_.from) << '\n';
         return kNothingFound;
     }
 

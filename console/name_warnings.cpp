@@ -1,7 +1,11 @@
 #include "console/warnings.h"
 
+#include "build/core/build_names.h"
 #include "console/cpp_words.h"
-#include "language/tokens.h"
+#include "console/local_names.h"
+#include "console/made_program.h"
+#include "language/names.h"
+#include "morv/zkcc_includes.h"
 #include "shell/core/paths.h"
 
 #include <array>
@@ -18,25 +22,21 @@ using Names = std::unordered_set<std::string>;
 // What the generated files and the runtime declare by themselves.
 const Names& KnownNames() {
     static const Names names = {
-        "PF",     "DDEinfo",     "Items", "hora",     "ActivatSB", "si",         "no",
-        "TRUE",   "FALSE",       "NULL",  "FULL",     "VERYHIGH",  "HIGH",       "NOTVERYHIGH",
-        "NORMAL", "NOTVERYLOW",  "LOW",   "VERYLOW",  "DETECTION", "DIAGNOSTIC", "ACTION",
-        "NOTYPE", "MAXNUMTICKS", "EOF",   "INFINITY", "NAN",       "stdin",      "stdout",
-        "stderr", "errno",       "std"};
+        "PF", "DDEinfo", "Items", "hora", "ActivatSB", "si", "no", "TRUE", "FALSE", "NULL", "FULL",
+        "VERYHIGH", "HIGH", "NOTVERYHIGH", "NORMAL", "NOTVERYLOW", "LOW", "VERYLOW", "DETECTION",
+        "DIAGNOSTIC", "ACTION", "NOTYPE", "MAXNUMTICKS", "DATAFACT", "DATAFACTRESULT",
+        // of C++ itself
+        "EOF", "INFINITY", "NAN", "HUGE_VAL", "M_PI", "M_PI_2", "M_PI_4", "M_E", "M_SQRT2", "M_LN2",
+        "M_LN10", "INT_MAX", "INT_MIN", "LONG_MAX", "LONG_MIN", "UINT_MAX", "DBL_MAX", "DBL_MIN",
+        "DBL_EPSILON", "FLT_MAX", "FLT_MIN", "FLT_EPSILON", "RAND_MAX", "CLOCKS_PER_SEC", "stdin",
+        "stdout", "stderr", "errno", "std"};
     return names;
-}
-
-const Names& BlockWords() {
-    static const Names words = {"Rule",  "EndRule", "ForAll",  "EndForAll", "If",
-                                "EndIf", "IfOr",    "EndIfOr", "IfXor",     "EndIfXor",
-                                "Then",  "Else",    "IfAny",   "EndIfAny",  "Otherwise"};
-    return words;
 }
 
 // What is asked of a fact, and of a result.
 const Names& FactMembers() {
-    static const Names names = {"value",   "certainty", "known",      "level",
-                                "outside", "assign",    "fact_value", "description"};
+    static const Names names = {"value",  "certainty",  "known",       "level", "outside",
+                                "assign", "fact_value", "description", "age"};
     return names;
 }
 
@@ -48,67 +48,6 @@ bool ClosesBlock(std::string_view word) {
     return word == "EndIf" || word == "EndIfOr" || word == "EndIfXor" || word == "EndIfAny" ||
            word == "EndForAll";
 }
-
-// Words after which a name is not being declared.
-bool IsStatementWord(const std::string& word) {
-    static const Names words = {"return", "else", "case",   "goto", "throw", "new",
-                                "delete", "do",   "sizeof", "and",  "or",    "not"};
-    return words.contains(word) || BlockWords().contains(word);
-}
-
-// The words and signs of a text, without blanks, comments and texts.
-struct Sign {
-    std::string text;
-    bool word;
-    std::size_t offset;
-};
-
-std::vector<Sign> SignsOf(const std::string& text) {
-    std::vector<Sign> signs;
-    std::size_t offset = 0;
-    std::vector<morv::Token> tokens = morv::Tokens(text);
-    signs.reserve(tokens.size());
-    for (morv::Token& token : tokens) {
-        const std::size_t size = token.text.size();
-        if (token.kind == morv::Token::Word || token.kind == morv::Token::Other)
-            signs.push_back({std::move(token.text), token.kind == morv::Token::Word, offset});
-        else if (token.kind == morv::Token::Text)
-            signs.push_back({"\"", false, offset});
-        offset += size;
-    }
-    return signs;
-}
-
-// Reads signs by their number; there is an empty one before the first and behind the last.
-class Signs {
-public:
-    explicit Signs(const std::string& text) : signs_(SignsOf(text)) {}
-
-    std::ptrdiff_t Count() const { return std::ssize(signs_); }
-    const Sign& At(std::ptrdiff_t i) const {
-        static const Sign none{"", false, 0};
-        return i < 0 || i >= Count() ? none : signs_[static_cast<std::size_t>(i)];
-    }
-    const std::string& TextAt(std::ptrdiff_t i) const { return At(i).text; }
-
-    // Whether sign `i` is a member of what stands before it.
-    bool IsMember(std::ptrdiff_t i) const {
-        const std::string& before = TextAt(i - 1);
-        return before == "." || (before == ">" && TextAt(i - 2) == "-") ||
-               (before == ":" && TextAt(i - 2) == ":");
-    }
-
-    // The name that a call of `deduce` or `retract` at sign `i` is about; 0 when it is none.
-    std::ptrdiff_t Concluded(std::ptrdiff_t i) const {
-        const std::string& word = TextAt(i);
-        const bool call = (word == "deduce" || word == "retract") && TextAt(i + 1) == "(" &&
-                          TextAt(i + 2) == "&" && At(i + 3).word;
-        return call ? i + 3 : 0;
-    }
-
-private:
-    std::vector<Sign> signs_;
-};
 
 std::vector<std::string> TagNames(const std::string& bytes) {
     std::vector<std::string> names;
@@ -141,13 +80,23 @@ private:
         findings_.push_back(std::move(finding));
     }
 
+    // In the rules that are looked at.
+    void SayAt(std::size_t offset, const char* id, std::string text) {
+        Say(system_->rules.path, id, std::move(text));
+        findings_.back().rule = spans_->RuleAt(offset);
+        lines_->Locate(offset, findings_.back());
+    }
+
     void DeclareProject();
+    void Headers();
     void CppNames(const std::string& file, const char* kind, const std::vector<std::string>& names);
     SystemNames Declared(const LoadedSystem& system);
     void Source(const std::string& text, Names& words);
+    void MayConclude(const Signs& signs, std::ptrdiff_t i);
     void System(const LoadedSystem& system);
     void Rules(const LoadedSystem& system, SystemNames& names);
-    void Word(const Signs& signs, std::ptrdiff_t i, SystemNames& names);
+    void Word(const Signs& signs, std::ptrdiff_t i, bool declares, SystemNames& names);
+    void Item(std::size_t offset, const std::string& name);
     void Undeclared(std::size_t offset, const char* id, const char* kind, const std::string& name);
     bool IsDeclared(const std::string& name, const SystemNames& names) const;
     void Branches(const Signs& signs, const LoadedSystem& system);
@@ -160,12 +109,13 @@ private:
     Names source_words_; // of the main file and the extern files
     Names used_;         // words of all systems
     Names concluded_;
+    bool all_told_ = true; // whether every text is known that may declare something
 
     // Of the rules looked at:
     const LoadedSystem* system_ = nullptr;
     std::optional<Lines> lines_;
     std::optional<RuleSpans> spans_;
-    std::set<std::string> told_;
+    std::set<std::string> told_, told_items_;
     Names settled_; // words found declared, so that each is looked up once
 };
 
@@ -175,9 +125,17 @@ void NameCheck::Source(const std::string& text, Names& words) {
     for (std::ptrdiff_t i = 0; i < signs.Count(); ++i) {
         if (signs.At(i).word)
             words.insert(signs.TextAt(i));
-        if (const std::ptrdiff_t name = signs.Concluded(i); name && signs.TextAt(i) == "deduce")
-            concluded_.insert(signs.TextAt(name));
+        MayConclude(signs, i);
     }
+}
+
+// Whatever is done with a result may conclude it, unless it is only asked or taken back: it may be
+// assigned to, or given to a function.
+void NameCheck::MayConclude(const Signs& signs, std::ptrdiff_t i) {
+    const bool taken_back = signs.TextAt(i - 3) == "retract" && signs.Concluded(i - 3) == i;
+    if (!taken_back && signs.TextAt(i + 1) != "." && !signs.IsMember(i) &&
+        results_.contains(signs.TextAt(i)))
+        concluded_.insert(signs.TextAt(i));
 }
 
 void NameCheck::CppNames(const std::string& file, const char* kind,
@@ -203,6 +161,20 @@ void NameCheck::DeclareProject() {
     Source(project_.main.bytes, source_words_);
     for (const NamedFile& file : project_.externs)
         Source(file.bytes, source_words_);
+    Headers();
+}
+
+// The headers of its own that the project's sources include; the compiler's are not looked into.
+void NameCheck::Headers() {
+    std::string text = project_.main.bytes;
+    for (const NamedFile& file : project_.externs)
+        text += "\n" + file.bytes;
+    for (const LoadedSystem& system : project_.systems)
+        text += "\n" + system.header.bytes;
+    const BuildNames names(project_.path.c_str());
+    const morv::Included included = morv::ReadIncluded(text, {HostFile(names.folder)});
+    Source(included.text, source_words_);
+    all_told_ = included.all;
 }
 
 NameCheck::SystemNames NameCheck::Declared(const LoadedSystem& system) {
@@ -211,7 +183,7 @@ NameCheck::SystemNames NameCheck::Declared(const LoadedSystem& system) {
     for (const Dat& fact : system.file.facts)
         facts.push_back(Text(fact.Name));
     for (const V_V& variable : RecordsIn<V_V>(system.variables.bytes)) {
-        variables.push_back(Text(variable.Name));
+        variables.push_back(morv::DeclaredName(Text(variable.Name)));
         Source(Text(variable.Val), names.used);
     }
     for (const I_K& initial : RecordsIn<I_K>(system.initial.bytes))
@@ -236,41 +208,43 @@ bool NameCheck::IsDeclared(const std::string& name, const SystemNames& names) co
 
 void NameCheck::Undeclared(std::size_t offset, const char* id, const char* kind,
                            const std::string& name) {
-    if (!told_.insert(name).second)
+    if (!all_told_ || !told_.insert(name).second)
         return;
-    Say(system_->rules.path, id, std::string(kind) + " is not declared: " + name);
-    findings_.back().rule = spans_->RuleAt(offset);
-    lines_->Locate(offset, findings_.back());
+    SayAt(offset, id, std::string(kind) + " is not declared: " + name);
+}
+
+// A DDE item that the rules name; only the project declares those.
+void NameCheck::Item(std::size_t offset, const std::string& name) {
+    if (items_.contains(name) || !told_items_.insert(name).second)
+        return;
+    SayAt(offset, "undeclared-item", "a DDE item is not declared: " + name);
 }
 
 // One word of the rules: what it declares, or whether what it uses is declared.
-void NameCheck::Word(const Signs& signs, std::ptrdiff_t i, SystemNames& names) {
+void NameCheck::Word(const Signs& signs, std::ptrdiff_t i, bool declares, SystemNames& names) {
     const std::string& word = signs.TextAt(i);
     const std::size_t offset = signs.At(i).offset;
-    const bool number = word[0] >= '0' && word[0] <= '9';
-    if (number || signs.IsMember(i)) {
-        if (!number && signs.TextAt(i - 1) == "." && signs.TextAt(i - 2) == "DDEinfo" &&
-            !items_.contains(word))
-            Undeclared(offset, "undeclared-item", "a DDE item", word);
+    if (!signs.IsName(i))
+        return;
+    if (signs.IsMember(i)) {
+        if (signs.TextAt(i - 1) == "." && signs.TextAt(i - 2) == "DDEinfo")
+            Item(offset, word);
         return;
     }
+    const std::string& before = signs.TextAt(i - 1);
+    const std::string& after = signs.TextAt(i + 1);
+    if (before == "(" && signs.TextAt(i - 2) == "Poked" && after == ")" &&
+        !IsDeclared("Poked", names))
+        return Item(offset, word);
     if (settled_.contains(word))
         return;
-    if (BlockWords().contains(word) || KnownNames().contains(word) || IsCppKeyword(word) ||
+    if (declares)
+        names.declared.insert(word);
+    if (declares || IsBlockWord(word) || KnownNames().contains(word) || IsCppKeyword(word) ||
         IsDeclared(word, names) || names.types.contains(word)) {
         settled_.insert(word);
         return;
     }
-    const std::string& before = signs.TextAt(i - 1);
-    const bool after_type =
-        signs.At(i - 1).word && !IsStatementWord(before) && !(before[0] >= '0' && before[0] <= '9');
-    const bool after_sign = (before == "*" || before == "&") && IsCppKeyword(signs.TextAt(i - 2)) &&
-                            !IsStatementWord(signs.TextAt(i - 2));
-    if (after_type || after_sign) {
-        names.declared.insert(word);
-        return;
-    }
-    const std::string& after = signs.TextAt(i + 1);
     if (before == "&" && signs.Concluded(i - 3) == i)
         return Undeclared(offset, "undeclared-result", "a result", word);
     if (after == "." && signs.TextAt(i + 2) == "holds")
@@ -287,17 +261,19 @@ void NameCheck::Rules(const LoadedSystem& system, SystemNames& names) {
     lines_.emplace(system.rules.bytes);
     spans_.emplace(RecordsIn<RuleIndexRecord>(system.index.bytes));
     told_.clear();
+    told_items_.clear();
     settled_.clear();
+    LocalNames locals(signs);
     for (std::ptrdiff_t i = 0; i < signs.Count(); ++i) {
+        const bool declares = locals.Declares(i);
         if (!signs.At(i).word)
             continue;
         const std::string& word = signs.TextAt(i);
         names.used.insert(word);
         if ((word == "ForAll" || word == "IfAny") && signs.TextAt(i + 1) == "(")
             names.used_types.insert(signs.TextAt(i + 2));
-        if (const std::ptrdiff_t name = signs.Concluded(i); name && word == "deduce")
-            concluded_.insert(signs.TextAt(name));
-        Word(signs, i, names);
+        MayConclude(signs, i);
+        Word(signs, i, declares, names);
     }
     Branches(signs, system);
 }
@@ -329,11 +305,9 @@ void NameCheck::Branches(const Signs& signs, const LoadedSystem& system) {
             continue;
         for (const std::string& opposite : found->second)
             if (branches.back().contains(opposite)) {
-                Say(system.rules.path, "opposites-together",
-                    "concluded with its opposite in one branch: " + found->first + " and " +
-                        opposite);
-                findings_.back().rule = spans_->RuleAt(signs.At(at).offset);
-                lines_->Locate(signs.At(at).offset, findings_.back());
+                SayAt(signs.At(at).offset, "opposites-together",
+                      "concluded with its opposite in one branch: " + found->first + " and " +
+                          opposite);
             }
         branches.back().insert(found->first);
     }
@@ -348,7 +322,7 @@ void NameCheck::UnusedOf(const LoadedSystem& system, const SystemNames& names) {
             Say(system.path, "unused-fact", "no rule uses the fact " + name);
     }
     for (const V_V& variable : RecordsIn<V_V>(system.variables.bytes)) {
-        const std::string name = Text(variable.Name);
+        const std::string name = morv::DeclaredName(Text(variable.Name));
         if (!names.used.contains(name) && told.insert(name).second)
             Say(system.variables.path, "unused-variable", "no rule uses the variable " + name);
     }

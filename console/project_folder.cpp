@@ -187,7 +187,7 @@ private:
         std::string bytes;
         if (!files::ReadWhole(path.c_str(), files::Mode::Read, bytes)) {
             // One that is there and cannot be read must not be left out.
-            if (files::Exists(path.c_str()))
+            if (!IsNotThere(path))
                 refusal_.Note(path, LastReason());
             return false;
         }
@@ -226,11 +226,10 @@ private:
     // No file names the tags, which are opened by hand, and the scenarios: those beside the project
     // are its own.
     void Beside() {
-        for (const std::string& name : NamesIn(folder_.Home()))
-            if (Folded(name).ends_with(".tag"))
-                Take(folder_.Home() + name, Kind::Names);
-            else if (IsScenario(name))
-                Take(folder_.Home() + name, Kind::Text);
+        for (const std::string& name : NamesIn(folder_.Home(), ".tag"))
+            Take(folder_.Home() + name, Kind::Names);
+        for (const std::string& name : NamesIn(folder_.Home(), ".scenario"))
+            Take(folder_.Home() + name, Kind::Text);
     }
 
     const std::string path_;

@@ -3,6 +3,7 @@
 #include "console/drives.h"
 #include "shell/core/files.h"
 
+#include <cerrno>
 #include <cstring>
 
 namespace console {
@@ -14,6 +15,10 @@ int Report::Stop(const std::string& file, const std::string& reason) const {
 
 std::string LastReason() {
     return std::strerror(files::LastError());
+}
+
+bool IsNotThere(const std::string& path) {
+    return files::LastError() != EACCES && !files::Exists(path.c_str());
 }
 
 std::string OneLine(std::string text) {

@@ -24,6 +24,9 @@ struct Report {
 // Why the last call of the file layer failed.
 std::string LastReason();
 
+// Whether that was because there is no file of this path.
+bool IsNotThere(const std::string& path);
+
 // `text` on one line: every control character is a blank.
 std::string OneLine(std::string text);
 

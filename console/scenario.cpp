@@ -122,6 +122,7 @@ std::string ReadStep(Step& step) {
 
 std::vector<Scenario> ReadScenarios(std::string_view text, std::optional<BadLine>& bad) {
     std::vector<Scenario> scenarios;
+    text = WithoutMark(text);
     for (int number = 1; !text.empty() && !bad; ++number) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         const std::string_view line = Trimmed(text.substr(0, end));

@@ -43,6 +43,14 @@ private:
             Wrong("the next text fills its field and has no end");
     }
 
+    void Fact(const Dat& fact) {
+        Ends(fact.Name);
+        Ends(fact.KnowType);
+        Ends(fact.Description);
+        Ends(fact.Units);
+        out_ << FactRow(fact, -1) << '\n';
+    }
+
     // The rows of a list in a project: which are in use, and what stands in the others.
     template <std::size_t Rows>
     void List(const std::string& what, const char (&rows)[Rows][kNameSize], std::int32_t count) {
@@ -128,7 +136,7 @@ void Shower::System() {
     };
     out_ << "[facts]\n";
     for (const Dat& fact : system.facts)
-        out_ << FactRow(fact, -1) << '\n';
+        Fact(fact);
     counted("facts", head.DatNum, system.facts.size());
     out_ << "[opposites]\n";
     for (const NameRecord& opposite : system.opposites) {
@@ -171,13 +179,7 @@ void Shower::Names() {
 }
 
 void Shower::Facts() {
-    Rest(Records<Dat>(0, [&](const Dat& fact, std::size_t) {
-        Ends(fact.Name);
-        Ends(fact.KnowType);
-        Ends(fact.Description);
-        Ends(fact.Units);
-        out_ << FactRow(fact, -1) << '\n';
-    }));
+    Rest(Records<Dat>(0, [&](const Dat& fact, std::size_t) { Fact(fact); }));
 }
 
 void Shower::Variables() {

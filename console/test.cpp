@@ -26,9 +26,8 @@ std::string At(const std::string& path, int line) {
 std::vector<std::string> FilesBeside(const std::string& project) {
     const std::string folder = project.substr(0, project.rfind('\\'));
     std::vector<std::string> files;
-    for (const std::string& name : NamesIn(folder))
-        if (Folded(name).ends_with(".scenario"))
-            files.push_back(folder + "\\" + name);
+    for (const std::string& name : NamesIn(folder, ".scenario"))
+        files.push_back(folder + "\\" + name);
     return files;
 }
 
@@ -39,7 +38,7 @@ int StopAt(const std::string& path, const BadLine& bad, const Report& report) {
 }
 
 std::string Headline(const ScenarioFile& file, const Unmet& unmet) {
-    return At(file.path, unmet.line) + ": " + unmet.text + ": " + unmet.instead;
+    return At(file.path, unmet.line) + ": " + AsUtf8(unmet.text) + ": " + AsUtf8(unmet.instead);
 }
 
 void TellTap(const std::vector<ScenarioFile>& files, const Report& report) {
@@ -50,13 +49,13 @@ void TellTap(const std::vector<ScenarioFile>& files, const Report& report) {
     for (const ScenarioFile& file : files)
         for (std::size_t i = 0; i < file.scenarios.size(); ++i) {
             const std::vector<Unmet>& unmet = file.outcomes[i].unmet;
-            std::string name = OneLine(file.scenarios[i].name);
+            std::string name = OneLine(AsUtf8(file.scenarios[i].name));
             std::replace(name.begin(), name.end(), '#', ' '); // it would begin a directive
             report.out << (unmet.empty() ? "ok " : "not ok ") << ++number << " - " << name << "\n";
             for (const Unmet& each : unmet) {
                 report.out << "# " << OneLine(Headline(file, each)) << "\n";
                 for (const std::string& line : each.why)
-                    report.out << "#   " << OneLine(line) << "\n";
+                    report.out << "#   " << OneLine(AsUtf8(line)) << "\n";
             }
         }
 }
@@ -84,30 +83,24 @@ std::string Xml(const std::string& text) {
     return written;
 }
 
-// What names and rules hold may be of the projects' code page.
-std::string AsUtf8(const std::string& text) {
-    return FromUtf8(text) ? text : ToUtf8(text);
-}
-
 std::string JunitOf(const ScenarioFile& file) {
     std::string cases;
     std::size_t failures = 0;
-    const auto field = [](const std::string& text) { return Xml(AsUtf8(text)); };
-    const std::string name = field(HostText(file.path));
+    const std::string name = Xml(HostText(file.path));
     for (std::size_t i = 0; i < file.scenarios.size(); ++i) {
         const std::vector<Unmet>& unmet = file.outcomes[i].unmet;
         cases += "    <testcase classname=\"" + name + "\" name=\"" +
-                 field(file.scenarios[i].name) + "\"";
+                 Xml(AsUtf8(file.scenarios[i].name)) + "\"";
         if (unmet.empty()) {
             cases += "/>\n";
             continue;
         }
         ++failures;
-        cases += ">\n      <failure message=\"" + field(Headline(file, unmet.front())) + "\">";
+        cases += ">\n      <failure message=\"" + Xml(Headline(file, unmet.front())) + "\">";
         for (const Unmet& each : unmet) {
-            cases += field(Headline(file, each)) + "\n";
+            cases += Xml(Headline(file, each)) + "\n";
             for (const std::string& line : each.why)
-                cases += "  " + field(line) + "\n";
+                cases += "  " + Xml(AsUtf8(line)) + "\n";
         }
         cases += "</failure>\n    </testcase>\n";
     }

@@ -5,5 +5,9 @@
 
 int main(int count, char** words) {
     std::ios::sync_with_stdio(false);
-    return console::Run({words + 1, words + count}, {std::cout, std::cerr});
+    const int code = console::Run({words + 1, words + count}, {std::cout, std::cerr});
+    if (std::cout.flush())
+        return code;
+    std::cerr << "zentrikc: the output cannot be written\n";
+    return console::kStopped;
 }

@@ -64,18 +64,6 @@ bool IsName(const std::string& text) {
            });
 }
 
-// What a declaration like "*next" or "table[10]" names.
-std::string Declared(const std::string& declarator) {
-    const std::size_t first = declarator.find_first_not_of("*& ");
-    if (first == std::string::npos)
-        return declarator;
-    const std::size_t bracket = declarator.find_first_of("[(", first);
-    std::string name = declarator.substr(first, bracket - first);
-    while (!name.empty() && name.back() == ' ')
-        name.pop_back();
-    return name;
-}
-
 class Checker {
 public:
     explicit Checker(const ProjectNames& project) : project_(project) {}
@@ -84,8 +72,8 @@ public:
         Globals();
         NamesOnce items;
         for (const Name& item : project_.items) {
-            Spelling(item, "", "item", Declared(item.text));
-            Once(items, item, "", "item", Declared(item.text));
+            Spelling(item, "", "item", DeclaredName(item.text));
+            Once(items, item, "", "item", DeclaredName(item.text));
         }
         for (const SystemNames& system : project_.systems)
             Locals(system);
@@ -155,7 +143,7 @@ private:
         for (const Name& fact : system.facts)
             check(fact, "fact", fact.text);
         for (const Name& variable : system.variables)
-            check(variable, "variable", Declared(variable.text));
+            check(variable, "variable", DeclaredName(variable.text));
     }
 
     // Whether the words of all texts tell what is declared.
@@ -180,7 +168,7 @@ private:
         for (const Name& fact : system.facts)
             names += fact.text + " ";
         for (const Name& variable : system.variables)
-            names += Declared(variable.text) + " ";
+            names += DeclaredName(variable.text) + " ";
         return names;
     }
 
@@ -214,6 +202,17 @@ private:
 };
 
 } // namespace
+
+std::string DeclaredName(const std::string& declarator) {
+    const std::size_t first = declarator.find_first_not_of("*& ");
+    if (first == std::string::npos)
+        return declarator;
+    const std::size_t bracket = declarator.find_first_of("[(", first);
+    std::string name = declarator.substr(first, bracket - first);
+    while (!name.empty() && name.back() == ' ')
+        name.pop_back();
+    return name;
+}
 
 std::vector<NameFault> CheckNames(const ProjectNames& project) {
     return Checker(project).All();

@@ -37,6 +37,9 @@ struct NameFault {
     std::string text;  // "the fact class is a keyword of C++"
 };
 
+// What a declaration like "*next" or "table[10]" names.
+std::string DeclaredName(const std::string& declarator);
+
 // Finds names that are no names of C++ or mean something else in rules, names that are there twice,
 // results called like a certainty, and facts and results that a rule uses and nobody declares. What
 // may be sound is left to the compiler.

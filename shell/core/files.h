@@ -63,6 +63,10 @@ bool TakePlace(const char* from, const char* to);
 // Where the file of this path is: `path` itself unless it is a link to a file elsewhere.
 std::string BehindLinks(const char* path);
 
+// True for what is there and neither a file nor a folder: something to write to, as a device or a
+// pipe, that nothing can take the place of.
+bool IsDevice(const char* path);
+
 // True when both paths lead to one file, which exists.
 bool SameFile(const char* path, const char* other);
 
@@ -79,6 +83,10 @@ bool NameTooLong();
 // Reads a whole file in large blocks. Returns false (text emptied) when it cannot be opened or
 // read, or is too large to be one text.
 bool ReadWhole(const char* path, Mode mode, std::string& text);
+
+// For a program that only looks into files: ReadWhole takes Mode::Update for Mode::Read, so that a
+// file that must not be written can be read all the same.
+void ReadOnlyToLook(bool on);
 
 // Writes the whole text. Returns false on failure.
 bool WriteAll(int han, std::string_view text);

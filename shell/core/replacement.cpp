@@ -103,6 +103,10 @@ bool Replacement::Prepare(Part& part) {
     // A file that goes takes the link to it along, not the file behind.
     part.place = part.goes ? part.path : BehindLinks(part.path.c_str());
     part.there = Exists(part.place.c_str());
+    if (IsDevice(part.place.c_str())) {
+        SetLastError(EACCES);
+        return false;
+    }
     if (part.there && !MayChange(part.place))
         return false;
     if (part.goes)

@@ -168,6 +168,12 @@ std::string BehindLinks(const char* path) {
     return place;
 }
 
+bool IsDevice(const char* path) {
+    struct stat about {};
+    return stat(LocalPath(path).c_str(), &about) == 0 && !S_ISREG(about.st_mode) &&
+           !S_ISDIR(about.st_mode);
+}
+
 bool SameFile(const char* path, const char* other) {
     struct stat one {};
     struct stat two {};

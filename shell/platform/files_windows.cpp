@@ -54,6 +54,10 @@ public:
             CloseHandle(han_);
     }
 
+    bool IsDevice() const {
+        return han_ != INVALID_HANDLE_VALUE && GetFileType(han_) != FILE_TYPE_DISK;
+    }
+
     bool IsSame(const Look& other) const {
         return known_ && other.known_ &&
                about_.dwVolumeSerialNumber == other.about_.dwVolumeSerialNumber &&
@@ -213,6 +217,10 @@ std::string BehindLinks(const char* path) {
             return place;
     }
     return path;
+}
+
+bool IsDevice(const char* path) {
+    return Look(path).IsDevice();
 }
 
 bool SameFile(const char* path, const char* other) {

@@ -16,6 +16,7 @@ using zentrik_test::ExpectGolden;
 using zentrik_test::ExpectStopped;
 using zentrik_test::Ran;
 using zentrik_test::RandomProject;
+using zentrik_test::WithoutRights;
 
 class BuildCommand : public Console {
 protected:
@@ -37,6 +38,43 @@ TEST_F(BuildCommand, WritesTheGoldenFiles) {
     for (const char* name : {"plantR.h", "plantR.cpp", "ddecom.h", "ddecom.cpp", "consts.h"})
         ExpectGolden(name, disk.Content(name));
     ExpectGolden("MorvApi.h", disk.Content("morv\\MorvApi.h"));
+}
+
+TEST_F(BuildCommand, ReadsWhatMustNotBeWritten) {
+    const Disk disk;
+    ProjectFile project;
+    project.head = PutSampleProject(disk);
+    PutRuntimeTemplates(disk);
+    ASSERT_TRUE(WriteProject(disk.Path("plant.mrv").c_str(), project));
+    for (const auto& [name, bytes] : Files("zktest"))
+        SetRights("zktest/" + name, 0444);
+    for (const char* folder : {"", "zktest", "zktest/morv"})
+        SetRights(folder, 0777);
+    {
+        const WithoutRights other;
+        const Ran ran = Build("zktest/plant.mrv", "zktest/morv");
+        EXPECT_EQ(ran.code, 0) << ran.err;
+    }
+    for (const char* name : {"plantR.h", "plantR.cpp", "ddecom.h", "ddecom.cpp", "consts.h"})
+        ExpectGolden(name, disk.Content(name));
+}
+
+// What cannot be read could not be put back either.
+TEST_F(BuildCommand, LeavesAFileThatItCannotRead) {
+    const Disk disk;
+    ProjectFile project;
+    project.head = PutSampleProject(disk);
+    PutRuntimeTemplates(disk);
+    ASSERT_TRUE(WriteProject(disk.Path("plant.mrv").c_str(), project));
+    disk.Put("plantR.h", "old");
+    SetRights("zktest/plantR.h", 0222);
+    SetRights("zktest", 0777);
+    {
+        const WithoutRights other;
+        ExpectStopped(Build("zktest/plant.mrv", "zktest/morv"), "plantR.h: Permission denied");
+    }
+    SetRights("zktest/plantR.h", 0644);
+    EXPECT_EQ(disk.Content("plantR.h"), "old");
 }
 
 TEST_F(BuildCommand, PutsTheOldFilesBackWhenItFails) {

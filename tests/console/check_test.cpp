@@ -2,6 +2,7 @@
 #include "console_test.h"
 
 #include "project/core/project_file.h"
+#include "resources/core/dde_item.h"
 #include "resources/core/variable.h"
 #include "system/core/rule_text.h"
 #include "system/core/system_file.h"
@@ -15,6 +16,7 @@ using zentrik_test::CheckLog;
 using zentrik_test::Console;
 using zentrik_test::ExpectStopped;
 using zentrik_test::Ran;
+using zentrik_test::WithoutRights;
 using Json = nlohmann::json;
 
 // A project C:\p\p.mrv with one system, whose rules each test gives.
@@ -136,6 +138,14 @@ TEST_F(CheckCommand, WarnsOfNumbersAndAnIndexThatDoNotFit) {
                                "rule editor [index-mismatch]");
 }
 
+TEST_F(CheckCommand, WarnsOfRulesWithoutAnIndex) {
+    SetText(system_.head.RuleSizeName, "");
+    Rules("Rule 1\r\n Then\r\nEndRule\r\n");
+    EXPECT_EQ(Findings(),
+              Lines{"s.lse: warning: the rules have no index, so that Debug checks none: "
+                    "save them in the rule editor [index-mismatch]"});
+}
+
 TEST_F(CheckCommand, WarnsOfBlockWordsInComments) {
     Rules("Rule 1\r\n // One If too many\r\nEndRule\r\n");
     EXPECT_EQ(Findings(), (Lines{"s.rul:1:1: rule 1: There are If without EndIf [if-open]",
@@ -161,6 +171,96 @@ TEST_F(CheckCommand, WarnsOfNamesThatAreNotDeclared) {
     EXPECT_EQ(Check({"--no-names"}).code, 0);
 }
 
+// What C++ can declare within the rules, and what only looks like it.
+TEST_F(CheckCommand, KnowsWhatTheRulesDeclareThemselves) {
+    Fact("F");
+    Results({"A", "B"});
+    const std::string declared = R"(
+  int a, b = 2;
+  double x[3], y;
+  std::vector<int> v;
+  std::vector<std::pair<int,double>> vv;
+  const std::string& name = std::string("x");
+  int* p, *q;
+  int &r = a;
+  char** pp;
+  auto [c, d] = std::make_pair(1, 2);
+  static const int N = 3, M = 4;
+  for (int i = 0, j = 1; i < j; ++i) a += i + j;
+  for (auto& e : v) e += 1;
+  enum Kind { ONE, TWO };
+  struct S { int m; double n; } one, two;
+  S s; s.m = 1;
+  using T = int; T k = 0;
+  auto f = [&](double z) { return z + y; };
+  auto g = [a, w = k](int, int u, const S& t) { return u + w + t.m; };
+  unsigned long n2 = 1ul; n2 += 0x1F + 1e5;
+  goto done;
+done:
+  b += d + c + M + N + k + x[0] + f(1) + *q + (ONE == TWO) + one.m + two.m;
+  std::array<double, 3> arr{};
+  double (*fp)(double) = nullptr; (void)fp;
+  char buf[M]; sprintf(buf, "%d", a);
+  #define LIMIT 3
+  if (a > LIMIT) b = LIMIT;
+  const char *t = "x"; (void)t;
+  std::map<std::string, S> table2; S* sp = &table2["x"]; (void)sp;
+  for (const auto& [key, val] : table2) { (void)key; (void)val; }
+  b = static_cast<Kind>(a) == ONE ? a : b;
+  try { b = 1; } catch (const std::exception& ex) { (void)ex; }
+  DATAFACT before = F, after2 = F;
+  If (F.value() > 1) Then deduce(&A, FULL); Else retract(&A); deduce(&B, NORMAL); EndIf
+)";
+    Rules("Rule 1" + declared + "EndRule\n");
+    EXPECT_EQ(Findings(), Lines{});
+    const std::string undeclared = R"(
+  y = Und11 * Und12 + f(Und13);
+  IfOr (F.value() < Und14, Und15 > F.value()) Then y = Und16 & Und17; EndIfOr
+  y = a < Und18, Und19 > b;
+  If (Und20.value() > (double) Und21) Then x[Und22] = v.at(Und23); EndIf
+  y = std::max(Und24, Und25) < Und26 && b > Und27;
+  deduce(&Und28, HIGH);
+  y = DDEinfo.Und29 + Poked(Und30);
+)";
+    Rules("Rule 1" + declared + undeclared + "EndRule\n");
+    std::set<std::string> told;
+    for (const std::string& line : Findings())
+        told.insert(
+            line.substr(0, line.rfind(" [")).substr(line.rfind(' ', line.rfind(" [") - 1) + 1));
+    std::set<std::string> expected;
+    for (int i = 11; i <= 30; ++i)
+        expected.insert("Und" + std::to_string(i));
+    EXPECT_EQ(told, expected);
+}
+
+TEST_F(CheckCommand, KnowsWhatVariablesItemsAndHeadersDeclare) {
+    Fact("F");
+    Variable("table[10]");
+    Variable("*next");
+    DDE_ITEM item{};
+    SetText(item.DName, "Level");
+    Put("p/p.dde", std::string(kNameSize, '\0').append(BytesOf(item)));
+    SetText(project_.head.DDEName, "C:\\p\\p.dde");
+    SetText(project_.head.ExternFiles[1], "C:\\p\\units.cpp");
+    project_.head.ExtNum = 1;
+    Put("p/units.cpp", "#include \"pumps.h\"\r\n#include <cmath>\r\n");
+    Put("p/pumps.h", "#include \"more.h\"\nenum Pump { ON, OFF };\n");
+    Put("p/more.h", "constexpr double kLimit = 3;\n");
+    const std::string sound = "Rule 1\r\n table[1] = *next + M_PI * kLimit + ON + F.age() + "
+                              "Poked(Level);\r\n";
+    Rules(sound + "EndRule\r\n");
+    EXPECT_EQ(Findings(), Lines{});
+    Rules(sound + " f(Other, Poked(Valve));\r\nEndRule\r\n");
+    const std::string valve = "s.rul:3:17: warning: rule 1: a DDE item is not declared: Valve "
+                              "[undeclared-item]";
+    EXPECT_EQ(Findings(), (Lines{"s.rul:3:4: warning: rule 1: a variable is not declared: Other "
+                                 "[undeclared-variable]",
+                                 valve}));
+    // A header that is not there may declare anything but items.
+    std::filesystem::remove(Host("p/more.h"));
+    EXPECT_EQ(Findings(), Lines{valve});
+}
+
 TEST_F(CheckCommand, WarnsOfWhatIsDeclaredAndNotUsed) {
     Fact("Level");
     Fact("Any", "ACTION");
@@ -175,6 +275,16 @@ TEST_F(CheckCommand, WarnsOfWhatIsDeclaredAndNotUsed) {
                      "s.var: warning: no rule uses the variable count [unused-variable]",
                      "p.aux: warning: no rule uses the result A [unused-result]",
                      "p.aux: warning: no rule concludes the result B [never-concluded]"}));
+}
+
+// A result is concluded by an assignment too, and by a function that it is given to.
+TEST_F(CheckCommand, WarnsOfResultsThatAreOnlyAskedOrTakenBack) {
+    Results({"A", "B", "C", "D", "ASKED", "TAKEN"});
+    Rules("Rule 1\r\n A = B;\r\n conclude(&B);\r\n conclude(C);\r\n deduce(&D, FULL);\r\n"
+          " if (ASKED.holds()) retract(&TAKEN);\r\nEndRule\r\n");
+    EXPECT_EQ(Findings(),
+              (Lines{"p.aux: warning: no rule concludes the result ASKED [never-concluded]",
+                     "p.aux: warning: no rule concludes the result TAKEN [never-concluded]"}));
 }
 
 TEST_F(CheckCommand, WarnsOfAResultConcludedWithItsOpposite) {
@@ -217,6 +327,15 @@ TEST_F(CheckCommand, PrintsJson) {
                              {"id", "then-no-if"},
                              {"text", "There are Then whithout any kind of If"}}));
     EXPECT_EQ(list[2]["level"], "warning");
+}
+
+// A folder that a drive stands for has whatever name the host gives it.
+TEST_F(CheckCommand, PrintsJsonAlsoWhereAPathIsNoUtf8) {
+    Rules("Rule 1\r\n Then\r\nEndRule\r\n");
+    const std::string odd = temp.Path("a\xff");
+    std::filesystem::rename(Host(""), odd);
+    const Ran ran = Run({"check", odd + "/p/p.mrv", "--drive", "C=" + odd, "--format", "json"});
+    EXPECT_EQ(Json::parse(ran.out)[0]["file"], temp.Path("a\xc3\xbf/p/s.rul")) << ran.err;
 }
 
 // What the schema of SARIF 2.1.0 asks for of the parts that are written.
@@ -276,6 +395,31 @@ TEST_F(CheckCommand, StopsAtWhatCannotBeRead) {
     ExpectStopped(Check(), "p.aux: damaged");
 }
 
+// A checkout may be locked, or mounted to be read only.
+TEST_F(CheckCommand, ReadsWhatMustNotBeWritten) {
+    Results({"HIGH_LEVEL"});
+    Opposite("HIGH_LEVEL\tLOW_LEVEL");
+    Rules("Rule 1\r\n Then\r\n deduce(&HIGH_LEVEL, FULL);\r\nEndRule\r\n");
+    const Lines writable = Findings();
+    EXPECT_EQ(writable.size(), 2u);
+    for (const auto& [name, bytes] : Files("p"))
+        SetRights("p/" + name, 0444);
+    const WithoutRights other;
+    EXPECT_EQ(Findings(), writable);
+}
+
+TEST_F(CheckCommand, StopsAtWhatIsThereAndCannotBeRead) {
+    Rules("Rule 1\r\n Then\r\nEndRule\r\n");
+    for (const char* name : {"s.rul", "s.siz", "p.aux", "s.lse", "p.mrv"}) {
+        SetRights(std::string("p/") + name, 0);
+        {
+            const WithoutRights other;
+            ExpectStopped(Check(), std::string(name) + ": Permission denied");
+        }
+        SetRights(std::string("p/") + name, 0644);
+    }
+}
+
 TEST_F(CheckCommand, StopsAtWrongWords) {
     ExpectStopped(Run({}), "A subcommand is required");
     ExpectStopped(Run({"chek"}), "chek");
@@ -283,8 +427,26 @@ TEST_F(CheckCommand, StopsAtWrongWords) {
     ExpectStopped(Run({"check", "a.mrv", "--format", "xml"}), "xml");
     ExpectStopped(Run({"check", "a.mrv", "--drive", "C"}), "--drive C");
     ExpectStopped(Run({"check", "a.mrv", "--drive", "C=" + Host("nowhere")}), "nowhere");
+    ExpectStopped(Run({"check", ""}), "an empty word names no file");
+    ExpectStopped(Run({"export", "a.mrv", ""}), "an empty word names no file");
+    ExpectStopped(Run({"test", "a.mrv", "--junit="}), "an empty word names no file");
     EXPECT_EQ(Run({"--help"}).code, 0);
     EXPECT_NE(Run({"check", "--help"}).out.find("--no-names"), std::string::npos);
+}
+
+// Greek is not in the code page, so a project there would have its files somewhere else.
+TEST_F(CheckCommand, StopsAtPathsThatProjectsCannotName) {
+    const std::string greek = temp.Path("\xce\x94");
+    std::filesystem::create_directory(greek);
+    const std::string lacks = "has letters that are not in Windows-1252";
+    ExpectStopped(Run({"check", greek + "/p.mrv"}), greek + "/p.mrv: projects cannot name it");
+    const std::string sample = std::string(SOURCE_FOLDER) + "/examples/boiler";
+    ExpectStopped(Run({"import", sample, greek}), lacks);
+    ExpectStopped(Run({"import", sample, "C:\\\xce\x94"}), lacks);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(temp.Path("")), {}), 2);
+    // What lies above a drive does not matter.
+    ExpectStopped(Run({"check", greek + "/p.mrv", "--drive", "D=" + greek}), "p.mrv: No such file");
+    ExpectStopped(Run({"check", temp.Path("a\xff.mrv")}), "projects cannot name it");
 }
 
 // A rule text out of words, whole or in part, with all kinds of things between them.

@@ -23,6 +23,23 @@ inline std::filesystem::path MemoryFolder() {
                : std::filesystem::temp_directory_path();
 }
 
+// While it lives, the rights of files count for this process as for any other: the superuser's pass
+// over them.
+class WithoutRights {
+public:
+    WithoutRights() : was_(geteuid()) {
+        constexpr uid_t kNobody = 65534;
+        if (was_ == 0)
+            EXPECT_EQ(seteuid(kNobody), 0);
+    }
+    WithoutRights(const WithoutRights&) = delete;
+    WithoutRights& operator=(const WithoutRights&) = delete;
+    ~WithoutRights() { EXPECT_EQ(seteuid(was_), 0); }
+
+private:
+    const uid_t was_;
+};
+
 // How a command ended and what it said.
 struct Ran {
     int code;
@@ -57,6 +74,10 @@ protected:
         std::ostringstream out, err;
         const int code = console::Run(words, {out, err});
         return {code, out.str(), err.str()};
+    }
+
+    void SetRights(const std::string& path, unsigned rights) const {
+        std::filesystem::permissions(Host(path), std::filesystem::perms{rights});
     }
 
     // Every file of a folder of the drive with its content.

@@ -31,7 +31,8 @@ TEST_F(MoveCommand, MakesTheProjectThatWouldHaveBeenWrittenThere) {
         zentrik_test::PutSample("C:\\plants\\north", "\"C:\\plants\\north\\morv\\zkcc.exe\" -q"),
         "");
     EXPECT_EQ(Files("plants/north"), moved);
-    EXPECT_EQ(Move("plants/north/boiler/boiler.mrv", "C:\\zentrik", "C:\\x").out, "");
+    EXPECT_EQ(Move("plants/north/boiler/boiler.mrv", "C:\\zentrik", "C:\\x").out,
+              "no path inside lies in C:\\zentrik\n");
 }
 
 TEST_F(MoveCommand, LeavesAllAsItWasWhenAnythingIsWrong) {

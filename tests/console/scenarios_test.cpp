@@ -47,6 +47,10 @@ TEST(Scenarios, AreReadLineByLine) {
     EXPECT_TRUE(read[1].steps.empty());
 }
 
+TEST(Scenarios, AreReadBehindTheMarkOfUtf8) {
+    EXPECT_EQ(BadLineIn("\xef\xbb\xbfscenario A\r\ntick\r\n"), "");
+}
+
 TEST(Scenarios, SayWhichLineIsWrong) {
     const std::string begin = "scenario A\n";
     EXPECT_EQ(BadLineIn("\ntick"), "2: a scenario begins with the line: scenario NAME");
@@ -171,6 +175,26 @@ TEST_F(Samples, AFailureTellsWhatWasInsteadAndWhy) {
         EXPECT_NE(report.find(text), std::string::npos) << text << "\nin\n" << report;
 }
 
+// Scenarios are mostly UTF-8, the rules of the code page; a report is UTF-8 throughout.
+TEST_F(Samples, ReportsHaveTheirLetters) {
+    ASSERT_EQ(Import("boiler").code, 0);
+    std::string rules = Content("boiler/steam.rul");
+    rules.replace(rules.find("Pressure of the drum"), 8,
+                  "\xdc"
+                  "berdruck");
+    Put("boiler/steam.rul", rules);
+    Put("boiler/\xc3\xa9.scenario", "scenario \xce\x94p, \xc3\xa9\ntick\nexpect fired steam 1\n");
+    Put("boiler/z.scenario", "scenario of the code page: \xe9\n");
+    const Ran ran = Test("boiler/boiler.mrv", {"--junit", Host("report.xml")});
+    EXPECT_EQ(ran.code, 1) << ran.err;
+    for (const std::string& report : {ran.out, Content("report.xml")})
+        for (const char* text : {"\xce\x94p, \xc3\xa9", "/\xc3\xa9.scenario:3: ",
+                                 "rule 1 of steam: \xc3\x9c"
+                                 "berdruck of the drum did not",
+                                 "of the code page: \xc3\xa9"})
+            EXPECT_NE(report.find(text), std::string::npos) << text << "\nin\n" << report;
+}
+
 TEST_F(Samples, WhatCannotBeTestedStops) {
     ASSERT_EQ(Import("boiler").code, 0);
     ExpectStopped(Test("boiler/boiler.mrv", {}), "boiler.mrv: there is no scenario file beside it");
@@ -192,11 +216,14 @@ TEST_F(Samples, WhatCannotBeTestedStops) {
     ExpectStopped(Test("boiler/boiler.mrv", {}), "a.scenario:3: there is no item Presure");
     Put("boiler/a.scenario", "scenario A\npoke Pressure much\n");
     ExpectStopped(Test("boiler/boiler.mrv", {}), "a.scenario:2: Pressure = much: not a number");
-    Put("boiler/a.scenario", "scenario A\nexpect not NOTHING\n");
+    Put("boiler/a.scenario", "scenario A\ntick\nexpect not NOTHING\n");
     ExpectStopped(Test("boiler/boiler.mrv", {}),
-                  "a.scenario:2: there is no fact or result NOTHING");
-    Put("boiler/a.scenario", "scenario A\nexpect fired steam 99\n");
-    ExpectStopped(Test("boiler/boiler.mrv", {}), "a.scenario:2: there is no rule 99 of steam");
+                  "a.scenario:3: there is no fact or result NOTHING\n");
+    Put("boiler/a.scenario", "scenario A\ntick\nexpect fired steam 99\n");
+    ExpectStopped(Test("boiler/boiler.mrv", {}), "a.scenario:3: there is no rule 99 of steam\n");
+    Put("boiler/a.scenario", "scenario A\ntick\nscenario B\nexpect not fired steam 1\n");
+    ExpectStopped(Test("boiler/boiler.mrv", {}),
+                  "a.scenario:4: there is no rule 1 of steam before the first tick");
     Put("boiler/a.scenario", "scenario A\nhop\n");
     ExpectStopped(Test("boiler/boiler.mrv", {}), "a.scenario:2: no such step: hop");
 }

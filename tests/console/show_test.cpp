@@ -2,6 +2,8 @@
 
 #include "console/project_folder.h"
 
+#include <cstdlib>
+
 namespace {
 
 using zentrik_test::Console;
@@ -59,6 +61,33 @@ TEST_F(ShowCommand, PrintsASystemThatLacksAFact) {
     EXPECT_EQ(Show("a.lse", SystemBytes(system)).out,
               "rules = C:\\p\\a.rul\nknowledge types = 0\n[facts]\n! it counts 1 facts and holds "
               "0\n[opposites]\nA | B\n");
+}
+
+TEST_F(ShowCommand, SaysWhereATextHasNoEnd) {
+    SystemFile system;
+    std::memset(system.facts.emplace_back().Units, 'u', sizeof system.facts[0].Units);
+    system.head.DatNum = 1;
+    const std::string wrong = "! the next text fills its field and has no end\n";
+    EXPECT_NE(Show("a.lse", SystemBytes(system)).out.find("[facts]\n" + wrong), std::string::npos);
+    EXPECT_TRUE(Show("a.fac", std::string(BytesOf(system.facts))).out.starts_with(wrong));
+}
+
+// Where a link leads to is a path of the host, which is in UTF-8.
+TEST_F(ShowCommand, FollowsLinksToFoldersWithLetters) {
+    Put("\xc3\xa9/a.mrv", std::string(4096, '\0').replace(0, 6, "C:\\x\\a"));
+    std::filesystem::create_symlink(Host("\xc3\xa9/a.mrv"), Host("a.mrv"));
+    EXPECT_EQ(Run({"show", Host("a.mrv")}).out, "main = C:\\x\\a\nhistory = 0\n");
+    const Ran ran = Run({"move", Host("a.mrv"), "C:\\x", "C:\\y", "--drive", "C=" + Host("")});
+    EXPECT_EQ(ran.code, 0) << ran.err;
+    EXPECT_TRUE(Content("\xc3\xa9/a.mrv").starts_with("C:\\y\\a"));
+}
+
+TEST_F(ShowCommand, StopsWhenTheOutputDoesNotFit) {
+    Put("a.rst", std::string(50, 'a'));
+    const std::string line = std::string("'" ZENTRIKC "' show '") + Host("a.rst") +
+                             "' >/dev/full 2>'" + Host("said") + "'";
+    EXPECT_EQ(std::system(line.c_str()) / 256, 2);
+    EXPECT_EQ(Content("said"), "zentrikc: the output cannot be written\n");
 }
 
 TEST_F(ShowCommand, RefusesOtherFiles) {

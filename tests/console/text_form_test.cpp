@@ -202,6 +202,44 @@ TEST_F(TextForm, HoldsTheScenariosBesideTheProject) {
     EXPECT_EQ(Files("r"), before);
 }
 
+TEST_F(TextForm, IsReadBehindTheMarkOfUtf8) {
+    PutForm("p.txt", "\xef\xbb\xbf[project p]\nmian = m.cpp\n");
+    ExpectStopped(Import("p.txt"), "line 2: no such setting: mian");
+    PutForm("p.txt", "\xef\xbb\xbf[project p]\n");
+    EXPECT_EQ(Import("p.txt").code, 0);
+}
+
+// Its sources have other line ends than the project needs.
+TEST_F(TextForm, IsNotWrittenOverTheProject) {
+    ASSERT_EQ(zentrik_test::PutSample("C:\\zentrik"), "");
+    const auto before = Files("zentrik");
+    const std::string stops = "is of the project itself";
+    ExpectStopped(Export("zentrik/boiler/boiler.mrv", "drive_c/zentrik/boiler"), stops);
+    std::filesystem::create_directory_symlink(Host("zentrik/boiler"), temp.Path("link"));
+    ExpectStopped(Export("zentrik/boiler/boiler.mrv", "link"), stops);
+    EXPECT_EQ(Files("zentrik"), before);
+    EXPECT_EQ(Export("zentrik/boiler/boiler.mrv", "drive_c/zentrik").code, 0);
+}
+
+TEST_F(TextForm, RefusesAScenarioWhoseNameItLacks) {
+    PutForm("p.txt", "[project p]\n");
+    ASSERT_EQ(Import("p.txt").code, 0);
+    Put("r/p/\xce\x94.pdf", "");
+    EXPECT_EQ(Export("r/p/p.mrv", "text").code, 0);
+    Put("r/p/\xce\x94.scenario", "scenario A\n");
+    ExpectStopped(Export("r/p/p.mrv", "text"), "/\xce\x94.scenario: projects cannot name it");
+    ExpectStopped(Run({"test", Host("r/p/p.mrv")}), "/\xce\x94.scenario: projects cannot name it");
+}
+
+// The paths inside have '\' alone, and begin at a root.
+TEST_F(TextForm, TakesAWorkFolderWithSlashes) {
+    PutForm("p.txt", "[project p]\n");
+    const std::string text = temp.Path("forms/p.txt");
+    EXPECT_EQ(RunOnDrive({"import", text, "C:/r/"}).code, 0);
+    EXPECT_NE(Content("r/p/p.mrv").find("C:\\r\\p\\p.aux"), std::string::npos);
+    ExpectStopped(RunOnDrive({"import", text, "C:r"}), "C:r: a folder's path begins at the root");
+}
+
 TEST_F(TextForm, ReplacesAProjectOnlyWhenTold) {
     PutForm("p.txt", "[project p]\nhistory = 1\n");
     EXPECT_EQ(Import("p.txt").code, 0);

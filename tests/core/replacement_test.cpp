@@ -9,6 +9,7 @@
 
 #ifndef _WIN32
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -187,6 +188,32 @@ TEST_F(Replacing, TakesRightsOverWhereAFileCannotHaveTwoNames) {
     stat(temp_.Path("a.txt").c_str(), &about);
     EXPECT_EQ(about.st_mode & 0777, 0604u);
     EXPECT_EQ(temp_.Content("a.txt"), "new");
+}
+
+// As the name of a device would.
+TEST_F(Replacing, TakesThePlaceOfNoPipe) {
+    temp_.Put("a.txt", "old");
+    ASSERT_EQ(mkfifo(temp_.Path("pipe").c_str(), 0666), 0);
+    files::Replacement both;
+    both.Put(temp_.Path("a.txt"), "new", Before::Dropped);
+    both.Put(temp_.Path("pipe"), "new", Before::Dropped);
+    EXPECT_FALSE(both.CarryOut());
+    EXPECT_EQ(files::LastError(), EACCES);
+    EXPECT_TRUE(fs::is_fifo(temp_.Path("pipe")));
+    EXPECT_EQ(temp_.Content("a.txt"), "old");
+    EXPECT_EQ(Names(), (Files{"a.txt", "pipe"}));
+}
+
+TEST(ReadWhole, ReadsAPipeToItsEnd) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_EQ(write(ends[1], "some text", 9), 9);
+    close(ends[1]);
+    std::string text;
+    EXPECT_TRUE(
+        files::ReadWhole(("/dev/fd/" + std::to_string(ends[0])).c_str(), files::Mode::Read, text));
+    EXPECT_EQ(text, "some text");
+    close(ends[0]);
 }
 
 // The device that is always full.

@@ -90,6 +90,15 @@ TEST_F(HostFiles, KeepTheirOtherNames) {
     EXPECT_EQ(Host("stat -c %h a.mrv; cat other"), "2\nnew");
 }
 
+TEST_F(HostFiles, TakeThePlaceOfNoDevice) {
+    if (!Host("mknod full c 1 7").empty())
+        GTEST_SKIP() << "only the superuser makes devices";
+    EXPECT_FALSE(Replace("full", "new"));
+    EXPECT_EQ(files::LastError(), EACCES);
+    // Nothing on this side of Wine can remove it.
+    EXPECT_EQ(Host("stat -c %F full; rm full"), "character special file\n");
+}
+
 TEST_F(HostFiles, SayThatADiskIsFull) {
     const int han = files::Open("Z:\\dev\\full", files::Mode::Update);
     ASSERT_NE(han, -1);
