@@ -3,10 +3,10 @@
 #include "build/core/rules_header.h"
 #include "build/core/rules_source.h"
 #include "build/core/support_files.h"
-#include "console/file_set.h"
+#include "console/form/file_set.h"
+#include "console/form/project_folder.h"
 #include "console/loaded_project.h"
 #include "console/made_program.h"
-#include "console/project_folder.h"
 #include "shell/core/messages.h"
 #include "shell/core/paths.h"
 

@@ -1,8 +1,8 @@
 // The command "build": the files that Compile writes.
 #pragma once
 
+#include "console/form/report.h"
 #include "console/loaded_project.h"
-#include "console/report.h"
 
 namespace console {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "console/findings.h"
-#include "console/report.h"
+#include "console/form/report.h"
 
 namespace console {
 

@@ -2,10 +2,10 @@
 
 #include "console/build.h"
 #include "console/check.h"
-#include "console/code_page.h"
-#include "console/drives.h"
 #include "console/export.h"
-#include "console/import.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
+#include "console/form/import.h"
 #include "console/move.h"
 #include "console/run.h"
 #include "console/show.h"

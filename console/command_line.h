@@ -1,7 +1,7 @@
 // The words of the command line, and the command that they name.
 #pragma once
 
-#include "console/report.h"
+#include "console/form/report.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 #include "console/export.h"
 
-#include "console/code_page.h"
-#include "console/file_set.h"
-#include "console/project_form.h"
+#include "console/form/code_page.h"
+#include "console/form/file_set.h"
+#include "console/form/project_form.h"
 
 namespace console {
 

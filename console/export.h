@@ -1,7 +1,7 @@
 // The command "export": a project as text, with its sources beside it.
 #pragma once
 
-#include "console/report.h"
+#include "console/form/report.h"
 
 namespace console {
 

@@ -1,8 +1,8 @@
 #include "console/findings.h"
 
-#include "console/code_page.h"
-#include "console/drives.h"
-#include "console/report.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
+#include "console/form/report.h"
 
 #include <algorithm>
 #include <map>

@@ -1,7 +1,7 @@
 #include "console/loaded_project.h"
 
 #include "build/core/project_lists.h"
-#include "console/report.h"
+#include "console/form/report.h"
 
 namespace console {
 

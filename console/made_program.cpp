@@ -2,7 +2,7 @@
 
 #include "build/core/build_names.h"
 #include "console/build.h"
-#include "console/drives.h"
+#include "console/form/drives.h"
 #include "morv/run_tool.h"
 #include "morv/zkcc_build.h"
 #include "morv/zkcc_files.h"

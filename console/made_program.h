@@ -2,7 +2,7 @@
 // console from the starter runtime.
 #pragma once
 
-#include "console/report.h"
+#include "console/form/report.h"
 
 #include "morv/command_line.h"
 

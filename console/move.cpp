@@ -2,10 +2,10 @@
 
 #include "build/core/project_lists.h"
 #include "build/core/tools_file.h"
-#include "console/code_page.h"
-#include "console/drives.h"
-#include "console/file_set.h"
-#include "console/project_folder.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
+#include "console/form/file_set.h"
+#include "console/form/project_folder.h"
 
 #include <algorithm>
 

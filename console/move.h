@@ -1,7 +1,7 @@
 // The command "move": a project whose folder has moved.
 #pragma once
 
-#include "console/report.h"
+#include "console/form/report.h"
 
 namespace console {
 

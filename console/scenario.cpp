@@ -1,6 +1,6 @@
 #include "console/scenario.h"
 
-#include "console/form_fields.h"
+#include "console/form/fields.h"
 
 #include <algorithm>
 #include <array>

@@ -130,19 +130,18 @@ private:
                     Refuse(step, line.substr(refused.size()));
             return;
         case StepKind::Tick:
-            ticked_ = true;
             return;
         case StepKind::Fired:
         case StepKind::NotFired:
             if (first.starts_with("there is no rule"))
-                RefuseName(step, first);
+                Refuse(step, first);
             else if (HasWord(first, "fired") != (step.kind == StepKind::Fired))
                 outcome_.unmet.push_back(
                     {step.line, step.text, first, {said.begin() + 1, said.end()}});
             return;
         default:
             if (first.starts_with("there is no fact or result"))
-                RefuseName(step, first);
+                Refuse(step, first);
             else if (!IsMet(step, StateIn(first)))
                 outcome_.unmet.push_back({step.line, step.text, first, Why(first)});
         }
@@ -157,17 +156,11 @@ private:
         return lines;
     }
 
-    // A system makes its facts and rules known when it runs first.
-    void RefuseName(const Step& step, const std::string& why) {
-        Refuse(step, ticked_ ? why : why + " before the first tick");
-    }
-
     void Refuse(const Step& step, const std::string& why) { outcome_.bad = {step.line, why}; }
 
     const Answers& answers_;
     const int code_;
     std::size_t place_ = 0;
-    bool ticked_ = false;
     Outcome outcome_;
 };
 

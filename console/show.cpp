@@ -1,8 +1,8 @@
 #include "console/show.h"
 
-#include "console/code_page.h"
-#include "console/drives.h"
-#include "console/form_rows.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
+#include "console/form/rows.h"
 #include "project/core/project_file.h"
 #include "shell/core/files.h"
 #include "system/core/system_file.h"

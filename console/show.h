@@ -1,7 +1,7 @@
 // The command "show": any record file as text.
 #pragma once
 
-#include "console/report.h"
+#include "console/form/report.h"
 
 namespace console {
 

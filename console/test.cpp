@@ -1,8 +1,8 @@
 #include "console/test.h"
 
-#include "console/code_page.h"
-#include "console/drives.h"
-#include "console/file_set.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
+#include "console/form/file_set.h"
 #include "console/loaded_project.h"
 #include "console/scenario_run.h"
 

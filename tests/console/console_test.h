@@ -4,7 +4,7 @@
 #include "../core/core_test.h"
 
 #include "console/command_line.h"
-#include "console/drives.h"
+#include "console/form/drives.h"
 #include "shell/core/files.h"
 
 #include <random>

@@ -1,6 +1,6 @@
 #include "random_project.h"
 
-#include "console/project_folder.h"
+#include "console/form/project_folder.h"
 
 #include <cstdlib>
 

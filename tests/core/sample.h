@@ -1,8 +1,8 @@
 // The sample project and the starter runtime, written as the console program's import writes them.
 #pragma once
 
-#include "console/import.h"
-#include "console/work_folder.h"
+#include "console/form/import.h"
+#include "console/form/work_folder.h"
 
 #include <algorithm>
 #include <sstream>

@@ -1,7 +1,7 @@
 #include "tests/gui/sample_parts.h"
 
 #include "build/core/project_lists.h"
-#include "console/project_form.h"
+#include "console/form/project_form.h"
 #include "shell/core/paths.h"
 #include "tests/gui/driver/app.h"
 #include "tests/gui/driver/failure.h"

@@ -1,7 +1,7 @@
 // How long the console program takes for large projects, against the limits of what is waited for.
 #include "console/check.h"
-#include "console/drives.h"
 #include "console/export.h"
+#include "console/form/drives.h"
 #include "project/core/project_file.h"
 #include "shell/core/files.h"
 #include "system/core/rule_text.h"

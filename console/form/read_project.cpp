@@ -1,4 +1,4 @@
-#include "console/form_reader.h"
+#include "console/form/reader.h"
 
 #include "shell/core/paths.h"
 

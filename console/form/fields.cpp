@@ -1,6 +1,6 @@
-#include "console/form_fields.h"
+#include "console/form/fields.h"
 
-#include "console/code_page.h"
+#include "console/form/code_page.h"
 
 #include <bit>
 #include <charconv>

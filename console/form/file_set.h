@@ -1,7 +1,7 @@
 // Files that are written together: all of them, or none.
 #pragma once
 
-#include "console/report.h"
+#include "console/form/report.h"
 
 #include <map>
 #include <optional>

@@ -1,7 +1,7 @@
 // The records of project files as rows of the text form, and back.
 #pragma once
 
-#include "console/form_fields.h"
+#include "console/form/fields.h"
 #include "resources/core/dde_item.h"
 #include "resources/core/fact.h"
 #include "resources/core/variable.h"

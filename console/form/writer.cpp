@@ -1,7 +1,7 @@
-#include "console/project_form.h"
+#include "console/form/project_form.h"
 
 #include "build/core/project_lists.h"
-#include "console/code_page.h"
+#include "console/form/code_page.h"
 #include "shell/core/line_ends.h"
 #include "shell/core/paths.h"
 #include "system/core/rule_text.h"

@@ -2,7 +2,7 @@
 // form holds; of files elsewhere a project has only the paths.
 #pragma once
 
-#include "console/form_rows.h"
+#include "console/form/rows.h"
 #include "project/core/project_file.h"
 #include "system/core/system_file.h"
 

@@ -1,9 +1,9 @@
-#include "console/project_folder.h"
+#include "console/form/project_folder.h"
 
 #include "build/core/project_lists.h"
-#include "console/code_page.h"
-#include "console/drives.h"
-#include "console/report.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
+#include "console/form/report.h"
 #include "shell/core/files.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "console/form_sections.h"
+#include "console/form/sections.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,7 +1,7 @@
 // The command "import": the project of a text form, and the work folder around it.
 #pragma once
 
-#include "console/report.h"
+#include "console/form/report.h"
 
 namespace console {
 

@@ -1,6 +1,6 @@
-#include "console/form_rows.h"
+#include "console/form/rows.h"
 
-#include "console/code_page.h"
+#include "console/form/code_page.h"
 #include "system/core/system_file.h"
 
 #include <initializer_list>

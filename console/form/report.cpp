@@ -1,6 +1,6 @@
-#include "console/report.h"
+#include "console/form/report.h"
 
-#include "console/drives.h"
+#include "console/form/drives.h"
 #include "shell/core/files.h"
 
 #include <cerrno>

@@ -1,4 +1,4 @@
-#include "console/file_set.h"
+#include "console/form/file_set.h"
 
 #include "shell/core/files.h"
 #include "shell/core/replacement.h"

@@ -1,10 +1,10 @@
-#include "console/import.h"
+#include "console/form/import.h"
 
-#include "console/code_page.h"
-#include "console/drives.h"
-#include "console/file_set.h"
-#include "console/project_form.h"
-#include "console/work_folder.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
+#include "console/form/file_set.h"
+#include "console/form/project_form.h"
+#include "console/form/work_folder.h"
 
 namespace console {
 

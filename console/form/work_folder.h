@@ -1,7 +1,7 @@
 // What a work folder has beside its projects: the runtime and the tools file that names it.
 #pragma once
 
-#include "console/file_set.h"
+#include "console/form/file_set.h"
 
 namespace console {
 

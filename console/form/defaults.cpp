@@ -1,4 +1,4 @@
-#include "console/project_form.h"
+#include "console/form/project_form.h"
 
 #include "shell/core/paths.h"
 

@@ -2,8 +2,8 @@
 // then the files that a section holds whole, the systems, and the project.
 #pragma once
 
-#include "console/form_sections.h"
-#include "console/project_form.h"
+#include "console/form/project_form.h"
+#include "console/form/sections.h"
 
 #include <map>
 #include <set>

@@ -1,7 +1,7 @@
 // The text form of a project. docs/text-form.md describes it.
 #pragma once
 
-#include "console/project_folder.h"
+#include "console/form/project_folder.h"
 
 #include <functional>
 

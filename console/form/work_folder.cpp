@@ -1,4 +1,4 @@
-#include "console/work_folder.h"
+#include "console/form/work_folder.h"
 
 #include "build/core/tools_file.h"
 #include "morv/runtime_files.h"

@@ -1,5 +1,5 @@
-#include "console/code_page.h"
-#include "console/drives.h"
+#include "console/form/code_page.h"
+#include "console/form/drives.h"
 #include "shell/core/files.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The lines of the text form, sorted into its sections.
 #pragma once
 
-#include "console/form_rows.h"
+#include "console/form/rows.h"
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "console/code_page.h"
+#include "console/form/code_page.h"
 
 #include <array>
 #include <cstdint>
