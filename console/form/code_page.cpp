@@ -26,29 +26,6 @@ std::optional<char> ByteOf(std::uint32_t character) {
     return std::nullopt;
 }
 
-// Takes the next character off; nothing when the bytes are none. Only up to three bytes are read:
-// what takes four is not in the code page.
-std::optional<std::uint32_t> TakeCharacter(std::string_view& text) {
-    const auto lead = static_cast<unsigned char>(text[0]);
-    const std::size_t size = lead < 0x80                   ? 1
-                             : lead >= 0xc2 && lead < 0xe0 ? 2
-                             : lead >> 4 == 14             ? 3
-                                                           : 0;
-    if (size == 0 || size > text.size())
-        return std::nullopt;
-    std::uint32_t character = size == 1 ? lead : lead & (0xff >> (size + 1));
-    for (std::size_t i = 1; i < size; ++i) {
-        const auto next = static_cast<unsigned char>(text[i]);
-        if (next >> 6 != 2)
-            return std::nullopt;
-        character = character << 6 | (next & 0x3f);
-    }
-    text.remove_prefix(size);
-    if (size == 3 && character < 0x800)
-        return std::nullopt;
-    return character;
-}
-
 // How many bytes the next character of UTF-8 has; 0 when the bytes are none.
 std::size_t CharacterSize(std::string_view text) {
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
@@ -67,6 +44,19 @@ std::size_t CharacterSize(std::string_view text) {
     const bool is_none = (lead == 0xe0 && byte(1) < 0xa0) || (lead == 0xed && byte(1) >= 0xa0) ||
                          (lead == 0xf0 && byte(1) < 0x90) || (lead == 0xf4 && byte(1) >= 0x90);
     return is_none ? 0 : size;
+}
+
+// Takes the next character off; nothing when the bytes are none.
+std::optional<std::uint32_t> TakeCharacter(std::string_view& text) {
+    const std::size_t size = CharacterSize(text);
+    if (size == 0)
+        return std::nullopt;
+    const auto lead = static_cast<unsigned char>(text[0]);
+    std::uint32_t character = size == 1 ? lead : lead & (0xffU >> (size + 1));
+    for (std::size_t i = 1; i < size; ++i)
+        character = character << 6 | (static_cast<unsigned char>(text[i]) & 0x3fU);
+    text.remove_prefix(size);
+    return character;
 }
 
 } // namespace

@@ -29,11 +29,16 @@ protected:
         Click();
     }
 
-    // Clicks into the text and puts the caret to its start.
+    // Clicks at the start of the text, which may have the focus already: that the caret has gone
+    // there tells that the click has arrived. Until the button is up the text selects.
     void Click() {
+        Running().Process().Send(edit_, EM_SETSEL, 1, 1);
         MouseClick(edit_, {0, 0});
-        Wait("the focus in the text", [&] { return Focus() == edit_; });
-        Running().Process().Send(edit_, EM_SETSEL, 0, 0);
+        Wait("the click into the text", [&] {
+            const GUITHREADINFO info = ThreadInfo();
+            return SendMessageA(edit_, EM_GETSEL, 0, 0) == 0 && info.hwndFocus == edit_ &&
+                   !info.hwndCapture;
+        });
     }
 
     // Presses a key while another one is down.
@@ -51,12 +56,14 @@ protected:
         Running().Process().WaitFor(what, condition);
     }
 
-    HWND Focus() {
+    GUITHREADINFO ThreadInfo() {
         GUITHREADINFO info{};
         info.cbSize = sizeof info;
         GetGUIThreadInfo(Running().Process().ThreadId(), &info);
-        return info.hwndFocus;
+        return info;
     }
+
+    HWND Focus() { return ThreadInfo().hwndFocus; }
 
     // Waits until these characters of the text are selected.
     void ExpectSelected(WORD begin, WORD end) {
