@@ -117,7 +117,10 @@ private:
 
     void OneSystem(const std::string& begin) {
         text_.resize(text_.size() - begin.size() - 1);
+        const int line = static_cast<int>(at_);
         TranslatedSystem system = Read(begin);
+        if (!numbers_.insert(system.number).second)
+            Complain(line, system.engine + " begins a second time");
         std::set<std::string> known = system.facts;
         known.insert(system.variables.begin(), system.variables.end());
         known.insert(results_.begin(), results_.end());
@@ -215,7 +218,8 @@ private:
     const std::unordered_set<std::string> results_;
     const QuietRules quiet_;
     std::map<std::string, std::string> systems_;
-    std::size_t at_ = 0; // the next line
+    std::set<std::string> numbers_; // of the systems so far
+    std::size_t at_ = 0;            // the next line
     bool included_ = false;
     bool macros_ = false; // a system so far may define some
     std::string text_;    // of the first source

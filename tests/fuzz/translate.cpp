@@ -25,12 +25,12 @@ void Fuzz(std::string_view input) {
 
     fuzz::Holds(Whole(translation) == Whole(morv::Translate(source, "p\"R.cpp", header)),
                 "the same source gives the same pieces");
+    if (!translation.errors.empty())
+        return; // the pieces are not used
     std::set<std::string> names;
     for (const auto* pieces : {&translation.headers, &translation.sources})
         for (const morv::Piece& piece : *pieces)
             fuzz::Holds(names.insert(piece.name).second, "each piece has a name of its own");
-    if (!translation.errors.empty())
-        return; // the pieces are not used
     const auto lines = std::count(source.begin(), source.end(), '\n') + 1;
     for (const morv::Place& place : translation.places)
         fuzz::Holds(place.line >= 0 && place.line <= lines + 1, "a place is a line of the source");

@@ -246,6 +246,12 @@ TEST(Translate, RefusesAResultWithTheNameOfACertainty) {
     EXPECT_EQ(translation.errors, Texts{"pR.cpp:1: the result HIGH is called like a certainty"});
 }
 
+// The pieces of a system are named after its number.
+TEST(Translate, ASystemBeginsOnce) {
+    const std::string rules = "Rule 1\r\nEndRule\r\nEndSystem\r\nBegin Inference_Engine_1 ZkSystem";
+    EXPECT_EQ(Errors(rules), Texts{"pR.cpp:12: Inference_Engine_1 begins a second time"});
+}
+
 TEST(Translate, TakesAnyText) {
     const std::string rules = "Rule 1\r\nIf (a /* b \"c) Then 'x EndIf ForAll(((\r\nEndRule";
     const std::string whole = Source(rules);
