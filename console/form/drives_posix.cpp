@@ -3,6 +3,7 @@
 #include "shell/core/files.h"
 
 #include <algorithm>
+#include <climits>
 #include <dirent.h>
 #include <filesystem>
 #include <unistd.h>
@@ -67,23 +68,15 @@ std::string SpeltIn(const std::string& folder, const std::string& name) {
     return found;
 }
 
-// Walks `rest`, names between '/', below `local`.
-std::string Below(std::string local, std::string_view rest) {
+// Where `rest`, names between '/', is below `local`. Most files are there as they are spelt; for
+// another one, or a new one, its folder is looked for in the same way.
+std::string Below(const std::string& local, std::string_view rest) {
     const std::string straight = local + ToUtf8(rest);
-    if (Exists(straight))
+    if (rest.empty() || straight.size() > PATH_MAX || Exists(straight))
         return straight;
-    while (!rest.empty()) {
-        const std::size_t start = rest.find_first_not_of('/');
-        if (start == rest.npos)
-            return local + std::string(rest);
-        local += rest.substr(0, start);
-        rest.remove_prefix(start);
-        const std::string name(rest.substr(0, rest.find('/')));
-        const std::string utf8 = ToUtf8(name);
-        local += Exists(local + utf8) ? utf8 : SpeltIn(local, name);
-        rest.remove_prefix(name.size());
-    }
-    return local;
+    const std::size_t name = rest.rfind('/') + 1;
+    const std::string folder = name == 0 ? local : Below(local, rest.substr(0, name - 1)) + '/';
+    return name == rest.size() ? folder : folder + SpeltIn(folder, std::string(rest.substr(name)));
 }
 
 // Whether a path without a drive is one of the host itself, where a link led to: in UTF-8 already.
