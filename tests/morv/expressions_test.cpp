@@ -5,7 +5,7 @@
 namespace {
 
 using morv_test::MadeProject;
-using morv_test::MadeRules;
+using morv_test::MadeRulesTest;
 
 constexpr char kFunctions[] = R"(
 #include <stdexcept>
@@ -87,22 +87,7 @@ EndRule
     return project;
 }
 
-class Expressions : public testing::Test {
-protected:
-    static void SetUpTestSuite() { rules_ = new MadeRules(Expressing()); }
-    static void TearDownTestSuite() {
-        delete rules_;
-        rules_ = nullptr;
-    }
-
-    static std::string Run(const std::string& commands) { return rules_->Run(commands); }
-
-    static void ExpectSays(const std::string& said, const std::string& text) {
-        EXPECT_NE(said.find(text), std::string::npos) << text << "\nis not in\n" << said;
-    }
-
-    static inline MadeRules* rules_ = nullptr;
-};
+using Expressions = MadeRulesTest<Expressing>;
 
 TEST_F(Expressions, RestOnWhatTheyReadBehindAFunctionThatAssigns) {
     const std::string said = Run("poke Level 5\ntick 2\nshow YES\nshow NO\nwhy not NO\nshow T\n");

@@ -201,4 +201,25 @@ int main(int count, char**) {
     zentrik_test::TempFolder folder_;
 };
 
+// One program of made rules, which `kProject` gives, for all tests of a suite.
+template <auto kProject> class MadeRulesTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() { rules_ = new MadeRules(kProject()); }
+    static void TearDownTestSuite() {
+        delete rules_;
+        rules_ = nullptr;
+    }
+
+    static std::string Run(const std::string& commands) { return rules_->Run(commands); }
+
+    static void ExpectSays(const std::string& said, const std::string& text) {
+        EXPECT_NE(said.find(text), std::string::npos) << text << "\nis not in\n" << said;
+    }
+    static void ExpectSaysNot(const std::string& said, const std::string& text) {
+        EXPECT_EQ(said.find(text), std::string::npos) << text << "\nis in\n" << said;
+    }
+
+    static inline MadeRules* rules_ = nullptr;
+};
+
 } // namespace morv_test

@@ -6,7 +6,7 @@
 namespace {
 
 using morv_test::MadeProject;
-using morv_test::MadeRules;
+using morv_test::MadeRulesTest;
 
 // Code of extern files in every form that rules of other sources may use.
 constexpr char kExterns[] = R"(#include <string.h>
@@ -178,25 +178,7 @@ EndRule
     return project;
 }
 
-class Made : public testing::Test {
-protected:
-    static void SetUpTestSuite() { rules_ = new MadeRules(Project()); }
-    static void TearDownTestSuite() {
-        delete rules_;
-        rules_ = nullptr;
-    }
-
-    static std::string Run(const std::string& commands) { return rules_->Run(commands); }
-
-    static void ExpectSays(const std::string& said, const std::string& text) {
-        EXPECT_NE(said.find(text), std::string::npos) << text << "\nis not in\n" << said;
-    }
-    static void ExpectSaysNot(const std::string& said, const std::string& text) {
-        EXPECT_EQ(said.find(text), std::string::npos) << text << "\nis in\n" << said;
-    }
-
-    static inline MadeRules* rules_ = nullptr;
-};
+using Made = MadeRulesTest<Project>;
 
 TEST_F(Made, SettleRunsUntilNothingChanges) {
     EXPECT_EQ(
